@@ -1,0 +1,26 @@
+#include "base/Application.h"
+
+#include "base/Seams.h"
+#include "base/basCommon.h"
+
+QDate gSysDate;
+QString gSysYear;
+QString gSysMonth;
+QString gSysDay;
+qint32 gUserNo = 1;
+QString gPriceYear;
+
+void setSystemDate(const QString& sysDateOverride) {
+    const auto configured = parseDate(sysDateOverride);
+    gSysDate = configured ? configured->date() : currentDate();
+    gSysYear = gSysDate.toString(u"yyyy"_qs);
+    gSysMonth = gSysDate.toString(u"MM"_qs);
+    gSysDay = gSysDate.toString(u"dd"_qs);
+}
+
+QString programVersion() { return u"%1.%2.%3"_qs.arg(HALVANE_MAJOR).arg(HALVANE_MINOR).arg(HALVANE_REVISION); }
+
+QString programVersionCode() {
+    const auto part = [](int number) { return QString::number(number).rightJustified(2, u'0'); };
+    return part(HALVANE_MAJOR) + part(HALVANE_MINOR) + part(HALVANE_REVISION);
+}

@@ -1,0 +1,44 @@
+#include "base/Seams.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+qint16 answerOnConsole(const MessageBoxRequest& request) {
+    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(request.title), qUtf8Printable(request.text));
+    switch (request.buttons) {
+    case MessageButtons::Ok: return AnswerNone;
+    case MessageButtons::YesNo: return AnswerNo;
+    case MessageButtons::YesNoCancel:
+    case MessageButtons::RetryCancel: return AnswerCancel;
+    }
+    return AnswerNone;
+}
+
+Seams defaults() {
+    Seams seams;
+    seams.message = answerOnConsole;
+    seams.waitCursor = [](bool) {};
+    seams.openWithShell = [](const QString&) {};
+    seams.saveFile = [](FileDialogRequest&) { return QString(); };
+    seams.openFolder = [](const FileDialogRequest&) { return QString(); };
+    seams.letEventsRun = [] { QCoreApplication::processEvents(); };
+    seams.now = [] { return QDateTime::currentDateTime(); };
+    seams.programFolder = [] { return QCoreApplication::applicationDirPath(); };
+    return seams;
+}
+
+} // namespace
+
+Seams& seams() {
+    static Seams instance = defaults();
+    return instance;
+}
+
+QDateTime currentDateTime() { return seams().now(); }
+
+QDate currentDate() { return seams().now().date(); }
+
+QString programFolder() { return seams().programFolder(); }

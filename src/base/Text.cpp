@@ -1,0 +1,133 @@
+#include "base/Text.h"
+
+#include "base/AppError.h"
+
+#include <unicode/translit.h>
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+
+namespace {
+
+struct ConverterCloser {
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+using Converter = std::unique_ptr<UConverter, ConverterCloser>;
+
+// IBM-943C is ICU's table of what Japanese Windows calls code page 932, with the backslash and the tilde at home.
+constexpr char codePage[] = "ibm-943_P15A-2003";
+
+Converter openConverter() {
+    UErrorCode status = U_ZERO_ERROR;
+    Converter converter(ucnv_open(codePage, &status));
+    if (U_FAILURE(status)) throw AppError(u"日本語コードページ(CP932)の変換が利用できません。"_qs, u"Text"_qs);
+    return converter;
+}
+
+UConverter* sharedConverter() {
+    static const Converter converter = openConverter();
+    return converter.get();
+}
+
+// Windows maps these where ICU's table has the JIS look-alikes; both spellings must reach the same bytes.
+char16_t windowsSpelling(char16_t c) {
+    switch (c) {
+    case u'\u301C': return u'\uFF5E'; // wave dash
+    case u'\u2212': return u'\uFF0D'; // minus sign
+    case u'\u2016': return u'\u2225'; // double vertical line
+    case u'\u2014': return u'\u2015'; // em dash
+    default: return c;
+    }
+}
+
+std::unique_ptr<icu::Transliterator> openTransliterator(const char* id) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Transliterator> result(
+        icu::Transliterator::createInstance(icu::UnicodeString(id), UTRANS_FORWARD, status));
+    if (U_FAILURE(status) || !result) throw AppError(u"かな変換が利用できません。"_qs, u"Text"_qs);
+    return result;
+}
+
+QString transliterated(const icu::Transliterator& transliterator, const QString& text) {
+    icu::UnicodeString value(reinterpret_cast<const UChar*>(text.utf16()), static_cast<int32_t>(text.size()));
+    transliterator.transliterate(value);
+    return QString(reinterpret_cast<const QChar*>(value.getBuffer()), value.length());
+}
+
+const icu::Transliterator& narrowing() {
+    static const auto instance = openTransliterator("Fullwidth-Halfwidth");
+    return *instance;
+}
+
+const icu::Transliterator& widening() {
+    static const auto instance = openTransliterator("Halfwidth-Fullwidth");
+    return *instance;
+}
+
+const icu::Transliterator& katakana() {
+    static const auto instance = openTransliterator("Hiragana-Katakana");
+    return *instance;
+}
+
+} // namespace
+
+namespace Text {
+
+void assertConverters() {
+    sharedConverter();
+    narrowing();
+    widening();
+    katakana();
+}
+
+QByteArray toCp932(const QString& text) {
+    QString spelled = text;
+    for (QChar& c : spelled) c = QChar(windowsSpelling(c.unicode()));
+    UConverter* converter = sharedConverter();
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_setSubstString(converter, u"?", 1, &status);
+    QByteArray bytes(UCNV_GET_MAX_BYTES_FOR_STRING(spelled.size(), ucnv_getMaxCharSize(converter)), Qt::Uninitialized);
+    status = U_ZERO_ERROR;
+    const int32_t length = ucnv_fromUChars(converter, bytes.data(), static_cast<int32_t>(bytes.size()),
+                                           reinterpret_cast<const UChar*>(spelled.utf16()),
+                                           static_cast<int32_t>(spelled.size()), &status);
+    bytes.truncate(U_FAILURE(status) ? 0 : length);
+    return bytes;
+}
+
+QString fromCp932(const QByteArray& bytes) {
+    UErrorCode status = U_ZERO_ERROR;
+    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
+    const int32_t length = ucnv_toUChars(sharedConverter(), reinterpret_cast<UChar*>(text.data()),
+                                         static_cast<int32_t>(text.size()), bytes.constData(),
+                                         static_cast<int32_t>(bytes.size()), &status);
+    text.truncate(U_FAILURE(status) ? 0 : length);
+    return text;
+}
+
+int cp932Length(const QString& text) { return static_cast<int>(toCp932(text).size()); }
+
+QString missingInCp932(const QString& text) {
+    QString missing;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        QString character = text.mid(i, 1);
+        if (text.at(i).isHighSurrogate() && i + 1 < text.size()) character = text.mid(i++, 2);
+        if (character != u"?" && toCp932(character) == "?" && !missing.contains(character)) missing += character;
+    }
+    return missing;
+}
+
+QString toHalfWidth(const QString& text) { return transliterated(narrowing(), text); }
+
+QString toFullWidth(const QString& text) { return transliterated(widening(), text); }
+
+QString toHalfKana(const QString& text) { return toHalfWidth(transliterated(katakana(), text)); }
+
+QString rightTrimmed(const QString& text) {
+    qsizetype length = text.size();
+    while (length > 0 && text.at(length - 1) == u' ') --length;
+    return text.left(length);
+}
+
+} // namespace Text

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Code page 932, widths and kana. Japanese files (INI, price files, CSV) and field widths of paper count in this code
+// page's bytes.
+namespace Text {
+
+// Raises an error when the platform's converter or transliterator for Japanese text is missing.
+void assertConverters();
+
+// A character that the code page lacks becomes "?".
+QByteArray toCp932(const QString& text);
+QString fromCp932(const QByteArray& bytes);
+int cp932Length(const QString& text);
+// The characters (by code point) that the code page lacks, in order of appearance, each once.
+QString missingInCp932(const QString& text);
+
+// Any kana to half-width katakana, full-width Latin letters, digits and blanks to half width; all else stays.
+QString toHalfWidth(const QString& text);
+QString toFullWidth(const QString& text);
+// The kana of a reading in half-width katakana: hiragana, katakana and half-width katakana alike.
+QString toHalfKana(const QString& text);
+
+// Without blanks at its end (also ideographic ones are kept: only U+0020 counts).
+QString rightTrimmed(const QString& text);
+
+} // namespace Text

@@ -1,0 +1,91 @@
+#include "base/basMessage.h"
+
+#include "base/AppError.h"
+#include "base/clsLogger.h"
+
+#include <QHash>
+
+#include <exception>
+
+namespace {
+
+struct MessageForm {
+    QString behind; // follows the caller's text
+    MessageIcon icon = MessageIcon::Warning;
+    MessageButtons buttons = MessageButtons::Ok;
+    bool defaultIsNo = false;
+};
+
+const QHash<int, MessageForm>& forms() {
+    using enum MessageIcon;
+    using enum MessageButtons;
+    static const QHash<int, MessageForm> table{
+        {101, {u"を入力して下さい。"_qs}},
+        {102, {u"を選択して下さい。"_qs}},
+        {111, {u"が無効です。"_qs}},
+        {112, {u"が重複しています。"_qs}},
+        {121, {u"が見つかりません。"_qs}},
+        {122, {u"がありません。"_qs}},
+        {123, {u"がオーバーフローします。"_qs}},
+        {124, {u"が設定されていません。"_qs}},
+        {201, {u"は変更されています。保存しますか？"_qs, Question, YesNoCancel}},
+        {202, {u"を削除しますか？"_qs, Question, YesNo, true}},
+        {203, {u"印刷を開始しますか？"_qs, Question, YesNo}},
+        {204,
+         {u"をクリアしますか？\n\n※クリアすると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo, true}},
+        {205,
+         {u"を実行します。よろしいですか？\n\n※実行すると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo,
+          true}},
+        {301, {u"を保存した後、実行して下さい。"_qs}},
+        {302, {u"の編集を取り消します。よろしいですか？"_qs, Question, YesNo}},
+        {901, {}},
+        {902, {{}, Information}},
+        {904, {{}, Question, YesNo}},
+        {905, {{}, Question, YesNo, true}},
+        {908, {{}, Question, RetryCancel}},
+        {909, {{}, Question, YesNoCancel}},
+        {991, {{}, Critical}},
+        {992, {{}, Question, YesNo}},
+    };
+    return table;
+}
+
+// The error under handling, in the words of the operator.
+AppError currentError() {
+    try {
+        throw;
+    } catch (const AppError& error) {
+        return error;
+    } catch (const std::exception& error) {
+        return AppError(QString::fromUtf8(error.what()), u"Halvane"_qs);
+    } catch (...) {
+        return AppError(u"未定義ｴﾗｰ"_qs, u"Halvane"_qs);
+    }
+}
+
+} // namespace
+
+QString GetMessageText(int code, const QString& text) {
+    const auto form = forms().find(code);
+    if (form == forms().end()) return u"未定義ｴﾗｰ"_qs;
+    if (code == 991 && std::current_exception()) {
+        const AppError error = currentError();
+        return error.description() + u" ("_qs + QString::number(static_cast<qint32>(error.number())) + u")"_qs;
+    }
+    return text + form->behind;
+}
+
+qint16 ShowMessage(int code, const QString& text) {
+    const MessageForm form = forms().value(code);
+    return seams().message(
+        {u"Halvane"_qs, GetMessageText(code, text), form.icon, form.buttons, form.defaultIsNo});
+}
+
+void SetWaitCursor(bool on) { seams().waitCursor(on); }
+
+void ReportError() {
+    SetWaitCursor(false);
+    const AppError error = currentError();
+    writeLog(error.description() + u" ("_qs + error.source() + u")"_qs);
+    ShowMessage(901, error.description());
+}
