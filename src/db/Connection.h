@@ -1,0 +1,94 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+#include "db/Recordset.h"
+#include "db/Schema.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class Engine;
+
+// The one door to SQL. Statements are those of the system's own SQL (see `SqlDialect`). All failures rise as AppError
+// with a description in the operator's language; a password never stands in one.
+class Connection {
+public:
+    explicit Connection(ConnectionSettings settings);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    // Opens an existing database; raises an error when there is none.
+    void open();
+    void close();
+    bool isOpen() const;
+    const ConnectionSettings& settings() const { return m_settings; }
+
+    // Runs a statement and gives the number of rows touched. Takes "SELECT * INTO t FROM [;database=file].u WHERE …",
+    // too, which makes t with the rows of u in another database file.
+    qint64 execute(const QString& statement);
+    Recordset query(const QString& statement);
+    // The first field of the first row; empty when there is no row.
+    QString scalar(const QString& statement);
+
+    // Transactions nest: inner levels are savepoints. The outermost takes the write lock when it begins. A commit or
+    // rollback without a begin raises an error.
+    void begin();
+    void commit();
+    void rollback();
+    int transactionDepth() const { return m_depth; }
+    // Within a transaction: waits for, and keeps to its end, the sole right to write to a table.
+    void lockForWriting(const QString& table);
+
+    // The columns of a table as they stand in the database; raises an error when there is no such table.
+    QList<Schema::Column> columns(const QString& table);
+    bool tableExists(const QString& table);
+
+    // Makes a table of the schema with its keys and indexes.
+    void createTable(const Schema::Table& table, const QString& name = {});
+    // What the engine needs before the first table is made.
+    void prepareNewDatabase();
+    // Copies the rows of a table from another database; the target table must exist. `where` is a filter in the
+    // system's SQL, empty for all rows; `progress` is called after each batch with the number of rows so far.
+    qint64 copyRows(Connection& source, const QString& sourceTable, const QString& targetTable,
+                    const QString& where = {}, const std::function<void(qint64)>& progress = {});
+    // After rows with given keys were written: the next issued key is above the highest.
+    void advanceAutoKeys();
+
+    // For tests and tools: every statement as it was given, before it runs.
+    std::function<void(const QString&)> onStatement;
+
+    // For tools that must check the engine itself, such as its integrity check. The engine's own words.
+    QString engineScalar(const QString& engineStatement);
+    void engineExecute(const QString& engineStatement);
+
+private:
+    friend class Engine;
+    struct Private;
+
+    void ensureUsable();
+    qint64 run(const QString& engineStatement);
+    bool copyInto(const QString& statement, qint64& rows);
+    void finishStream();
+
+    ConnectionSettings m_settings;
+    std::unique_ptr<Private> m_private;
+    int m_depth = 0;
+};
+
+// Rolls back at the end of its scope unless committed.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection) : m_connection(connection) { m_connection.begin(); }
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+private:
+    Connection& m_connection;
+    bool m_open = true;
+};

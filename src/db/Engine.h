@@ -1,0 +1,49 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+#include "db/Schema.h"
+#include "db/SqlDialect.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+
+#include <memory>
+
+// What differs between the engines beside the words of a statement: opening, types, locks, and the meaning of errors.
+class Engine {
+public:
+    static std::unique_ptr<Engine> make(Provider provider);
+    virtual ~Engine() = default;
+
+    SqlDialect& dialect() { return *m_dialect; }
+
+    virtual QString driver() const = 0;
+    // Sets the connection's options; raises an error when a file that must exist is missing.
+    virtual void configure(QSqlDatabase& database, const ConnectionSettings& settings) const = 0;
+    // The statements that every new connection runs first.
+    virtual QStringList greeting(const ConnectionSettings& settings) const = 0;
+    // Raises an error when the database is not one that the system can work with.
+    virtual void check(QSqlDatabase&) const {}
+    virtual QString beginTransaction() const = 0;
+    // Empty when the transaction itself holds the lock.
+    virtual QString lockTable(const QString& table) const = 0;
+    virtual QString columnType(const Schema::Column& column) const = 0;
+    virtual QString autoKey() const = 0; // type and key words of a key that is issued on insert
+    virtual QString tableSuffix() const { return {}; }
+    virtual QStringList newDatabase() const { return {}; }
+    // The statement that moves the issued keys above the highest; empty when the engine does so by itself.
+    virtual QString advanceAutoKey(const QString&, const QString&) const { return {}; }
+    // Lists the column names of a table in order.
+    virtual QString columnNames(const QString& table) const = 0;
+    // Runs ALTER COLUMN for an engine without it: the table is made anew with its rows.
+    virtual bool rebuildsToAlter() const { return false; }
+
+    enum class Fault { Other, Busy, Lost, Duplicate };
+    virtual Fault fault(const QSqlError& error) const = 0;
+
+protected:
+    explicit Engine(std::unique_ptr<SqlDialect> dialect) : m_dialect(std::move(dialect)) {}
+
+private:
+    std::unique_ptr<SqlDialect> m_dialect;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+// The words of one statement of the system's own SQL.
+struct SqlToken {
+    enum Kind {
+        Word,   // keyword, function or bare name
+        Name,   // [name], without its brackets
+        String, // 'text', without quotes and with its doubled quotes made single
+        Number, // 12 or 1.5
+        Date,   // #2005/03/01#, without the signs
+        Symbol, // ( ) , . = <> < > <= >= + - * & ;
+        End
+    };
+    Kind kind = End;
+    QString text;
+    qsizetype position = 0; // from 0, in the statement
+
+    bool is(QStringView word) const { return kind == Word && text.compare(word, Qt::CaseInsensitive) == 0; }
+    bool isSymbol(QStringView symbol) const { return kind == Symbol && text == symbol; }
+};
+
+// Reads a statement; the list ends with an End token. Raises an error with the position of what it cannot read.
+QList<SqlToken> tokenizeSql(const QString& statement);
+
+// The error for a place in a statement that cannot be read.
+[[noreturn]] void raiseSqlError(const QString& reason, const SqlToken& at);

@@ -1,0 +1,12 @@
+#include "db/TableManager.h"
+
+#include "base/AppError.h"
+#include "base/basCommon.h"
+
+QString sqlNumber(const QString& value) {
+    const QString number = value.trimmed();
+    if (!isPlainNumber(number)) throw Errors::typeMismatch(u"SQL"_qs);
+    return number;
+}
+
+QString sqlText(const QString& value) { return u'\'' + SqlQuote(value) + u'\''; }
