@@ -1,0 +1,67 @@
+#include "ui/ChoiceBox.h"
+
+#include <QStylePainter>
+#include <QWheelEvent>
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+    setInsertPolicy(NoInsert);
+    setMaxVisibleItems(20);
+    setFocusPolicy(Qt::StrongFocus);
+    setPlaceholderText(u" "_qs); // with one, filling the list chooses nothing
+    connect(this, &QComboBox::currentIndexChanged, this, &ChoiceBox::noteChange);
+    connect(this, &QComboBox::editTextChanged, this, &ChoiceBox::noteChange);
+}
+
+void ChoiceBox::clearEntries() {
+    m_foreignText.clear();
+    clear();
+}
+
+// An editable box may hold a typed text beside an older choice.
+int ChoiceBox::chosenIndex() const {
+    if (!isEditable() || itemText(currentIndex()) == currentText()) return currentIndex();
+    return findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+}
+
+QString ChoiceBox::text() const { return isEditable() || currentIndex() >= 0 ? currentText() : m_foreignText; }
+
+void ChoiceBox::setText(const QString& text) {
+    const int index = findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    m_foreignText = index < 0 ? text : QString();
+    setCurrentIndex(index);
+    if (isEditable()) setEditText(text);
+    noteChange();
+    update();
+}
+
+QString ChoiceBox::data() const { return itemData(chosenIndex()).toString(); }
+
+bool ChoiceBox::chooseByData(const QString& data) {
+    const int index = findData(data);
+    setText(itemText(index));
+    if (index >= 0) setCurrentIndex(index); // of several entries with one text, the one with the data
+    return index >= 0;
+}
+
+void ChoiceBox::noteChange() {
+    if (currentIndex() >= 0) m_foreignText.clear();
+    if (text() == m_lastText && data() == m_lastData) return;
+    m_lastText = text();
+    m_lastData = data();
+    emit valueChanged();
+}
+
+void ChoiceBox::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = text();
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+// Turning the wheel over a form scrolls it; a choice changes only where the operator works.
+void ChoiceBox::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) return QComboBox::wheelEvent(event);
+    event->ignore();
+}

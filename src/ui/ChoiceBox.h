@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QComboBox>
+
+// A list of entries with item data, or an editable field with such a list.
+class ChoiceBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit ChoiceBox(QWidget* parent = nullptr);
+
+    void addEntry(const QString& text, const QString& data = {}) { addItem(text, data); }
+    void clearEntries();
+
+    // What the box shows.
+    QString text() const;
+    // Chooses the entry of that text; a text that is not in the list is shown all the same, with no entry chosen.
+    void setText(const QString& text);
+    // The item data of the chosen entry; empty when nothing is chosen.
+    QString data() const;
+    // Chooses the entry with that item data, or nothing. False when there is none.
+    bool chooseByData(const QString& data);
+    void clearChoice() { setText({}); }
+
+signals:
+    // Another text is shown or another entry is chosen, by the operator or by the program.
+    void valueChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    int chosenIndex() const;
+    void noteChange();
+
+    QString m_foreignText; // shown while no entry is chosen
+    QString m_lastText;
+    QString m_lastData;
+};

@@ -1,0 +1,75 @@
+#include "ui/EntryField.h"
+
+#include "base/basMessage.h"
+#include "ui/EntryValidator.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFocusEvent>
+
+namespace {
+
+constexpr int warningCode = 901;
+
+// The focus only rests elsewhere and comes back: nothing is left yet.
+bool isRest(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+} // namespace
+
+EntryField::EntryField(QWidget* parent) : QLineEdit(parent), m_validator(new EntryValidator(this)) {
+    setValidator(m_validator);
+    connect(this, &QLineEdit::textChanged, this, &EntryField::noteChange);
+}
+
+int EntryField::maxLength() const { return m_validator->maxLength; }
+
+void EntryField::setMaxLength(int characters) { m_validator->maxLength = characters; }
+
+void EntryField::setAllowedCharacters(const QString& characters) { m_validator->allowedCharacters = characters; }
+
+void EntryField::setValue(const QString& value) {
+    const QString shown = settled(value).value_or(value);
+    setText(hasFocus() ? editable(shown) : shown);
+}
+
+bool EntryField::commit() {
+    const auto shown = settled(text());
+    if (!shown) return false;
+    if (*shown != text()) setText(*shown);
+    return true;
+}
+
+void EntryField::complain() {
+    ShowMessage(warningCode, complaint());
+    setFocus(Qt::OtherFocusReason);
+    selectAll();
+}
+
+void EntryField::complainUnlessExcused() {
+    const auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+    const bool excused = button && button->property("leavesUnchecked").toBool();
+    if (isVisible() && !hasFocus() && !excused && !settled(text())) complain();
+}
+
+void EntryField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (isRest(event->reason()) || isReadOnly()) return;
+    if (settled(text())) setText(editable(text()));
+    selectAll();
+}
+
+void EntryField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (isRest(event->reason()) || isReadOnly()) return;
+    if (commit()) return;
+    QMetaObject::invokeMethod(this, &EntryField::complainUnlessExcused, Qt::QueuedConnection);
+}
+
+void EntryField::noteChange() {
+    const QString now = value();
+    if (now == m_lastValue) return;
+    m_lastValue = now;
+    emit valueChanged();
+}

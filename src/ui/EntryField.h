@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <optional>
+
+class EntryValidator;
+
+// The common ground of all one-line fields. Everything that the operator types is kept until it is left; leaving turns
+// it into its settled form, or tells what is wrong with it and brings the focus back with the text as typed.
+//
+// A button with the dynamic property `leavesUnchecked` (キャンセル, 閉じる) may be pressed with a wrong entry.
+class EntryField : public QLineEdit {
+    Q_OBJECT
+    Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
+    Q_PROPERTY(QString value READ value WRITE setValue NOTIFY valueChanged USER true)
+
+public:
+    explicit EntryField(QWidget* parent = nullptr);
+
+    // The longest text, counted in characters (a rare kanji is one); what goes beyond is not taken. 0: no limit.
+    int maxLength() const;
+    void setMaxLength(int characters);
+
+    // What the program works with, also while the operator still types; empty when empty or not valid.
+    virtual QString value() const = 0;
+    void setValue(const QString& value);
+
+    // Brings the text into its settled form. False when it is wrong, the text then stays as it is.
+    bool commit();
+    // What to tell of a wrong entry.
+    virtual QString complaint() const { return {}; }
+    // Tells it and takes the focus back.
+    void complain();
+
+signals:
+    // The value is another one, by the operator or by the program.
+    void valueChanged();
+
+protected:
+    // The text shown for a typed one when the field is left; nothing when the entry is wrong.
+    virtual std::optional<QString> settled(const QString& typed) const = 0;
+    // The text to edit for a settled one.
+    virtual QString editable(const QString& shown) const { return shown; }
+    // Only these characters are taken (full width is narrowed first); empty: all.
+    void setAllowedCharacters(const QString& characters);
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void noteChange();
+    void complainUnlessExcused();
+
+    EntryValidator* m_validator;
+    QString m_lastValue;
+};

@@ -1,0 +1,208 @@
+#include "ui/Grid.h"
+
+#include "base/basMessage.h"
+#include "ui/GridDelegate.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+Grid::Grid(QWidget* parent) : QTableView(parent), m_model(new GridModel(this)) {
+    setModel(m_model);
+    setItemDelegate(new GridDelegate(this));
+    setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(false);
+    setWordWrap(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grid::headingClicked);
+    connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (!(index.flags() & Qt::ItemIsEditable)) emit rowOpened(index.row() + 1);
+    });
+}
+
+void Grid::setColumns(const QList<GridColumn>& columns) {
+    m_model->setColumns(columns);
+    clearSortMark();
+    for (int i = 0; i < columns.size(); ++i) QTableView::setColumnHidden(i, columns.at(i).hidden);
+    setSelectionBehavior(isReadOnly() ? SelectRows : SelectItems);
+    applyWidths();
+}
+
+void Grid::setColumnHidden(int column, bool hidden) { QTableView::setColumnHidden(column, hidden); }
+
+void Grid::setEntries(int column, const QStringList& texts) {
+    GridEntries entries;
+    for (const QString& text : texts) entries << GridEntry::parse(text);
+    setEntries(column, entries);
+}
+
+void Grid::applyWidths() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(this, column(i).width));
+    horizontalHeader()->setStretchLastSection(columns() > 0 && isReadOnly());
+}
+
+bool Grid::isReadOnly() const {
+    const auto& all = m_model->columns();
+    return std::none_of(all.begin(), all.end(), [](const GridColumn& column) { return column.editable; });
+}
+
+// --- rows and cells ---
+
+void Grid::setRows(int rows) { m_model->setRowCount(rows); }
+
+void Grid::setSource(int rows, GridModel::RowSource source) { m_model->setSource(rows, std::move(source)); }
+
+void Grid::addRow(const QStringList& values) {
+    insertRow(rows() + 1);
+    setRowValues(rows(), values);
+}
+
+void Grid::insertRow(int row) { m_model->insertEmptyRow(row - 1); }
+
+void Grid::removeRow(int row) { m_model->removeOneRow(row - 1); }
+
+void Grid::swapRows(int first, int second) { m_model->swapTwoRows(first - 1, second - 1); }
+
+void Grid::clearRow(int row) { setRowValues(row, QStringList(columns())); }
+
+QStringList Grid::rowValues(int row) const {
+    QStringList values;
+    for (int i = 0; i < columns(); ++i) values << value(row, i);
+    return values;
+}
+
+void Grid::setRowValues(int row, const QStringList& values, int first) {
+    for (int i = 0; i < values.size() && first + i < columns(); ++i) setValue(row, first + i, values.at(i));
+}
+
+bool Grid::isRowEmpty(int row) const {
+    for (int i = 0; i < columns(); ++i) {
+        const auto kind = column(i).kind;
+        if (kind != GridColumn::RowNumber && kind != GridColumn::Check && !value(row, i).isEmpty()) return false;
+    }
+    return true;
+}
+
+// --- where the operator is ---
+
+void Grid::setCurrent(int row, int column) {
+    if (!showsRow(row)) return setCurrentIndex({});
+    if (column < 0) column = firstFillColumn(row - 1);
+    setCurrentIndex(m_model->index(row - 1, column));
+}
+
+int Grid::firstFillColumn(int) const {
+    int firstSeen = -1;
+    for (int i = 0; i < columns(); ++i) {
+        if (isColumnHidden(i) || column(i).kind == GridColumn::RowNumber) continue;
+        if (column(i).editable) return i;
+        if (firstSeen < 0) firstSeen = i;
+    }
+    return std::max(firstSeen, 0);
+}
+
+QModelIndex Grid::nextCellToFill(const QModelIndex& from) const {
+    for (int i = from.column() + 1; i < columns(); ++i) {
+        const bool fills = column(i).editable && !isColumnHidden(i) && column(i).kind != GridColumn::Check;
+        if (fills && m_model->value(from.row(), i).isEmpty()) return m_model->index(from.row(), i);
+    }
+    const int row = std::min(from.row() + 1, rows() - 1);
+    return m_model->index(row, firstFillColumn(row));
+}
+
+void Grid::goToNextCell() {
+    if (currentIndex().isValid()) setCurrentIndex(nextCellToFill(currentIndex()));
+}
+
+void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (current.row() != previous.row()) emit currentRowChanged(current.row() + 1);
+}
+
+// --- editing ---
+
+bool Grid::mayEdit(const QModelIndex& index) const {
+    if (!isEnabled() || !column(index.column()).editable) return false;
+    bool allowed = true;
+    const bool ran = guarded([&] { allowed = !editStarting || editStarting(index.row() + 1, index.column()); });
+    return ran && allowed;
+}
+
+void Grid::takeEdit(const QModelIndex& index, const QString& newValue) {
+    const QString before = m_model->value(index.row(), index.column());
+    if (before == newValue) return;
+    m_model->setValue(index.row(), index.column(), newValue);
+    emit cellEdited(index.row() + 1, index.column(), before);
+}
+
+bool Grid::beginEdit(int row, int column) {
+    if (!showsRow(row) || column < 0 || column >= columns()) return false;
+    setCurrent(row, column);
+    return edit(m_model->index(row - 1, column), AllEditTriggers, nullptr);
+}
+
+void Grid::endEdit() {
+    if (!m_editor) return;
+    commitData(m_editor);
+    closeEditor(m_editor, QAbstractItemDelegate::NoHint);
+}
+
+void Grid::toggleCheck(int row, int column) {
+    const QModelIndex index = m_model->index(row - 1, column);
+    if (mayEdit(index)) takeEdit(index, isChecked(row, column) ? u"0"_qs : u"1"_qs);
+}
+
+void Grid::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex index = currentIndex();
+    const bool plain = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
+    if (!index.isValid() || !plain) return QTableView::keyPressEvent(event);
+    const bool ticks = column(index.column()).kind == GridColumn::Check;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return isReadOnly() ? emit rowOpened(currentRow()) : goToNextCell();
+    case Qt::Key_Space:
+        if (ticks) return toggleCheck(currentRow(), currentColumn());
+        break;
+    case Qt::Key_Delete:
+        if (!ticks && mayEdit(index)) takeEdit(index, {});
+        return;
+    default: break;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void Grid::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid() && event->button() == Qt::LeftButton && column(index.column()).kind == GridColumn::Check)
+        toggleCheck(index.row() + 1, index.column());
+}
+
+void Grid::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_model) applyWidths();
+}
+
+// --- sorting ---
+
+bool Grid::toggleSortMark(int column) {
+    m_sortUpwards = column != m_sortColumn || !m_sortUpwards;
+    m_sortColumn = column;
+    m_model->setTitleMark(column, m_sortUpwards ? u"▲"_qs : u"▼"_qs);
+    return m_sortUpwards;
+}
+
+void Grid::clearSortMark() {
+    m_sortColumn = -1;
+    m_sortUpwards = true;
+    m_model->setTitleMark(-1, {});
+}

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "ui/GridModel.h"
+
+#include <QTableView>
+
+// A table of text cells. Rows count from 1 for the first data row; columns carry the numbers of the list that set them.
+//
+// Return goes to the next cell to fill; typing, F2 or a double click starts an edit, Delete empties a cell and Space
+// turns a tick box. In a read-only grid Return opens the row.
+class Grid : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit Grid(QWidget* parent = nullptr);
+
+    // --- form ---
+    void setColumns(const QList<GridColumn>& columns);
+    const GridColumn& column(int column) const { return m_model->columns().at(column); }
+    int columns() const { return m_model->columnCount(); }
+    void setColumnHidden(int column, bool hidden);
+    // The drop-down list of a column's cells. A list that depends on the row is set by `editStarting`.
+    void setEntries(int column, const GridEntries& entries) { m_model->setEntries(column, entries); }
+    // The same from texts such as "左" or "#1;左".
+    void setEntries(int column, const QStringList& texts);
+
+    // --- rows ---
+    int rows() const { return m_model->rowCount(); }
+    // So many empty rows; what was there is gone.
+    void setRows(int rows);
+    // Rows that are asked for as they are needed.
+    void setSource(int rows, GridModel::RowSource source);
+    void addRow(const QStringList& values);
+    void insertRow(int row);
+    void removeRow(int row);
+    void swapRows(int first, int second);
+    void clearRow(int row);
+
+    // --- cells ---
+    // What the cell holds; an entry's value where the column has a list.
+    QString value(int row, int column) const { return m_model->value(row - 1, column); }
+    void setValue(int row, int column, const QString& value) { m_model->setValue(row - 1, column, value); }
+    // What the cell shows.
+    QString text(int row, int column) const { return m_model->shown(row - 1, column); }
+    bool isChecked(int row, int column) const { return value(row, column) == u"1"; }
+    void setChecked(int row, int column, bool on) { setValue(row, column, on ? u"1"_qs : u"0"_qs); }
+    // All values of a row, and writing them from column `first` on.
+    QStringList rowValues(int row) const;
+    void setRowValues(int row, const QStringList& values, int first = 0);
+    // True when no column but tick boxes and row numbers holds a text.
+    bool isRowEmpty(int row) const;
+
+    // --- where the operator is ---
+    int currentRow() const { return currentIndex().row() + 1; }       // 0: nowhere
+    int currentColumn() const { return currentIndex().column(); }     // -1: nowhere
+    void setCurrent(int row, int column = -1);                        // -1: the first column to see
+    // Starts an edit as the operator would; false when the cell refuses it.
+    bool beginEdit(int row, int column);
+    // The field of the running edit, or nothing.
+    QWidget* editor() const { return m_editor; }
+    // Ends the running edit, taking over what was typed.
+    void endEdit();
+    // Turns a tick box as the operator would.
+    void toggleCheck(int row, int column);
+
+    // --- sorting ---
+    // Moves the mark to a column, or turns it where it stands. True when the column now sorts upwards (▲).
+    bool toggleSortMark(int column);
+    int sortColumn() const { return m_sortColumn; } // -1: none
+    bool sortsUpwards() const { return m_sortUpwards; }
+    void clearSortMark();
+
+    // Asked just before a cell is edited; it may change the column's list, and false refuses the edit.
+    std::function<bool(int row, int column)> editStarting;
+
+signals:
+    // The operator changed a cell, which held `before`.
+    void cellEdited(int row, int column, const QString& before);
+    void rowOpened(int row);
+    void headingClicked(int column);
+    void currentRowChanged(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    friend class GridDelegate;
+
+    bool mayEdit(const QModelIndex& index) const;
+    void takeEdit(const QModelIndex& index, const QString& value);
+    void goToNextCell();
+    QModelIndex nextCellToFill(const QModelIndex& from) const;
+    int firstFillColumn(int row) const;
+    bool isReadOnly() const;
+    void applyWidths();
+    bool showsRow(int row) const { return row >= 1 && row <= rows(); }
+
+    GridModel* m_model;
+    mutable QPointer<QWidget> m_editor;
+    int m_sortColumn = -1;
+    bool m_sortUpwards = true;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ui/Style.h"
+
+#include <QList>
+#include <QString>
+
+// One entry of a cell's drop-down list: what the cell holds, what it shows, and what the open list tells besides.
+struct GridEntry {
+    QString value;
+    QString shown;
+    QString detail;
+
+    // "#3;両" holds 3 and shows 両; any other text holds and shows itself.
+    static GridEntry parse(const QString& text);
+    QString listText() const { return detail.isEmpty() ? shown : shown + u'\u3000' + detail; }
+};
+using GridEntries = QList<GridEntry>;
+
+// One column of a grid. Its place in the list given to the grid is its number.
+struct GridColumn {
+    enum Kind {
+        Text,
+        Number,    // right-aligned, shown with thousands separators, edited as a number
+        Date,      // edited as a date
+        Check,     // a tick box, "1" or "0"
+        RowNumber, // 1, 2, 3 down the rows
+    };
+
+    QString title;
+    int width = 10; // half-width characters
+    Kind kind = Text;
+    bool editable = false;
+    bool hidden = false;
+    // With a list: whether a text that is no entry is taken as typed.
+    bool freeText = false;
+    QColor background;
+    Qt::Alignment alignment = Qt::AlignLeft; // of texts; the other kinds have their own
+    GridEntries entries;
+};

@@ -1,0 +1,127 @@
+#include "ui/GridDelegate.h"
+
+#include "base/basMessage.h"
+#include "ui/ChoiceBox.h"
+#include "ui/DateField.h"
+#include "ui/Grid.h"
+#include "ui/NumberField.h"
+#include "ui/TextField.h"
+
+#include <QApplication>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace {
+
+// What the operator's text in an editor stands for; nothing when it is no valid entry.
+std::optional<QString> typedText(QWidget* editor) {
+    if (const auto* list = qobject_cast<ChoiceBox*>(editor)) return list->currentText();
+    auto* field = qobject_cast<EntryField*>(editor);
+    if (!field || !field->commit()) return std::nullopt;
+    return field->value();
+}
+
+bool isStarter(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
+
+} // namespace
+
+GridDelegate::GridDelegate(Grid* grid) : QStyledItemDelegate(grid), m_grid(grid) {}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    if (m_grid->column(index.column()).kind != GridColumn::Check)
+        return QStyledItemDelegate::paint(painter, option, index);
+    const bool checked = index.data(Qt::CheckStateRole) == Qt::Checked;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
+    QStyle* style = m_grid->style();
+    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, m_grid);
+    QStyleOptionButton box;
+    box.rect = style->subElementRect(QStyle::SE_CheckBoxIndicator, &box, m_grid);
+    box.rect.moveCenter(option.rect.center());
+    box.state = (checked ? QStyle::State_On : QStyle::State_Off) | (option.state & QStyle::State_Enabled);
+    box.palette = option.palette;
+    style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, m_grid);
+}
+
+QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
+    auto* list = new ChoiceBox(parent);
+    list->setEditable(true);
+    for (const GridEntry& entry : m_grid->column(column).entries) list->addEntry(entry.listText(), entry.value);
+    list->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    list->completer()->setFilterMode(Qt::MatchContains);
+    connect(list, &QComboBox::activated, this, [this, list] {
+        auto* self = const_cast<GridDelegate*>(this);
+        emit self->commitData(list);
+        emit self->closeEditor(list);
+    }, Qt::QueuedConnection);
+    return list;
+}
+
+QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+    if (!m_grid->mayEdit(index)) return nullptr;
+    const GridColumn& column = m_grid->column(index.column());
+    if (!column.entries.isEmpty())
+        m_grid->m_editor = makeListEditor(parent, index.column());
+    else if (column.kind == GridColumn::Number)
+        m_grid->m_editor = new NumberField(parent);
+    else if (column.kind == GridColumn::Date)
+        m_grid->m_editor = new DateField(parent);
+    else
+        m_grid->m_editor = new TextField(parent);
+    return m_grid->m_editor;
+}
+
+void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    const QString value = index.data(Qt::EditRole).toString();
+    if (auto* list = qobject_cast<ChoiceBox*>(editor)) {
+        if (!list->chooseByData(value)) list->setText(value);
+        list->lineEdit()->selectAll();
+    } else if (auto* field = qobject_cast<EntryField*>(editor)) {
+        field->setValue(value);
+        field->selectAll();
+    }
+}
+
+void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
+    const auto typed = typedText(editor);
+    if (!typed) return tellLater(qobject_cast<EntryField*>(editor)->complaint());
+    const auto value = m_grid->m_model->valueOfText(index.column(), *typed);
+    if (value) m_grid->takeEdit(index, *value);
+}
+
+// The edit is being left for another place: the cell keeps what it held, and the operator is told why.
+void GridDelegate::tellLater(const QString& complaint) const {
+    QMetaObject::invokeMethod(m_grid, [complaint] { ShowMessage(901, complaint); }, Qt::QueuedConnection);
+}
+
+void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const {
+    editor->setGeometry(option.rect);
+}
+
+void GridDelegate::leaveTowardsNext(QWidget* editor) {
+    if (auto* field = qobject_cast<EntryField*>(editor); field && !field->commit()) return field->complain();
+    emit commitData(editor);
+    emit closeEditor(editor);
+    m_grid->setFocus();
+    m_grid->goToNextCell();
+}
+
+bool GridDelegate::eventFilter(QObject* object, QEvent* event) {
+    auto* editor = qobject_cast<QWidget*>(object);
+    if (!editor || event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(object, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab: leaveTowardsNext(editor); return true;
+    default: break;
+    }
+    if (auto* list = qobject_cast<ChoiceBox*>(editor); list && isStarter(key->key()) && key->modifiers() == Qt::AltModifier) {
+        list->showPopup();
+        return true;
+    }
+    return QStyledItemDelegate::eventFilter(object, event);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class Grid;
+
+// Edits and paints the cells of a grid: a list, a number, a date or a text field, and centred tick boxes. Return and Tab
+// leave an edit towards the next cell to fill; Escape gives it up.
+class GridDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    explicit GridDelegate(Grid* grid);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+protected:
+    bool eventFilter(QObject* editor, QEvent* event) override;
+
+private:
+    QWidget* makeListEditor(QWidget* parent, int column) const;
+    void tellLater(const QString& complaint) const;
+    void leaveTowardsNext(QWidget* editor);
+
+    Grid* m_grid;
+};

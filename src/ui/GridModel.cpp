@@ -1,0 +1,147 @@
+#include "ui/GridModel.h"
+
+#include "base/Text.h"
+#include "base/basCommon.h"
+
+#include <algorithm>
+#include <optional>
+
+GridEntry GridEntry::parse(const QString& text) {
+    const qsizetype separator = text.indexOf(u';');
+    if (!text.startsWith(u'#') || separator < 0) return {text, text, {}};
+    return {text.mid(1, separator - 1), text.mid(separator + 1), {}};
+}
+
+void GridModel::setColumns(const QList<GridColumn>& columns) {
+    beginResetModel();
+    m_columns = columns;
+    m_rows.clear();
+    endResetModel();
+}
+
+void GridModel::setEntries(int column, const GridEntries& entries) {
+    m_columns[column].entries = entries;
+    if (!m_rows.empty()) emit dataChanged(index(0, column), index(rowCount() - 1, column));
+}
+
+void GridModel::setTitleMark(int column, const QString& mark) {
+    m_markedColumn = column;
+    m_mark = mark;
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+void GridModel::setRowCount(int rows) {
+    beginResetModel();
+    m_source = nullptr;
+    m_rows.assign(rows, {});
+    endResetModel();
+}
+
+void GridModel::setSource(int rows, RowSource source) {
+    beginResetModel();
+    m_source = std::move(source);
+    m_rows.assign(rows, {});
+    for (int row = 0; row < rows; ++row) m_rows[row].source = row;
+    endResetModel();
+}
+
+void GridModel::insertEmptyRow(int row) {
+    beginInsertRows({}, row, row);
+    m_rows.insert(m_rows.begin() + row, Row{});
+    endInsertRows();
+}
+
+void GridModel::removeOneRow(int row) {
+    beginRemoveRows({}, row, row);
+    m_rows.erase(m_rows.begin() + row);
+    endRemoveRows();
+}
+
+void GridModel::swapTwoRows(int first, int second) {
+    std::swap(m_rows[first], m_rows[second]);
+    for (const int row : {first, second}) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+GridModel::Row& GridModel::loaded(int row) const {
+    Row& entry = m_rows[row];
+    if (entry.source >= 0) entry.values = m_source(std::exchange(entry.source, -1));
+    entry.values.resize(m_columns.size());
+    return entry;
+}
+
+QString GridModel::value(int row, int column) const { return loaded(row).values.at(column); }
+
+void GridModel::setValue(int row, int column, const QString& value) {
+    QString& cell = loaded(row).values[column];
+    if (cell == value) return;
+    cell = value;
+    emit dataChanged(index(row, column), index(row, column));
+}
+
+QString GridModel::shown(int row, int column) const {
+    const GridColumn& form = m_columns.at(column);
+    if (form.kind == GridColumn::RowNumber) return QString::number(row + 1);
+    const QString held = value(row, column);
+    if (form.kind == GridColumn::Number) return isPlainNumber(held) ? formatThousands(held) : held;
+    const auto found = std::find_if(form.entries.begin(), form.entries.end(),
+                                    [&held](const GridEntry& entry) { return entry.value == held; });
+    return found == form.entries.end() ? held : found->shown;
+}
+
+std::optional<QString> GridModel::valueOfText(int column, const QString& text) const {
+    const GridColumn& form = m_columns.at(column);
+    if (text.isEmpty() || form.entries.isEmpty()) return text;
+    for (const GridEntry& entry : form.entries)
+        if (text == entry.listText() || text == entry.shown || text == entry.value) return entry.value;
+    if (form.freeText) return text;
+    const QString sought = Text::toHalfWidth(text);
+    const auto matches = [&sought](const GridEntry& entry) {
+        return Text::toHalfWidth(entry.listText()).contains(sought, Qt::CaseInsensitive);
+    };
+    const auto first = std::find_if(form.entries.begin(), form.entries.end(), matches);
+    if (first == form.entries.end() || std::any_of(first + 1, form.entries.end(), matches)) return std::nullopt;
+    return first->value;
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant GridModel::background(const GridColumn& column) const {
+    if (column.kind == GridColumn::RowNumber) return QBrush(Style::heading);
+    return column.background.isValid() ? QVariant(QBrush(column.background)) : QVariant();
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    const GridColumn& column = m_columns.at(index.column());
+    const bool ticks = column.kind == GridColumn::Check;
+    switch (role) {
+    case Qt::DisplayRole: return ticks ? QVariant() : shown(index.row(), index.column());
+    case Qt::EditRole: return value(index.row(), index.column());
+    case Qt::CheckStateRole:
+        return ticks ? QVariant(value(index.row(), index.column()) == u"1" ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case Qt::TextAlignmentRole:
+        if (column.kind == GridColumn::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+        if (column.kind == GridColumn::RowNumber) return QVariant(Qt::AlignCenter);
+        return QVariant(column.alignment | Qt::AlignVCenter);
+    case Qt::BackgroundRole: return background(column);
+    default: return {};
+    }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return m_columns.at(section).title + (section == m_markedColumn ? m_mark : QString());
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    const GridColumn& column = m_columns.at(index.column());
+    if (column.kind == GridColumn::RowNumber) return Qt::ItemIsEnabled;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (column.editable && column.kind != GridColumn::Check) flags |= Qt::ItemIsEditable;
+    return flags;
+}

@@ -1,0 +1,61 @@
+#include "ui/NumberField.h"
+
+#include "base/basCommon.h"
+#include "ui/basControlUtil.h"
+
+namespace {
+
+// "0012" gives "12", "" gives "0".
+QString withoutLeadingZeros(const QString& digits) {
+    qsizetype first = 0;
+    while (first + 1 < digits.size() && digits.at(first) == u'0') ++first;
+    return digits.isEmpty() ? u"0"_qs : digits.mid(first);
+}
+
+QString grouped(QString digits) {
+    for (qsizetype i = digits.size() - 3; i > 0; i -= 3) digits.insert(i, u',');
+    return digits;
+}
+
+} // namespace
+
+NumberField::NumberField(QWidget* parent) : EntryField(parent) {
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setInputMethodHints(Qt::ImhPreferLatin | Qt::ImhFormattedNumbersOnly);
+    setDecimals(0);
+}
+
+void NumberField::setDecimals(int decimals) {
+    m_decimals = decimals;
+    setAllowedCharacters(decimals > 0 ? numericKeys + u'.' : numericKeys);
+}
+
+QString NumberField::value() const { return plain(text()).value_or(QString()); }
+
+std::optional<QString> NumberField::plain(const QString& typed) const {
+    QString text = typed.trimmed();
+    text.remove(u',');
+    if (text.isEmpty()) return QString();
+    if (!isPlainNumber(text)) return std::nullopt;
+    const bool negative = text.startsWith(u'-');
+    if (negative || text.startsWith(u'+')) text.remove(0, 1);
+    const QString fraction = text.section(u'.', 1);
+    if (fraction.size() > m_decimals) return std::nullopt;
+    const QString number = withoutLeadingZeros(text.section(u'.', 0, 0)) + (fraction.isEmpty() ? QString() : u'.' + fraction);
+    return negative ? u'-' + number : number;
+}
+
+std::optional<QString> NumberField::settled(const QString& typed) const {
+    const auto number = plain(typed);
+    if (!number || number->isEmpty()) return number;
+    const bool negative = number->startsWith(u'-');
+    const QString fraction = number->section(u'.', 1);
+    return (negative ? u"-"_qs : QString()) + grouped(number->section(u'.', 0, 0).mid(negative ? 1 : 0)) +
+           (fraction.isEmpty() ? QString() : u'.' + fraction);
+}
+
+QString NumberField::editable(const QString& shown) const { return QString(shown).remove(u','); }
+
+QString NumberField::complaint() const {
+    return m_decimals > 0 ? u"数値が正しくありません。"_qs : u"数値が正しくありません。\n\n整数を入力してください。"_qs;
+}

@@ -1,0 +1,125 @@
+#include "ui/Style.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QTranslator>
+
+namespace {
+
+constexpr int margin = 12;
+constexpr int gap = 8;
+
+// Fusion with one grid of margins and gaps.
+class HouseStyle : public QProxyStyle {
+public:
+    HouseStyle() : QProxyStyle(u"Fusion"_qs) {}
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        switch (metric) {
+        case PM_LayoutLeftMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutBottomMargin: return margin;
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutVerticalSpacing: return gap;
+        default: return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+};
+
+QPalette calmPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, Style::paper);
+    palette.setColor(QPalette::Base, Style::field);
+    palette.setColor(QPalette::AlternateBase, QColor(0xF8, 0xFA, 0xFB));
+    palette.setColor(QPalette::Button, QColor(0xE9, 0xEE, 0xF2));
+    palette.setColor(QPalette::Highlight, Style::accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Style::ink);
+        palette.setColor(QPalette::Disabled, role, QColor(0x8E, 0x98, 0xA2));
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEC, 0xEF, 0xF2));
+    return palette;
+}
+
+QString sheet() {
+    return QStringLiteral(R"(
+        QLineEdit, QPlainTextEdit, QComboBox { background: %1; border: 1px solid %2; border-radius: 3px;
+            padding: 2px 4px; min-height: 1.4em; selection-background-color: %3; }
+        QLineEdit:read-only, QPlainTextEdit:read-only { background: %4; }
+        QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #8E98A2; }
+        QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { background: %5; border: 2px solid %3;
+            padding: 1px 3px; }
+        QComboBox QLineEdit, QAbstractItemView QLineEdit, QAbstractItemView QComboBox { border: none;
+            border-radius: 0; padding: 0 2px; min-height: 0; }
+        QPushButton { background: #FBFCFD; border: 1px solid %2; border-radius: 4px; padding: 4px 14px;
+            min-height: 1.6em; }
+        QPushButton:hover { background: %6; }
+        QPushButton:pressed { background: #D3DEE8; }
+        QPushButton:disabled { color: #9AA4AE; background: #EEF1F3; border-color: #D5DBE0; }
+        QPushButton:focus, QPushButton:default { border: 2px solid %3; padding: 3px 13px; }
+        QCheckBox:focus, QRadioButton:focus { color: %3; text-decoration: underline; }
+        QGroupBox { border: 1px solid %2; border-radius: 5px; margin-top: 0.8em; padding-top: 0.4em; }
+        QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %3; }
+        QTableView { border: 1px solid %2; gridline-color: #DCE2E8; selection-background-color: #CFE2F1;
+            selection-color: %7; }
+        QTableView:focus { border: 2px solid %3; }
+        QTableView::item:focus { background: %5; color: %7; }
+        QHeaderView::section { background: %6; border: none; border-right: 1px solid %2;
+            border-bottom: 1px solid %2; padding: 3px 6px; }
+        QTabWidget::pane { border: 1px solid %2; border-radius: 4px; }
+        QTabBar::tab { background: %6; border: 1px solid %2; padding: 5px 14px; margin-right: 2px;
+            border-top-left-radius: 4px; border-top-right-radius: 4px; }
+        QTabBar::tab:selected { background: #FFFFFF; color: %3; border-bottom-color: #FFFFFF; }
+        QTabBar:focus { text-decoration: underline; }
+    )")
+        .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),
+             Style::focusField.name(), Style::heading.name(), Style::ink.name());
+}
+
+void loadJapaneseTexts(QApplication& application) {
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    auto* translator = new QTranslator(&application);
+    if (translator->load(u"qtbase_ja"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        application.installTranslator(translator);
+}
+
+} // namespace
+
+void Style::apply(QApplication& application) {
+    loadJapaneseTexts(application);
+    application.setStyle(new HouseStyle);
+    QFont font(u"Noto Sans CJK JP"_qs, 10);
+    font.setStyleHint(QFont::SansSerif);
+    application.setFont(font);
+    application.setPalette(calmPalette());
+    application.setStyleSheet(sheet());
+}
+
+void Style::arrange(QWidget* form) {
+    for (QLabel* label : form->findChildren<QLabel*>())
+        if (label->text().endsWith(u'：')) label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (QPushButton* button : form->findChildren<QPushButton*>()) button->setAutoDefault(false);
+}
+
+QIcon Style::calendarIcon() {
+    QPixmap pixmap(32, 32);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setPen(QPen(Style::accent, 2));
+    painter.drawRoundedRect(4, 6, 24, 22, 3, 3);
+    painter.fillRect(4, 6, 24, 6, Style::accent);
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 4; ++column) painter.fillRect(8 + column * 5, 15 + row * 4, 3, 2, Style::accent);
+    return QIcon(pixmap);
+}
+
+int Style::charactersWide(const QWidget* widget, int characters) {
+    return widget->fontMetrics().horizontalAdvance(u'0') * characters + 2 * gap;
+}

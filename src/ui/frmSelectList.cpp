@@ -1,0 +1,88 @@
+#include "ui/frmSelectList.h"
+
+#include "base/Text.h"
+#include "base/basCommon.h"
+#include "ui_frmSelectList.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int narrowest = 6;
+constexpr int widest = 40;
+constexpr int rowsMeasured = 200;
+
+int shownWidth(const QString& text) { return Text::cp932Length(text); }
+
+// Wide enough for its title and its first rows.
+int columnWidth(const SelectRows& table, int column) {
+    int width = shownWidth(table.columns.at(column)) + 2;
+    for (int row = 0; row < std::min<qsizetype>(table.rows.size(), rowsMeasured); ++row)
+        width = std::max(width, shownWidth(table.rows.at(row).value(column)) + 1);
+    return std::clamp(width, narrowest, widest);
+}
+
+bool rowContains(const QStringList& row, const QString& sought) {
+    return std::any_of(row.begin(), row.end(), [&sought](const QString& text) {
+        return Text::toHalfKana(text).contains(sought, Qt::CaseInsensitive);
+    });
+}
+
+} // namespace
+
+frmSelectList::frmSelectList(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmSelectList>()) {
+    ui->setupUi(this);
+    onClick(ui->cbSelect, [this] { choose(); });
+    onClick(ui->cbEstDetail, [this] { openDetail(); });
+    onClick(ui->cbClose, [this] { close(); });
+    connect(ui->flxData, &Grid::rowOpened, this, &frmSelectList::choose);
+    connect(ui->txtSearch, &TextField::valueChanged, this, &frmSelectList::showRows);
+    onReturn(ui->txtSearch, [this] { ui->flxData->setCurrent(1); });
+}
+
+frmSelectList::~frmSelectList() = default;
+
+void frmSelectList::load() {
+    if (!TblName.isEmpty()) setWindowTitle(TblName);
+    ui->cbEstDetail->setVisible(static_cast<bool>(EstDetail));
+    QList<GridColumn> columns;
+    for (int i = 0; i < Recordset.columns.size(); ++i) {
+        GridColumn column;
+        column.title = Recordset.columns.at(i);
+        column.width = columnWidth(Recordset, i);
+        column.hidden = HideCols.contains(column.title);
+        columns << column;
+    }
+    ui->flxData->setColumns(columns);
+    showRows();
+    ui->flxData->setFocus();
+}
+
+// The rows that hold what was typed into the search field.
+void frmSelectList::showRows() {
+    const QString sought = Text::toHalfKana(ui->txtSearch->text());
+    m_shownRows.clear();
+    for (int row = 0; row < Recordset.rows.size(); ++row)
+        if (sought.isEmpty() || rowContains(Recordset.rows.at(row), sought)) m_shownRows << row;
+    ui->flxData->setSource(static_cast<int>(m_shownRows.size()),
+                           [this](int row) { return Recordset.rows.at(m_shownRows.at(row)); });
+    ui->flxData->setCurrent(1);
+    ui->lblRecCnt->setText(formatThousands(m_shownRows.size()) + u" 件"_qs);
+    ui->cbSelect->setEnabled(!m_shownRows.isEmpty());
+}
+
+void frmSelectList::choose() {
+    const int row = ui->flxData->currentRow();
+    if (row < 1) return;
+    const QStringList values = ui->flxData->rowValues(row);
+    for (int i = 0; i < Recordset.columns.size(); ++i) Selected[Recordset.columns.at(i)] = values.at(i);
+    Cancel = false;
+    close();
+}
+
+void frmSelectList::openDetail() {
+    EstId = EstDetail(this);
+    if (EstId.isEmpty()) return;
+    Cancel = false;
+    close();
+}
