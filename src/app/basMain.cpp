@@ -1,0 +1,85 @@
+#include "app/basMain.h"
+
+#include "app/InstanceLock.h"
+#include "app/ManagerList.h"
+#include "app/frmMenu.h"
+#include "base/Application.h"
+#include "base/Seams.h"
+#include "base/basMessage.h"
+#include "base/clsLogger.h"
+#include "base/clsProfile.h"
+#include "db/clsDbManager.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int infoCode = 902;
+
+InstanceLock& instanceLock() {
+    static InstanceLock lock;
+    return lock;
+}
+
+void readSystemDate() { setSystemDate(clsProfile().GetValue(u"Misc"_qs, u"SYSDATE"_qs)); }
+
+void logStart() {
+    gLogger->WriteLog(u"Halvane 起動"_qs);
+    gLogger->WriteLog(u"Path:"_qs + programFolder());
+    gLogger->WriteLog(u"ExeName:"_qs + QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+    gLogger->WriteLog(u"Version:"_qs + programVersion());
+}
+
+bool showMenu() {
+    auto* menu = new frmMenu;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (menu->Load()) {
+        menu->show();
+        return true;
+    }
+    menu->close();
+    return false;
+}
+
+template <class Step> void ignoringErrors(Step step) noexcept {
+    try {
+        step();
+    } catch (...) {
+        // The program ends; there is nobody left to be told.
+    }
+}
+
+} // namespace
+
+bool Main() {
+    bool shown = false;
+    const bool started = guarded([&shown] {
+        if (!instanceLock().take()) { // nothing was started here, so there is nothing to end
+            ShowMessage(infoCode, u"Halvaneは既に起動されています！"_qs);
+            return;
+        }
+        readSystemDate();
+        gUserNo = 1;
+        InitializeApp();
+        shown = showMenu();
+    });
+    if (!started) TerminateApp();
+    return shown;
+}
+
+void InitializeApp() {
+    gLogger = std::make_unique<clsLogger>();
+    logStart();
+    gDbManager.DBOpen();
+    PrepareManagers(gDbManager.Connection());
+    gPriceYear = ReadPriceYear();
+}
+
+void TerminateApp() noexcept {
+    ignoringErrors([] { gDbManager.DBClose(); });
+    ignoringErrors([] { ReleaseManagers(); });
+    ignoringErrors([] { writeLog(u"HALVANE normal ENDED"_qs); });
+    gLogger.reset();
+    instanceLock().release();
+}
