@@ -79,7 +79,7 @@ void Connection::open() {
                 throw AppError(u"データベースに接続できません。\n%1\n%2"_qs.arg(
                                    m_settings.description(), database.lastError().databaseText().trimmed()),
                                u"Connection"_qs);
-            m_private->engine->check(database);
+            if (!m_settings.administration) m_private->engine->check(database);
         } catch (...) {
             database = QSqlDatabase();
             QSqlDatabase::removeDatabase(m_private->name);

@@ -15,6 +15,7 @@ struct ConnectionSettings {
     QString user;
     QString password;
     int timeout = 5; // seconds
+    bool administration = false; // for making databases: any database of the server will do
 
     // Section `DB` of an INI file. An unknown provider or a time-out that is no number raises an error.
     static ConnectionSettings fromProfile(const clsProfile& profile);

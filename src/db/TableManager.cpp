@@ -10,3 +10,8 @@ QString sqlNumber(const QString& value) {
 }
 
 QString sqlText(const QString& value) { return u'\'' + SqlQuote(value) + u'\''; }
+
+Connection& opened(Connection* connection) {
+    if (!connection) throw AppError(u"データベースが開かれていません。"_qs, u"TableManager"_qs);
+    return *connection;
+}

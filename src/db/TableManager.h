@@ -14,6 +14,9 @@ template <class Record> struct Field {
     QString column;
 };
 
+// The connection behind a manager's pointer; raises an error before `Prepare` and after the connection closed.
+Connection& opened(Connection* connection);
+
 // What the managers of one table share: rows read into records by a table of member and column, lists, saving by
 // columns in order, deleting by key. All members are text; NULL reads as the empty text. Failures rise as AppError.
 template <class Record> class TableManager {
@@ -37,11 +40,14 @@ public:
         readList(result, sql);
     }
 
+    // Forgets the connection, which is about to close.
+    void Release() { m_connection = nullptr; }
+
     const QString& table() const { return m_table; }
     const Fields& fields() const { return m_fields; }
 
 protected:
-    Connection& connection() { return *m_connection; }
+    Connection& connection() const { return opened(m_connection); }
     clsSQLMaker& maker() { return m_maker; }
 
     Record read(const Recordset& row) const {
@@ -52,7 +58,7 @@ protected:
 
     void readList(QList<Record>& result, const QString& sql) {
         WriteSqlLog(sql);
-        Recordset rows = m_connection->query(sql);
+        Recordset rows = connection().query(sql);
         while (rows.next()) result << read(rows);
     }
 
@@ -60,7 +66,7 @@ protected:
     bool readFirst(Record& record, const QString& where) {
         const QString sql = u"SELECT * FROM [%1] WHERE %2"_qs.arg(m_table, where);
         WriteSqlLog(sql);
-        Recordset rows = m_connection->query(sql);
+        Recordset rows = connection().query(sql);
         if (!rows.next()) return false;
         record = read(rows);
         return true;
@@ -99,7 +105,7 @@ protected:
 
     void execute(const QString& sql) {
         WriteSqlLog(sql);
-        m_connection->execute(sql);
+        connection().execute(sql);
     }
 
 private:

@@ -1,0 +1,43 @@
+#include "base/Csv.h"
+
+namespace Csv {
+
+QList<QStringList> read(const QString& text) {
+    QList<QStringList> lines;
+    QStringList fields;
+    QString field;
+    bool quoted = false;
+    const auto endLine = [&] {
+        fields << field;
+        if (fields.size() > 1 || !field.isEmpty()) lines << fields;
+        fields.clear();
+        field.clear();
+    };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (quoted) {
+            if (c != u'"') field += c;
+            else if (i + 1 < text.size() && text.at(i + 1) == u'"') field += text.at(i++);
+            else quoted = false;
+        } else if (c == u'"') {
+            quoted = true;
+        } else if (c == u',') {
+            fields << field;
+            field.clear();
+        } else if (c == u'\n') {
+            endLine();
+        } else if (c != u'\r') {
+            field += c;
+        }
+    }
+    if (!field.isEmpty() || !fields.isEmpty()) endLine();
+    return lines;
+}
+
+QString quotedLine(const QStringList& fields) {
+    QStringList quoted;
+    for (const QString& field : fields) quoted << u'"' + QString(field).replace(u"\""_qs, u"\"\""_qs) + u'"';
+    return quoted.join(u',');
+}
+
+} // namespace Csv

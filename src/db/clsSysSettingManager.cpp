@@ -1,0 +1,24 @@
+#include "db/clsSysSettingManager.h"
+
+clsSysSettingManager gSysSettingManager;
+
+clsSysSettingManager::clsSysSettingManager()
+    : TableManager(u"システム設定"_qs, {{&clsSysSetting::No, u"No"_qs},
+                                        {&clsSysSetting::SetItem, u"設定項目"_qs},
+                                        {&clsSysSetting::SetValue, u"設定値"_qs},
+                                        {&clsSysSetting::Memo, u"備考"_qs}}) {}
+
+bool clsSysSettingManager::GetData(int No, clsSysSetting& setting) {
+    return readFirst(setting, u"[No] = %1"_qs.arg(No));
+}
+
+QString clsSysSettingManager::value(int No, const QString& whenMissing) {
+    clsSysSetting setting;
+    return GetData(No, setting) ? setting.SetValue : whenMissing;
+}
+
+void clsSysSettingManager::SaveData(const clsSysSetting& setting) { update(setting, {u"設定値"_qs}, {u"No"_qs}); }
+
+void clsSysSettingManager::SaveDataS(const QList<clsSysSetting>& settings) {
+    for (const clsSysSetting& setting : settings) SaveData(setting);
+}

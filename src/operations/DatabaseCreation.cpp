@@ -1,0 +1,143 @@
+#include "operations/DatabaseCreation.h"
+
+#include "base/AppError.h"
+#include "base/Csv.h"
+#include "db/Connection.h"
+#include "db/clsSQLMaker.h"
+#include "price/PriceFiles.h"
+#include "price/basPriceSelection.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+static void initResources() { Q_INIT_RESOURCE(data); }
+
+namespace DatabaseCreation {
+
+namespace {
+
+QByteArray resource(const QString& path) {
+    initResources();
+    QFile file(u":/data/"_qs + path);
+    if (!file.open(QIODevice::ReadOnly)) throw AppError(u"配布データ %1 が読めません。"_qs.arg(path), u"DatabaseCreation"_qs);
+    return file.readAll();
+}
+
+// Writes the rows of a data file into its table; a row whose key stands already is overwritten.
+void loadTable(Connection& connection, const Schema::Table& table, const QString& path) {
+    const QList<QStringList> lines = Csv::read(QString::fromUtf8(resource(path)));
+    clsSQLMaker maker;
+    maker.Prepare(connection, table.name);
+    const QStringList heads = lines.value(0);
+    for (const QStringList& line : lines.mid(1)) {
+        const auto fill = [&](bool keysApart) {
+            maker.RemoveAll();
+            for (int i = 0; i < heads.size(); ++i) {
+                if (keysApart && table.key.contains(heads.at(i))) maker.AddKey(heads.at(i), line.value(i));
+                else maker.AddData(heads.at(i), line.value(i));
+            }
+        };
+        fill(true);
+        if (!table.key.isEmpty() && connection.execute(maker.GetSqlForUpdate()) > 0) continue;
+        fill(false);
+        connection.execute(maker.GetSqlForInsert());
+    }
+}
+
+void loadFolder(Connection& connection, const QString& folder) {
+    initResources();
+    for (const Schema::Table& table : Schema::tables()) {
+        const QString path = folder + u'/' + table.name + u".csv"_qs;
+        if (QFile::exists(u":/data/"_qs + path)) loadTable(connection, table, path);
+    }
+    connection.advanceAutoKeys();
+}
+
+void fill(Connection& connection, Contents contents) {
+    connection.prepareNewDatabase();
+    Transaction transaction(connection);
+    createTables(connection);
+    loadDelivered(connection);
+    if (contents == Contents::WithSample) loadSample(connection);
+    transaction.commit();
+}
+
+void createFile(const ConnectionSettings& settings, Contents contents) {
+    if (QFileInfo::exists(settings.path))
+        throw AppError(u"データベースは既に存在します。\n"_qs + settings.path, u"DatabaseCreation"_qs);
+    QDir().mkpath(QFileInfo(settings.path).path());
+    // Made under another name, so that a broken-off creation never looks like a database.
+    const QString unfinished = settings.path + u".new"_qs;
+    QFile::remove(unfinished);
+    QFile empty(unfinished);
+    if (!empty.open(QIODevice::WriteOnly))
+        throw AppError(u"データベースを作成できません。\n"_qs + settings.path, u"DatabaseCreation"_qs);
+    empty.close();
+    try {
+        Connection connection(ConnectionSettings::sqliteFile(unfinished));
+        connection.open();
+        fill(connection, contents);
+    } catch (...) {
+        QFile::remove(unfinished);
+        throw;
+    }
+    if (!QFile::rename(unfinished, settings.path))
+        throw AppError(u"データベースを作成できません。\n"_qs + settings.path, u"DatabaseCreation"_qs);
+}
+
+// Any table, also one of another program: a database in use is never written to.
+bool holdsTables(Connection& connection) {
+    return connection.engineScalar(u"SELECT COUNT(*) FROM pg_tables WHERE schemaname = 'public'"_qs) != u"0";
+}
+
+void createOnServer(const ConnectionSettings& settings, Contents contents) {
+    ConnectionSettings administration = settings;
+    administration.database = u"postgres"_qs;
+    administration.administration = true;
+    Connection server(administration);
+    server.open();
+    const QString quoted = u'"' + QString(settings.database).remove(u'"') + u'"';
+    const bool exists = !server.engineScalar(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(
+                                                 QString(settings.database).replace(u"'"_qs, u"''"_qs)))
+                             .isEmpty();
+    if (!exists)
+        server.engineExecute(
+            u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(quoted));
+    try {
+        Connection connection(settings);
+        connection.open();
+        if (exists && holdsTables(connection))
+            throw AppError(u"データベースは既に存在します。\n"_qs + settings.description(), u"DatabaseCreation"_qs);
+        fill(connection, contents);
+    } catch (...) {
+        if (!exists) server.engineExecute(u"DROP DATABASE %1"_qs.arg(quoted));
+        throw;
+    }
+}
+
+} // namespace
+
+void create(const ConnectionSettings& settings, Contents contents, const std::function<void(const QString&)>& progress) {
+    if (progress) progress(u"データベースを作成しています: "_qs + settings.description());
+    if (settings.provider == Provider::SQLite) createFile(settings, contents);
+    else createOnServer(settings, contents);
+    if (progress) progress(u"データベースを作成しました。"_qs);
+}
+
+void createTables(Connection& connection) {
+    for (const Schema::Table& table : Schema::tables()) connection.createTable(table);
+}
+
+void loadDelivered(Connection& connection) { loadFolder(connection, u"seed"_qs); }
+
+void loadSample(Connection& connection) {
+    Transaction transaction(connection);
+    for (const QString& table : Schema::priceTables())
+        PriceFiles::importInto(connection, table, resource(u"sample/kakaku/"_qs + PriceFiles::sampleName(table)));
+    RebuildBaseElmtSelect(connection);
+    loadFolder(connection, u"sample"_qs);
+    transaction.commit();
+}
+
+} // namespace DatabaseCreation

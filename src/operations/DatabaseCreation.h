@@ -1,0 +1,28 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+
+#include <QString>
+
+#include <functional>
+
+class Connection;
+
+// A new database from the schema, the delivered rows and, if asked, the sample office.
+namespace DatabaseCreation {
+
+enum class Contents { Delivered, WithSample };
+
+// Makes the database that the settings name. Refuses to touch an existing one with an error; a failure leaves nothing
+// behind. `progress` gets a line for each step.
+void create(const ConnectionSettings& settings, Contents contents,
+            const std::function<void(const QString&)>& progress = {});
+
+// All tables of the schema, empty, in a database without any.
+void createTables(Connection& connection);
+// The rows that stand in every new database.
+void loadDelivered(Connection& connection);
+// The sample office and its price list, on top of the delivered rows. One transaction.
+void loadSample(Connection& connection);
+
+} // namespace DatabaseCreation
