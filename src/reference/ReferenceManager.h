@@ -28,6 +28,8 @@ public:
     ReferenceManager(QString table, typename TableManager<Record>::Fields fields, ReferenceKey<Record> key)
         : TableManager<Record>(std::move(table), std::move(fields)), m_key(std::move(key)) {}
 
+    virtual ~ReferenceManager() = default;
+
     // By "[順番]" the rows in use come first; the direction binds to the given order alone.
     virtual void GetList(QList<Record>& result, const QString& where, const QString& order,
                          Direction direction = Direction::Ascending) {

@@ -1,0 +1,212 @@
+#include "customers/clsCustomerManager.h"
+
+#include "base/AppError.h"
+#include "base/Application.h"
+#include "base/Seams.h"
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "db/clsAutoIdsManager.h"
+
+clsCustomerManager gCustomerManager;
+
+const QString automaticNumber = u"(自動採番)"_qs;
+
+namespace {
+
+const QStringList stamps{u"登録日"_qs, u"更新日"_qs};
+const QStringList keys{u"顧客ID"_qs, u"顧客枝番"_qs};
+
+QString keyFilter(const QString& CustId, const QString& CustSubId) {
+    return u"[顧客ID] = "_qs + sqlText(CustId) + u" and [顧客枝番] = "_qs + sqlNumber(CustSubId);
+}
+
+QString sameQuestion(const clsCustomer& customer) {
+    return u"  氏    名：（%1 %2）\n  生年月日：（%3）\n  住    所：（%4 %5%6）\n  電話番号：（%7）\n\n"
+           u"が同一のデータが既に登録済みです。同一顧客として枝番管理しますか？"_qs.arg(
+               customer.CustNm1, customer.CustNm2, customer.Birth, customer.Pref, customer.City, customer.Addr1,
+               customer.Tel);
+}
+
+} // namespace
+
+clsCustomerManager::clsCustomerManager()
+    : TableManager(u"顧客情報"_qs, {{&clsCustomer::CustId, u"顧客ID"_qs},
+                                    {&clsCustomer::CustSubId, u"顧客枝番"_qs},
+                                    {&clsCustomer::CustNo, u"顧客番号"_qs},
+                                    {&clsCustomer::CustNm1, u"名前1"_qs},
+                                    {&clsCustomer::CustNm2, u"名前2"_qs},
+                                    {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+                                    {&clsCustomer::CustKn2, u"フリガナ2"_qs},
+                                    {&clsCustomer::Sex, u"性別"_qs},
+                                    {&clsCustomer::Birth, u"生年月日"_qs},
+                                    {&clsCustomer::Zip, u"郵便番号"_qs},
+                                    {&clsCustomer::Pref, u"都道府県"_qs},
+                                    {&clsCustomer::City, u"市区郡"_qs},
+                                    {&clsCustomer::Addr1, u"住所1"_qs},
+                                    {&clsCustomer::Addr2, u"住所2"_qs},
+                                    {&clsCustomer::Tel, u"電話"_qs},
+                                    {&clsCustomer::Fax, u"FAX"_qs},
+                                    {&clsCustomer::mail, u"EMAIL"_qs},
+                                    {&clsCustomer::PriceType, u"価格区分"_qs},
+                                    {&clsCustomer::Insured, u"被保険者名"_qs},
+                                    {&clsCustomer::FamilyType, u"本人区分"_qs},
+                                    {&clsCustomer::AddDate, u"登録日"_qs},
+                                    {&clsCustomer::UpdDate, u"更新日"_qs},
+                                    {&clsCustomer::UpdUserNo, u"編集者No"_qs},
+                                    {&clsCustomer::Memo, u"備考"_qs}}) {}
+
+bool clsCustomerManager::GetData(const QString& CustId, const QString& CustSubId, clsCustomer& customer) {
+    return readFirst(customer, keyFilter(CustId, CustSubId));
+}
+
+void clsCustomerManager::DeleteData(const QString& CustId, const QString& CustSubId) {
+    execute(u"DELETE FROM [顧客情報] WHERE "_qs + keyFilter(CustId, CustSubId));
+}
+
+QString clsCustomerManager::GetNewSubId(const QString& CustId) {
+    const QString last = connection().scalar(u"SELECT MAX([顧客枝番]) AS [最終枝番] FROM [顧客情報]  WHERE [顧客ID] = "_qs +
+                                             sqlText(CustId));
+    return numberText(Val(last) + 1);
+}
+
+bool clsCustomerManager::FindSame(const clsCustomer& customer, clsCustomer& same) {
+    maker().RemoveAll();
+    for (const QString& column :
+         {u"名前1"_qs, u"名前2"_qs, u"性別"_qs, u"生年月日"_qs, u"郵便番号"_qs, u"都道府県"_qs, u"市区郡"_qs})
+        maker().AddKey(column, valueOf(customer, column));
+    QList<clsCustomer> found;
+    readList(found, maker().GetSqlForSelect());
+    if (found.isEmpty()) return false;
+    same = found.first();
+    return true;
+}
+
+bool clsCustomerManager::IsChanged(const clsCustomer& customer, const clsCustomer& stored) {
+    static const QList<QString clsCustomer::*> compared{
+        &clsCustomer::CustNo, &clsCustomer::CustNm1, &clsCustomer::CustNm2, &clsCustomer::CustKn1,
+        &clsCustomer::CustKn2, &clsCustomer::Sex, &clsCustomer::Birth, &clsCustomer::Zip,
+        &clsCustomer::Pref, &clsCustomer::City, &clsCustomer::Addr1, &clsCustomer::Addr2,
+        &clsCustomer::Tel, &clsCustomer::Fax, &clsCustomer::Insured, &clsCustomer::FamilyType,
+        &clsCustomer::Memo};
+    for (const auto member : compared)
+        if (Text::rightTrimmed(customer.*member) != Text::rightTrimmed(stored.*member)) return true;
+    return false;
+}
+
+bool clsCustomerManager::drawNewId(clsCustomer& customer) {
+    customer.CustId = gAutoIdsManager.GetNewId(u"顧客ID"_qs);
+    customer.CustSubId = u"1"_qs;
+    if (!customer.CustId.isEmpty()) return true;
+    ShowMessage(902, u"新規の顧客IDを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+    return false;
+}
+
+// Numbers typed by hand may run ahead of the counter, which then skips them.
+bool clsCustomerManager::drawNumber(clsCustomer& customer) {
+    if (!customer.CustNo.isEmpty() && customer.CustNo != automaticNumber) return true;
+    clsCustomer taken;
+    do {
+        const QString value = gAutoIdsManager.GetNewId(u"顧客番号"_qs);
+        if (value.isEmpty()) {
+            ShowMessage(902, u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+            return false;
+        }
+        customer.CustNo = gSysYear + value;
+    } while (readFirst(taken, u"顧客番号 = "_qs + sqlText(customer.CustNo)));
+    return true;
+}
+
+void clsCustomerManager::insertNew(const clsCustomer& customer) { insert(customer, columnsWithout(stamps)); }
+
+void clsCustomerManager::overwrite(const clsCustomer& customer) { update(customer, columnsWithout(stamps + keys), keys); }
+
+bool clsCustomerManager::SaveData(clsCustomer& customer) {
+    bool isNew = true;
+    if (!customer.CustId.isEmpty()) {
+        if (customer.CustSubId.isEmpty()) {
+            customer.CustSubId = GetNewSubId(customer.CustId);
+        } else {
+            clsCustomer stored;
+            isNew = !GetData(customer.CustId, customer.CustSubId, stored);
+        }
+    } else {
+        clsCustomer same;
+        const qint16 answer = FindSame(customer, same) ? ShowMessage(909, sameQuestion(customer)) : qint16(AnswerNo);
+        if (answer == AnswerYes) {
+            customer.CustId = same.CustId;
+            customer.CustSubId = GetNewSubId(same.CustId);
+            customer.CustNo = same.CustNo;
+        } else if (answer != AnswerNo || !drawNewId(customer)) {
+            return false;
+        }
+    }
+    if (!drawNumber(customer)) return false;
+    if (isNew) insertNew(customer);
+    else overwrite(customer);
+    return true;
+}
+
+bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
+    clsCustomer stored;
+    const bool known = !customer.CustId.isEmpty() && GetData(customer.CustId, customer.CustSubId, stored);
+    bool isNew = !known;
+    if (!known) {
+        if (!drawNewId(customer)) return false;
+    } else {
+        if (!IsChanged(customer, stored)) return true;
+        if (!confirmUpdate) throw AppError(u"顧客登録確認の画面がありません。"_qs, u"clsCustomerManager"_qs);
+        switch (confirmUpdate(stored, customer)) {
+        case CustomerUpdate::Closed: return false;
+        case CustomerUpdate::Overwrite: break;
+        case CustomerUpdate::NewBranch:
+            customer.CustSubId = GetNewSubId(customer.CustId);
+            isNew = true;
+            break;
+        case CustomerUpdate::NewCustomer:
+            if (!drawNewId(customer)) return false;
+            customer.CustNo.clear();
+            isNew = true;
+            break;
+        }
+    }
+    if (!drawNumber(customer)) return false;
+    if (isNew) insertNew(customer);
+    else overwrite(customer);
+    return true;
+}
+
+Recordset clsCustomerManager::GetSelectList(const QString& where, const QString& order) {
+    QString sql = u"SELECT [顧客ID], [顧客枝番], [顧客番号], [名前1] & '　' & [名前2] AS 顧客名,"
+                  u" [都道府県] & [市区郡] & [住所1] & [住所2] AS 住所, [電話], [生年月日] FROM [顧客情報]"_qs;
+    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
+    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    return connection().query(sql);
+}
+
+void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order) {
+    static const QList<Field<clsCustomer>> shown{
+        {&clsCustomer::CustId, u"顧客ID"_qs},    {&clsCustomer::CustSubId, u"顧客枝番"_qs},
+        {&clsCustomer::CustNo, u"顧客番号"_qs},  {&clsCustomer::CustNm1, u"名前1"_qs},
+        {&clsCustomer::CustNm2, u"名前2"_qs},    {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Tel, u"電話"_qs},
+        {&clsCustomer::Pref, u"都道府県"_qs},    {&clsCustomer::City, u"市区郡"_qs}};
+    QStringList columns;
+    for (const auto& field : shown) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
+    QString sql =
+        u" SELECT DISTINCT "_qs + columns.join(u", "_qs) +
+        u" FROM ((([顧客見積情報] INNER JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
+        u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
+        u" LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
+        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
+    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    WriteSqlLog(sql);
+    Recordset rows = connection().query(sql);
+    while (rows.next()) {
+        clsCustomer customer;
+        for (const auto& field : shown) customer.*field.member = rows.value(field.column);
+        result << customer;
+    }
+}

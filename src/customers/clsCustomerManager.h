@@ -1,0 +1,62 @@
+#pragma once
+
+#include "db/TableManager.h"
+
+#include <functional>
+
+// One branch of a person, table `顧客情報`. `CustId` identifies the person, `CustSubId` (from 1) a version of that
+// person. `PriceType` is the age tier text of the price lookup; no screen computes or offers it.
+struct clsCustomer {
+    QString CustId, CustSubId, CustNo;
+    QString CustNm1, CustNm2, CustKn1, CustKn2;
+    QString Sex, Birth;
+    QString Zip, Pref, City, Addr1, Addr2;
+    QString Tel, Fax, mail;
+    QString PriceType, Insured, FamilyType;
+    QString AddDate, UpdDate, UpdUserNo, Memo;
+};
+
+// What the operator decided about a stored customer that differs from what was typed.
+enum class CustomerUpdate { Closed = 0, Overwrite = 1, NewBranch = 2, NewCustomer = 3 };
+
+class clsCustomerManager : public TableManager<clsCustomer> {
+public:
+    clsCustomerManager();
+
+    bool GetData(const QString& CustId, const QString& CustSubId, clsCustomer& customer);
+    // Removes that branch's row alone; charts, insurances and estimates of the branch stay.
+    void DeleteData(const QString& CustId, const QString& CustSubId);
+
+    // The save of the customer screen: decides between a new person, a new branch and an update, asks about a person
+    // of the same name, birth date and address, and draws the numbers into the record. False: the operator cancelled
+    // or a number could not be drawn; nothing is written.
+    bool SaveData(clsCustomer& customer);
+    // The save of the estimate editor: a stored row that differs is put to the operator through `confirmUpdate`.
+    bool SaveDataFromEstimate(clsCustomer& customer);
+
+    // The largest branch number plus 1, "1" for a person without a branch.
+    QString GetNewSubId(const QString& CustId);
+    // A row of the same name, sex, birth date, postal code, prefecture and city: its id, branch and number.
+    bool FindSame(const clsCustomer& customer, clsCustomer& same);
+    // Compares what the estimate editor shows; mail address and age tier are not among it.
+    static bool IsChanged(const clsCustomer& customer, const clsCustomer& stored);
+
+    // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
+    Recordset GetSelectList(const QString& where, const QString& order);
+    // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.
+    void GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order);
+
+    // Filled by the screen that shows stored against entered values.
+    std::function<CustomerUpdate(const clsCustomer& stored, const clsCustomer& typed)> confirmUpdate;
+
+private:
+    bool drawNewId(clsCustomer& customer);
+    bool drawNumber(clsCustomer& customer);
+    void insertNew(const clsCustomer& customer);
+    void overwrite(const clsCustomer& customer);
+};
+
+extern clsCustomerManager gCustomerManager;
+
+// The text that stands for a customer or estimate number not drawn yet.
+extern const QString automaticNumber;
