@@ -9,6 +9,8 @@ using TestApplication = QCoreApplication;
 #endif
 
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 
 namespace {
 
@@ -19,10 +21,23 @@ int listClasses() {
     return unknownClass;
 }
 
+// An error that no test expected: its words, and not the core alone.
+[[noreturn]] void tellUnexpected() {
+    try {
+        if (std::current_exception()) throw;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "unexpected error: %s\n", error.what());
+    } catch (...) {
+        std::fprintf(stderr, "unexpected error of an unknown kind\n");
+    }
+    std::_Exit(EXIT_FAILURE);
+}
+
 } // namespace
 
 // The first argument names the test class; the rest are the options of Qt Test.
 int main(int argc, char** argv) {
+    std::set_terminate(tellUnexpected);
     TestApplication application(argc, argv);
     QStringList arguments = application.arguments();
     if (arguments.size() < 2) return listClasses();

@@ -1,7 +1,6 @@
 #include "app/basMain.h"
 
 #include "app/InstanceLock.h"
-#include "app/ManagerList.h"
 #include "app/frmMenu.h"
 #include "base/Application.h"
 #include "base/Seams.h"
@@ -9,6 +8,8 @@
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
 #include "db/clsDbManager.h"
+#include "db/clsSysSettingManager.h"
+#include "operations/Managers.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -72,13 +73,13 @@ void InitializeApp() {
     gLogger = std::make_unique<clsLogger>();
     logStart();
     gDbManager.DBOpen();
-    PrepareManagers(gDbManager.Connection());
-    gPriceYear = ReadPriceYear();
+    Managers::prepare(gDbManager.Connection());
+    gPriceYear = gSysSettingManager.value(20);
 }
 
 void TerminateApp() noexcept {
     ignoringErrors([] { gDbManager.DBClose(); });
-    ignoringErrors([] { ReleaseManagers(); });
+    ignoringErrors([] { Managers::release(); });
     ignoringErrors([] { writeLog(u"HALVANE normal ENDED"_qs); });
     gLogger.reset();
     instanceLock().release();

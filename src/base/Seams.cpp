@@ -17,7 +17,9 @@ qint16 answerOnConsole(const MessageBoxRequest& request) {
     return AnswerNone;
 }
 
-Seams defaults() {
+} // namespace
+
+Seams defaultSeams() {
     Seams seams;
     seams.message = answerOnConsole;
     seams.waitCursor = [](bool) {};
@@ -30,10 +32,8 @@ Seams defaults() {
     return seams;
 }
 
-} // namespace
-
 Seams& seams() {
-    static Seams instance = defaults();
+    static Seams instance = defaultSeams();
     return instance;
 }
 

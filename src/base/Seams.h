@@ -49,6 +49,8 @@ struct Seams {
 
 // The seams in force. Without a filled seam a message is written to standard error and answered with its default.
 Seams& seams();
+// The seams as they stand before anything fills them; tests go back to these.
+Seams defaultSeams();
 
 QDateTime currentDateTime();
 QDate currentDate();

@@ -119,5 +119,5 @@ private:
 QList<SqlToken> tokenizeSql(const QString& statement) { return Tokenizer(statement).run(); }
 
 void raiseSqlError(const QString& reason, const SqlToken& at) {
-    throw AppError(u"SQL文を解釈できません。%1（位置 %2）"_qs.arg(reason).arg(at.position + 1), u"SQL"_qs);
+    throw AppError(u"SQL文を解釈できません。%1（位置 %2）"_qs.arg(reason, QString::number(at.position + 1)), u"SQL"_qs);
 }

@@ -163,7 +163,8 @@ QString SqlTranslator::updateStatement() {
 QString SqlTranslator::deleteStatement() {
     acceptSymbol(u"*");
     expect(u"FROM");
-    return u"DELETE FROM "_qs + takeName() + clauses();
+    const QString text = u"DELETE FROM "_qs + takeName();
+    return text + clauses();
 }
 
 QString SqlTranslator::dropStatement() {
