@@ -1,5 +1,6 @@
 #include "ui/ChoiceBox.h"
 
+#include <QCompleter>
 #include <QStylePainter>
 #include <QWheelEvent>
 
@@ -10,6 +11,13 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     setPlaceholderText(u" "_qs); // with one, filling the list chooses nothing
     connect(this, &QComboBox::currentIndexChanged, this, &ChoiceBox::noteChange);
     connect(this, &QComboBox::editTextChanged, this, &ChoiceBox::noteChange);
+}
+
+void ChoiceBox::setEditable(bool editable) {
+    QComboBox::setEditable(editable);
+    if (!editable) return;
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setFilterMode(Qt::MatchContains);
 }
 
 void ChoiceBox::clearEntries() {

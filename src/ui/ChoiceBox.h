@@ -9,6 +9,9 @@ class ChoiceBox : public QComboBox {
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
 
+    // An editable box suggests the entries that hold what is typed, and never completes on its own.
+    void setEditable(bool editable);
+
     void addEntry(const QString& text, const QString& data = {}) { addItem(text, data); }
     void clearEntries();
 

@@ -156,9 +156,15 @@ void Grid::endEdit() {
     closeEditor(m_editor, QAbstractItemDelegate::NoHint);
 }
 
-void Grid::toggleCheck(int row, int column) {
+void Grid::giveUpEdit() {
+    if (m_editor) closeEditor(m_editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+bool Grid::toggleCheck(int row, int column) {
     const QModelIndex index = m_model->index(row - 1, column);
-    if (mayEdit(index)) takeEdit(index, isChecked(row, column) ? u"0"_qs : u"1"_qs);
+    if (!mayEdit(index)) return false;
+    takeEdit(index, isChecked(row, column) ? u"0"_qs : u"1"_qs);
+    return true;
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
@@ -170,8 +176,9 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter: return isReadOnly() ? emit rowOpened(currentRow()) : goToNextCell();
     case Qt::Key_Space:
-        if (ticks) return toggleCheck(currentRow(), currentColumn());
-        break;
+        if (!ticks) break;
+        toggleCheck(currentRow(), currentColumn());
+        return;
     case Qt::Key_Delete:
         if (!ticks && mayEdit(index)) takeEdit(index, {});
         return;

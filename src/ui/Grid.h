@@ -2,6 +2,7 @@
 
 #include "ui/GridModel.h"
 
+#include <QPointer>
 #include <QTableView>
 
 // A table of text cells. Rows count from 1 for the first data row; columns carry the numbers of the list that set them.
@@ -60,8 +61,14 @@ public:
     QWidget* editor() const { return m_editor; }
     // Ends the running edit, taking over what was typed.
     void endEdit();
-    // Turns a tick box as the operator would.
-    void toggleCheck(int row, int column);
+    // Ends it and leaves the cell as it was.
+    void giveUpEdit();
+    // The value that a text typed into a column means; nothing when its list does not take the text.
+    std::optional<QString> valueOfText(int column, const QString& text) const {
+        return m_model->valueOfText(column, text);
+    }
+    // Turns a tick box as the operator would; false when the cell refuses it.
+    bool toggleCheck(int row, int column);
 
     // --- sorting ---
     // Moves the mark to a column, or turns it where it stands. True when the column now sorts upwards (▲).

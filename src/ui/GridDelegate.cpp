@@ -8,7 +8,6 @@
 #include "ui/TextField.h"
 
 #include <QApplication>
-#include <QCompleter>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -49,8 +48,6 @@ QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
     auto* list = new ChoiceBox(parent);
     list->setEditable(true);
     for (const GridEntry& entry : m_grid->column(column).entries) list->addEntry(entry.listText(), entry.value);
-    list->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    list->completer()->setFilterMode(Qt::MatchContains);
     connect(list, &QComboBox::activated, this, [this, list] {
         auto* self = const_cast<GridDelegate*>(this);
         emit self->commitData(list);

@@ -3,8 +3,10 @@
 #include "base/Text.h"
 #include "base/basCommon.h"
 
+#include <QBrush>
+
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 GridEntry GridEntry::parse(const QString& text) {
     const qsizetype separator = text.indexOf(u';');

@@ -5,6 +5,8 @@
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 // The cells of a grid as text. Rows may come from a source that is asked for a row when it is first needed; from then
 // on the row is like any other. Rows and columns count from 0 here.

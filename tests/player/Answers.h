@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/Seams.h"
+
+#include <QList>
+
+// Answers every message box and file dialog of a scenario from what was prepared, and keeps what was said.
+class Answers {
+public:
+    // `folder` is where a relative path of a file dialog lies.
+    explicit Answers(QString folder) : m_folder(std::move(folder)) {}
+
+    // Puts itself into the seams.
+    void install();
+
+    void prepare(const QStringList& words);
+    void prepareFile(const QString& path);
+
+    void expectMessage(const QString& text);
+    void expectQuestion(const QString& text);
+    void expectNoMessage() const;
+
+    // From now on questions are answered so that screens close without saving.
+    void giveWay() { m_givesWay = true; }
+    // Why the scenario cannot go on; empty while all is well.
+    QString trouble() const { return m_trouble; }
+    // Everything that was said, in order.
+    const QStringList& said() const { return m_said; }
+
+private:
+    qint16 answer(const MessageBoxRequest& request);
+    qint16 preparedAnswer(const MessageBoxRequest& request);
+    QString nextFile(const QString& caption);
+
+    QString m_folder;
+    QStringList m_words;
+    QStringList m_files;
+    QStringList m_messages;  // not yet expected
+    QStringList m_questions; // answered and not yet expected
+    QStringList m_said;
+    QString m_trouble;
+    bool m_givesWay = false;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+// The looking steps on the topmost screen; each raises a StepFailure when it does not hold.
+namespace Expect {
+
+void screen(const QString& name);
+void title(const QString& text);
+void text(const QString& name, const QString& text);
+void cell(const QString& grid, int row, int column, const QString& text);
+void rows(const QString& grid, int count);
+void list(const QString& name, const QString& entries);
+void enabled(const QString& name, bool enabled);
+void visible(const QString& name, bool visible);
+void checked(const QString& name, bool checked);
+
+} // namespace Expect

@@ -1,0 +1,183 @@
+#include "Player.h"
+
+#include "Desk.h"
+#include "StepTable.h"
+#include "app/basMain.h"
+#include "base/AppError.h"
+#include "base/Text.h"
+#include "base/clsLogger.h"
+#include "base/clsProfile.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QPointer>
+#include <QStringDecoder>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+
+namespace {
+
+constexpr int longestStep = 10'000; // milliseconds
+
+// A file's text, whichever of the two codings it is in.
+QString readText(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw StepFailure{u"no file "_qs + path, u"the file"_qs};
+    const QByteArray bytes = file.readAll();
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    return utf8.hasError() ? Text::fromCp932(bytes) : text;
+}
+
+void expectContains(const QString& found, const QString& text) {
+    if (!found.contains(text)) throw StepFailure{found.trimmed(), text};
+}
+
+QString indented(const QString& text) { return QString(text).replace(u"\n"_qs, u"\n             "_qs); }
+
+} // namespace
+
+Player::Player(Scenario scenario, PlayOptions options)
+    : m_scenario(std::move(scenario)), m_options(std::move(options)), m_office(m_options.provider),
+      m_answers(m_office.folder()), m_papers(m_options.papers), m_formerSeams(seams()) {
+    m_answers.install();
+    seams().programFolder = [folder = m_office.folder()] { return folder; };
+    seams().letEventsRun = [this] {
+        const bool before = std::exchange(m_busy, true);
+        QCoreApplication::processEvents();
+        m_busy = before;
+    };
+}
+
+Player::~Player() { seams() = m_formerSeams; }
+
+bool Player::play() {
+    const bool quits = QApplication::quitOnLastWindowClosed();
+    QApplication::setQuitOnLastWindowClosed(false);
+    m_baseLoopLevel = QThread::currentThread()->loopLevel() + 1;
+    schedule();
+    m_loop.exec();
+    QApplication::setQuitOnLastWindowClosed(quits);
+    return !m_failed;
+}
+
+// --- the machine ---
+
+// Every turn of the machine is an event of its own, so that it goes on in the loop of a screen that a step opened.
+void Player::schedule(int milliseconds) { QTimer::singleShot(milliseconds, this, &Player::tick); }
+
+void Player::tick() {
+    m_watchdog.beat(m_scenario.file + u':' + QString::number(currentLine()));
+    const bool leaving = QThread::currentThread()->loopLevel() > m_baseLoopLevel + Desk::modalScreens();
+    if (m_busy || leaving) return schedule(1);
+    if (!m_failed && m_stepTime.isValid() && m_stepTime.elapsed() > longestStep)
+        fail({u"the step took longer than 10 seconds"_qs, u"the screens at rest"_qs});
+    if (!m_failed && !Desk::isAtRest()) return schedule(1);
+    if (!m_failed && !m_answers.trouble().isEmpty()) fail({m_answers.trouble(), u"a prepared answer"_qs});
+    if (isOver()) return closeEverything();
+    schedule();
+    advance();
+}
+
+bool Player::isOver() const {
+    return m_failed || (m_continuations.empty() && m_next >= m_scenario.steps.size());
+}
+
+void Player::advance() {
+    m_stepTime.start();
+    if (m_continuations.empty()) return runStep(m_scenario.steps.at(m_next++));
+    const auto work = std::move(m_continuations.front());
+    m_continuations.pop_front();
+    attempt(work);
+}
+
+void Player::runStep(const Step& step) {
+    const StepKind* kind = kindOf(step);
+    if (kind->effect == StepKind::Acts) m_papers.forget();
+    attempt([this, kind, &step] { kind->run(*this, step, argumentsOf(step, *kind)); });
+}
+
+void Player::attempt(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const StepFailure& failure) {
+        fail(failure);
+    } catch (const AppError& error) {
+        fail({error.description(), u"no error"_qs});
+    }
+}
+
+// --- failure and end ---
+
+int Player::currentLine() const { return m_next > 0 ? m_scenario.steps.at(m_next - 1).line : 0; }
+
+void Player::fail(const StepFailure& failure) {
+    if (m_failed) return;
+    m_failed = true;
+    m_continuations.clear();
+    const QString step = m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString();
+    m_report = u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs
+                   .arg(m_scenario.file)
+                   .arg(currentLine())
+                   .arg(step, indented(failure.found), indented(failure.expected),
+                        Desk::openScreens().join(u" > "_qs), indented(m_answers.said().join(u'\n')));
+    if (m_options.outFolder.isEmpty() || !Desk::topmostOrNone()) return;
+    const QString picture = outFile(QFileInfo(m_scenario.file).completeBaseName() + u"-failed"_qs, u"png"_qs);
+    if (Desk::topmost()->grab().save(picture)) m_report += u"  picture:   %1\n"_qs.arg(picture);
+}
+
+// One screen in each turn, from the top, until the loop of this player is the innermost again.
+void Player::closeEverything() {
+    m_answers.giveWay();
+    if (const QPointer<QWidget> top = Desk::topmostOrNone()) {
+        top->close();
+        if (top && top->isVisible()) top->hide();
+        return schedule();
+    }
+    TerminateApp();
+    m_loop.quit();
+}
+
+// --- steps of the program as a whole ---
+
+void Player::startProgram() { Main(); }
+
+void Player::stopProgram() {
+    QWidget* top = Desk::topmost();
+    if (top->objectName() != u"frmMenu") throw StepFailure{u"the open screen "_qs + top->objectName(), u"frmMenu"_qs};
+    top->close();
+}
+
+void Player::writeIni(const QString& section, const QString& key, const QString& value) {
+    if (gLogger) throw StepFailure{u"the program is running"_qs, u"ini before start"_qs};
+    clsProfile(m_office.iniFile()).SaveValue(section, key, value);
+}
+
+void Player::expectSql(const QString& select, const QString& value) {
+    const QString found = m_office.scalar(select);
+    if (found != value) throw StepFailure{found, value};
+}
+
+void Player::expectLog(const QString& text) {
+    const QString folder = clsProfile().GetPath(u"Log"_qs, u"Path"_qs);
+    const QString name = u"Log%1.txt"_qs.arg(currentDate().toString(u"yyyyMMdd"_qs));
+    expectContains(readText(QDir(folder).filePath(name)), text);
+}
+
+void Player::expectFile(const QString& path, const QString& text) {
+    expectContains(readText(QDir(m_office.folder()).absoluteFilePath(path)), text);
+}
+
+QString Player::outFile(const QString& name, const QString& suffix) const {
+    const QDir folder(m_options.outFolder.isEmpty() ? m_office.folder() : m_options.outFolder);
+    folder.mkpath(u"."_qs);
+    return folder.filePath(name.endsWith(u'.' + suffix) ? name : name + u'.' + suffix);
+}
+
+void Player::takeShot(const QString& name) {
+    const QString file = outFile(name, u"png"_qs);
+    if (!Desk::topmost()->grab().save(file)) throw StepFailure{u"the file cannot be written: "_qs + file, u"a picture"_qs};
+}

@@ -1,0 +1,70 @@
+#include "Player.h"
+#include "StepTable.h"
+#include "ui/Style.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int usageError = 2;
+
+bool check(const Scenario& scenario) {
+    for (const QString& fault : scenario.faults) std::printf("%s\n", qUtf8Printable(fault));
+    return scenario.faults.isEmpty();
+}
+
+bool playFile(const Scenario& scenario, const PlayOptions& options) {
+    if (!check(scenario)) return false;
+    Player player(scenario, options);
+    const bool held = player.play();
+    std::printf("%s", held ? qUtf8Printable(u"ok %1\n"_qs.arg(scenario.file)) : qUtf8Printable(player.report()));
+    std::fflush(stdout);
+    return held;
+}
+
+std::optional<Provider> providerOf(const QString& name) {
+    if (name == u"SQLite") return Provider::SQLite;
+    if (name == u"PostgreSQL") return Provider::PostgreSQL;
+    return std::nullopt;
+}
+
+int usage(const QString& complaint) {
+    std::fprintf(stderr, "halvane-play: %s\n", qUtf8Printable(complaint));
+    return usageError;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    application.setApplicationName(u"Halvane"_qs);
+    Style::apply(application);
+
+    QCommandLineParser line;
+    line.setApplicationDescription(u"Plays the screens from text files."_qs);
+    line.addHelpOption();
+    const QCommandLineOption out(u"out"_qs, u"Folder for pictures and PDFs."_qs, u"DIR"_qs);
+    const QCommandLineOption provider(u"provider"_qs, u"SQLite or PostgreSQL."_qs, u"NAME"_qs, u"SQLite"_qs);
+    const QCommandLineOption list(u"list"_qs, u"Prints the steps with their meaning."_qs);
+    const QCommandLineOption checkOnly(u"check"_qs, u"Reads the files without playing them."_qs);
+    line.addOptions({out, provider, list, checkOnly});
+    line.addPositionalArgument(u"FILE"_qs, u"Scenarios to play."_qs, u"FILE..."_qs);
+    line.process(application);
+
+    if (line.isSet(list)) return std::printf("%s", qUtf8Printable(stepList())) < 0;
+    if (line.positionalArguments().isEmpty()) return usage(u"no file given"_qs);
+    const auto chosen = providerOf(line.value(provider));
+    if (!chosen) return usage(u"unknown provider "_qs + line.value(provider));
+
+    bool allHold = true;
+    for (const QString& file : line.positionalArguments()) {
+        const Scenario scenario = readScenario(file);
+        const bool holds = line.isSet(checkOnly) ? check(scenario)
+                                                 : playFile(scenario, {*chosen, line.value(out), PaperSource()});
+        allHold = allHold && holds;
+    }
+    return allHold ? EXIT_SUCCESS : EXIT_FAILURE;
+}
