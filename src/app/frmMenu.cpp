@@ -3,6 +3,7 @@
 #include "app/MenuOpeners.h"
 #include "app/basMain.h"
 #include "base/Application.h"
+#include "db/TableMaintenance.h"
 #include "db/clsDbManager.h"
 #include "ui_frmMenu.h"
 
@@ -52,6 +53,7 @@ void frmMenu::connectOpeners() {
 
 void frmMenu::load() {
     ui->lblVer->setText(programVersion());
+    TableMaintenance(gDbManager.Connection());
     ui->cbSelectMenu_0->setFocus();
 }
 

@@ -1,36 +1,26 @@
 #include "Office.h"
 
-#include "base/Text.h"
-#include "db/Connection.h"
+#include "operations/DatabaseCreation.h"
 
-#include <QFile>
+#include <QDir>
 
 namespace {
 
-constexpr char iniForm[] = "[DB]\r\nPath=.\r\nDatabase=Halvane.db\r\nProvider=SQLite\r\n[Log]\r\nPath=log\r\n";
+TestDatabase::Contents deliveredOn(Provider provider) {
+    qputenv("HALVANE_TEST_PROVIDER", provider == Provider::PostgreSQL ? "PostgreSQL" : "SQLite");
+    return TestDatabase::Contents::Delivered;
+}
 
 } // namespace
 
-Office::Office(Provider) {
-    QFile ini(iniFile());
-    if (ini.open(QIODevice::WriteOnly)) ini.write(iniForm);
-    m_settings = ConnectionSettings::sqliteFile(m_folder.filePath(u"Halvane.db"_qs));
+Office::Office(Provider provider) : m_database(deliveredOn(provider)) {
+    m_database.writeProfile(u"[Log]\r\nPath=log\r\n"_qs);
 }
 
-Office::~Office() = default;
+QString Office::iniFile() const { return QDir(folder()).filePath(u"Halvane.ini"_qs); }
 
-QString Office::iniFile() const { return m_folder.filePath(u"Halvane.ini"_qs); }
+void Office::loadSample() { DatabaseCreation::loadSample(*m_database.another()); }
 
-void Office::loadSample() {}
+void Office::execute(const QString& statement) { m_database.another()->execute(statement); }
 
-void Office::execute(const QString& statement) {
-    Connection connection(m_settings);
-    connection.open();
-    connection.execute(statement);
-}
-
-QString Office::scalar(const QString& select) {
-    Connection connection(m_settings);
-    connection.open();
-    return connection.scalar(select);
-}
+QString Office::scalar(const QString& select) { return m_database.another()->scalar(select); }

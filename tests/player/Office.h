@@ -1,18 +1,14 @@
 #pragma once
 
-#include "db/ConnectionSettings.h"
+#include "support/TestDatabase.h"
 
-#include <QTemporaryDir>
-
-// A fresh program folder with an INI file and a new database, for one scenario. It takes everything away again.
+// A fresh program folder with an INI file and a new database of the delivered rows, for one scenario. It takes
+// everything away again.
 class Office {
 public:
     explicit Office(Provider provider);
-    ~Office();
-    Office(const Office&) = delete;
-    Office& operator=(const Office&) = delete;
 
-    QString folder() const { return m_folder.path(); }
+    QString folder() const { return m_database.folder(); }
     QString iniFile() const;
     // Fills the database with the sample office and its price list.
     void loadSample();
@@ -21,6 +17,5 @@ public:
     QString scalar(const QString& select);
 
 private:
-    QTemporaryDir m_folder;
-    ConnectionSettings m_settings;
+    TestDatabase m_database;
 };

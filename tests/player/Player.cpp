@@ -42,17 +42,14 @@ QString indented(const QString& text) { return QString(text).replace(u"\n"_qs, u
 
 Player::Player(Scenario scenario, PlayOptions options)
     : m_scenario(std::move(scenario)), m_options(std::move(options)), m_office(m_options.provider),
-      m_answers(m_office.folder()), m_papers(m_options.papers), m_formerSeams(seams()) {
+      m_answers(m_office.folder()), m_papers(m_options.papers) {
     m_answers.install();
-    seams().programFolder = [folder = m_office.folder()] { return folder; };
     seams().letEventsRun = [this] {
         const bool before = std::exchange(m_busy, true);
         QCoreApplication::processEvents();
         m_busy = before;
     };
 }
-
-Player::~Player() { seams() = m_formerSeams; }
 
 bool Player::play() {
     const bool quits = QApplication::quitOnLastWindowClosed();

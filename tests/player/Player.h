@@ -27,7 +27,6 @@ class Player : public QObject {
 
 public:
     Player(Scenario scenario, PlayOptions options);
-    ~Player() override;
 
     // Plays to the end or to the first failure, and leaves no screen open. True when all steps hold.
     bool play();
@@ -65,7 +64,6 @@ private:
     Office m_office;
     Answers m_answers;
     Papers m_papers;
-    Seams m_formerSeams;
     QEventLoop m_loop;
     QElapsedTimer m_stepTime;
     Watchdog m_watchdog;

@@ -1,5 +1,6 @@
 #include "Player.h"
 #include "StepTable.h"
+#include "base/AppError.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -10,19 +11,29 @@
 namespace {
 
 constexpr int usageError = 2;
+constexpr int noServer = 77; // the test is told as skipped
 
 bool check(const Scenario& scenario) {
     for (const QString& fault : scenario.faults) std::printf("%s\n", qUtf8Printable(fault));
     return scenario.faults.isEmpty();
 }
 
+// Empty when the file holds, else the note on its failure.
+QString play(const Scenario& scenario, const PlayOptions& options) {
+    try {
+        Player player(scenario, options);
+        return player.play() ? QString() : player.report();
+    } catch (const AppError& error) {
+        return u"%1: %2\n"_qs.arg(scenario.file, error.description());
+    }
+}
+
 bool playFile(const Scenario& scenario, const PlayOptions& options) {
     if (!check(scenario)) return false;
-    Player player(scenario, options);
-    const bool held = player.play();
-    std::printf("%s", held ? qUtf8Printable(u"ok %1\n"_qs.arg(scenario.file)) : qUtf8Printable(player.report()));
+    const QString failure = play(scenario, options);
+    std::printf("%s", qUtf8Printable(failure.isEmpty() ? u"ok %1\n"_qs.arg(scenario.file) : failure));
     std::fflush(stdout);
-    return held;
+    return failure.isEmpty();
 }
 
 std::optional<Provider> providerOf(const QString& name) {
@@ -58,6 +69,11 @@ int main(int argc, char** argv) {
     if (line.positionalArguments().isEmpty()) return usage(u"no file given"_qs);
     const auto chosen = providerOf(line.value(provider));
     if (!chosen) return usage(u"unknown provider "_qs + line.value(provider));
+
+    if (*chosen == Provider::PostgreSQL && qEnvironmentVariableIsEmpty("HALVANE_TEST_PG")) {
+        std::fprintf(stderr, "halvane-play: HALVANE_TEST_PG names no server\n");
+        return noServer;
+    }
 
     bool allHold = true;
     for (const QString& file : line.positionalArguments()) {
