@@ -1,0 +1,46 @@
+#include "estimates/EstimateAmounts.h"
+
+#include "base/Text.h"
+#include "base/basCommon.h"
+#include "price/basPriceLookup.h"
+
+namespace {
+
+qint32 discountOf(const QString& text) { return IsNumericText(text, false) ? ToInt16(Val(text)) : 100; }
+
+// Each line is rounded as it is added.
+template <class Line> qint32 totalOf(const QList<Line>& lines) {
+    qint32 total = 0;
+    for (const Line& line : lines) total = ToInt(total + Val(line.Price));
+    return total;
+}
+
+} // namespace
+
+EstimateAmounts recalcAmounts(const Percentages& percentages, const QList<clsCsMakeElmt>& makeElements,
+                              const QList<clsCsCmpltElmt>& completeParts) {
+    EstimateAmounts amounts;
+    const double tax = IsNumericText(percentages.tax, false) ? Val(percentages.tax) : 0;
+    CalcAmounts(totalOf(makeElements), totalOf(completeParts), discountOf(percentages.discount1),
+                discountOf(percentages.discount2), discountOf(percentages.discount3), tax, amounts.makeElements,
+                amounts.completeParts, amounts.tax, amounts.total);
+    return amounts;
+}
+
+QString storedDiscount(const QString& text) {
+    return IsNumericText(text, false) ? Text::rightTrimmed(text) : u"100"_qs;
+}
+
+QString storedTax(const QString& text) { return IsNumericText(text, false) ? Text::rightTrimmed(text) : u"0"_qs; }
+
+QString lineAmount(const QString& unitPrice, const QString& quantity) {
+    return numberText(Val(unitPrice) * Val(quantity));
+}
+
+Money sumOfAmounts(const QStringList& amounts) {
+    Money sum;
+    for (const QString& amount : amounts) sum += Money::leadingNumber(amount);
+    return sum;
+}
+
+qint32 percentageOf(const QString& percent, qint32 remainder) { return ToInt(Val(percent) / 100 * remainder); }

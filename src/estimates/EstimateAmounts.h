@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/Money.h"
+#include "estimates/EstimateRecords.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// The money of an estimate in whole yen. A percentage is the part that stays payable: 95 takes five percent off.
+
+// The percentages as they stand in their boxes.
+struct Percentages {
+    QString discount1, discount2; // on base and make elements
+    QString discount3;            // on complete parts
+    QString tax;
+};
+
+struct EstimateAmounts {
+    qint32 makeElements = 0; // after the discounts
+    qint32 completeParts = 0;
+    qint32 tax = 0;
+    qint32 total = 0;
+
+    qint32 beforeTax() const { return makeElements + completeParts; }
+};
+
+// The amounts of all lines of all items. A discount that is no number counts as 100, a tax as 0; a line amount counts
+// with the number at its start. Raises an overflow error beyond 32 bits.
+EstimateAmounts recalcAmounts(const Percentages& percentages, const QList<clsCsMakeElmt>& makeElements,
+                              const QList<clsCsCmpltElmt>& completeParts);
+
+// What a save stores for the text of a box: itself when it is a number, else 100, or 0 for the tax.
+QString storedDiscount(const QString& text);
+QString storedTax(const QString& text);
+
+// Unit price times quantity as plain text, not rounded; both count with the number at their start.
+QString lineAmount(const QString& unitPrice, const QString& quantity);
+
+// The sum of amounts as texts, an empty one counting 0.
+Money sumOfAmounts(const QStringList& amounts);
+
+// A percentage of a remainder in whole yen, ties to even.
+qint32 percentageOf(const QString& percent, qint32 remainder);

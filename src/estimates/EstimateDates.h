@@ -1,0 +1,41 @@
+#pragma once
+
+#include "estimates/EstimateRecords.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// What follows from the work dates of an estimate.
+
+namespace WorkStatus {
+inline const QString Nothing = u"9"_qs;
+inline const QString Reception = u"8"_qs;
+inline const QString Estimate = u"7"_qs;
+inline const QString Voucher = u"6"_qs;
+inline const QString Casting = u"5"_qs;
+inline const QString Fitting = u"4"_qs;
+inline const QString Completion = u"3"_qs;
+inline const QString Delivery = u"2"_qs;
+inline const QString Payment = u"1"_qs;
+inline const QString Uncollected = u"99"_qs;
+// The name by which the operator's own choice of 未回収 is recognised.
+inline const QString UncollectedName = u"未回収"_qs;
+} // namespace WorkStatus
+
+// The number of the last stage that has its date; a gap before it does not matter. Payment needs at least one claim
+// line, and a payment date on every one.
+QString statusOf(const clsCsEstimate& estimate, const QList<clsCsEstAsk>& claims);
+
+// The latest of the dates when each one is there, as "yyyy/mm/dd"; else empty.
+QString latestOfAll(const QStringList& dates);
+
+// Completes 請求完了日 and 入金完了日 from the claim lines where they are empty.
+void completeFromClaims(clsCsEstimate& estimate, const QList<clsCsEstAsk>& claims);
+
+// A date so many days on; empty when the date is none or the days are empty.
+QString plannedDate(const QString& from, const QString& days);
+
+// The date so many years after the application date, as "yyyy/mm/dd"; empty for an empty number.
+QString lifeEndDate(const QString& years);

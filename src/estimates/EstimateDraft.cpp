@@ -1,0 +1,271 @@
+#include "estimates/EstimateDraft.h"
+
+#include "base/Application.h"
+#include "base/Seams.h"
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "customers/clsCsInsManager.h"
+#include "db/clsDbManager.h"
+#include "db/clsSysSettingManager.h"
+#include "estimates/EstimateDates.h"
+#include "estimates/EstimateManagers.h"
+#include "reference/ReferenceManagers.h"
+
+namespace {
+
+constexpr int taxSetting = 2;
+
+// The save of one draft, step by step. A step that the operator refuses answers false.
+class Saver {
+public:
+    explicit Saver(EstimateDraft draft) : m_draft(std::move(draft)) {}
+
+    bool run() {
+        const QString shownId = m_draft.customer.CustId;
+        const QString shownBranch = m_draft.customer.CustSubId;
+        if (!mayOverwrite() || !saveCustomer() || !savePrefecture() || !saveClaims() || !saveChart(shownId, shownBranch) ||
+            !confirmTax())
+            return false;
+        saveMakers();
+        saveHeader();
+        saveRows();
+        return true;
+    }
+
+    const EstimateDraft& draft() const { return m_draft; }
+
+private:
+    clsCsEstimate& estimate() { return m_draft.estimate; }
+
+    // Another machine may have stored the estimate since it was loaded.
+    bool mayOverwrite() {
+        clsCsEstimate stored;
+        if (estimate().EstId.isEmpty() || !gCsEstimateManager.GetData(estimate().EstId, stored)) return true;
+        if (stored.UpdDate == estimate().UpdDate) return true;
+        return ShowMessage(905, u"他の端末で更新されています。上書きしますか？"_qs) == AnswerYes;
+    }
+
+    bool saveCustomer() {
+        clsCustomer& customer = m_draft.customer;
+        if (customer.CustNo == automaticNumber) customer.CustNo.clear();
+        customer.UpdUserNo = QString::number(gUserNo);
+        if (!gCustomerManager.SaveDataFromEstimate(customer)) return false;
+        estimate().CustId = customer.CustId;
+        estimate().CustSubId = customer.CustSubId;
+        return true;
+    }
+
+    bool savePrefecture() {
+        clsPrefecture pair;
+        pair.Pref = m_draft.customer.Pref;
+        pair.City = m_draft.customer.City;
+        if (!pair.Pref.isEmpty() || !pair.City.isEmpty()) gPrefectureManager.SaveData(pair);
+        return true;
+    }
+
+    bool saveClaims() {
+        for (ClaimRow& row : m_draft.claims) {
+            if (!row.isUsed()) continue;
+            clsClaim claim;
+            claim.ClaimNo = row.ClaimNo;
+            claim.ClaimCd = row.ClaimCd;
+            claim.ClaimNm = row.ClaimNm;
+            if (gClaimManager.ReconcileData(claim) == Reconciled::Cancelled) return false;
+            row.ClaimNo = claim.ClaimNo;
+            row.ClaimNm = claim.ClaimNm;
+            gInsClaimManager.ReconcileData(row.InsNo, row.ClaimNo);
+            clsCsIns ins{m_draft.customer.CustId, m_draft.customer.CustSubId, {}, row.InsNo};
+            gCsInsManager.AddIfMissing(ins);
+        }
+        return true;
+    }
+
+    bool saveChart(const QString& shownId, const QString& shownBranch) {
+        clsChart& chart = m_draft.chart;
+        clsOrder order;
+        order.OrderNo = chart.OrderNo;
+        order.OrderCd = m_draft.orderCd;
+        order.OrderNm = chart.OrderNm;
+        if (gOrderManager.ReconcileData(order) == Reconciled::Cancelled) return false;
+        chart.OrderNo = order.OrderNo;
+        chart.OrderNm = order.OrderNm;
+        chart.DoctorNo = doctorNumber(chart);
+        chart.CustId = m_draft.customer.CustId;
+        chart.CustSubId = m_draft.customer.CustSubId;
+        chart.UpdUserNo = QString::number(gUserNo);
+        const bool moved = shownId != chart.CustId || shownBranch != chart.CustSubId;
+        if (!chart.ChartNo.isEmpty() && !shownId.isEmpty() && moved)
+            gChartManager.CopyData(shownId, shownBranch, chart.CustId, chart.CustSubId, gUserNo);
+        gChartManager.SaveFromEstimate(chart, estimate().EstId.isEmpty() ? clsChartManager::Mode::NewEstimate
+                                                                         : clsChartManager::Mode::StoredEstimate);
+        estimate().ChartNo = chart.ChartNo;
+        return true;
+    }
+
+    static QString doctorNumber(const clsChart& chart) {
+        if (Text::rightTrimmed(chart.DoctorNm).isEmpty()) return {};
+        clsDoctor doctor;
+        doctor.DoctorNm = chart.DoctorNm;
+        doctor.OrderNo = chart.OrderNo;
+        gDoctorManager.AddByName(doctor);
+        return doctor.DoctorNo;
+    }
+
+    // A new estimate with another tax than the setting is more often a slip than a wish.
+    bool confirmTax() {
+        if (!estimate().EstNo.isEmpty()) return true;
+        const QString setting = gSysSettingManager.value(taxSetting).trimmed();
+        const QString tax = estimate().Tax.trimmed();
+        if (tax == setting) return true;
+        return ShowMessage(905, u"消費税相当額がシステム設定の値と異なります。\nこのまま登録しますか？\n\n"
+                                u"消費税相当額：%1\nシステム設定：%2"_qs.arg(tax, setting)) == AnswerYes;
+    }
+
+    static void saveMaker(QString& number, const QString& name) {
+        number.clear();
+        if (Text::rightTrimmed(name).isEmpty()) return;
+        clsProducer producer;
+        producer.ProducerNm = name;
+        gProducerManager.AddByName(producer);
+        number = producer.ProducerNo;
+    }
+
+    void saveMakers() {
+        saveMaker(estimate().Charge1No, estimate().Charge1Nm);
+        saveMaker(estimate().ProducerNo, estimate().ProducerNm);
+    }
+
+    void saveHeader() {
+        const QList<clsCsEstAsk> claims = m_draft.claimLines();
+        completeFromClaims(estimate(), claims);
+        estimate().ProcKbnNo = m_draft.uncollected ? WorkStatus::Uncollected : statusOf(estimate(), claims);
+        estimate().UpdUserNo = QString::number(gUserNo);
+        gCsEstimateManager.SaveData(estimate());
+    }
+
+    void saveRows() {
+        const QString EstId = estimate().EstId;
+        for (clsCsItem& item : m_draft.items) item.EstId = EstId;
+        gCsItemManager.SaveData(m_draft.items);
+        saveLines(gCsMakeElmtManager, m_draft.lines.make.stored(EstId), EstId);
+        saveLines(gCsCmpltElmtManager, m_draft.lines.parts.stored(EstId), EstId);
+        // Without a claim row the old claim rows stay.
+        gCsEstAskManager.SaveData(m_draft.claimLines());
+    }
+
+    template <class Manager, class Line> static void saveLines(Manager& manager, const QList<Line>& lines, const QString& EstId) {
+        if (lines.isEmpty()) manager.DeleteData(EstId);
+        else manager.SaveData(lines);
+    }
+
+    EstimateDraft m_draft;
+};
+
+ClaimRow rowOf(const clsCsEstAsk& ask) {
+    ClaimRow row;
+    row.InsNo = ask.InsNo;
+    row.ClaimNo = ask.ClaimNo;
+    row.ClaimNm = ask.ClaimNm;
+    row.ask = ask;
+    clsIns ins;
+    if (Val(ask.InsNo) != 0 && gInsManager.GetData(ask.InsNo, ins)) row.InsNm = ins.InsNm;
+    clsClaim claim;
+    if (Val(ask.ClaimNo) != 0 && gClaimManager.GetData(ask.ClaimNo, claim)) row.ClaimCd = claim.ClaimCd;
+    return row;
+}
+
+// A stored line has no unit price of its own; it is what makes the amount of its quantity.
+template <class Line> void addUnitPrices(QList<Line>& lines) {
+    for (Line& line : lines)
+        line.UnitPrice = Val(line.Suryo) == 0 ? line.Price : numberText(Val(line.Price) / Val(line.Suryo));
+}
+
+} // namespace
+
+QList<ClaimRow> EstimateDraft::usedClaims() const {
+    QList<ClaimRow> used;
+    for (const ClaimRow& row : claims)
+        if (row.isUsed()) used << row;
+    return used;
+}
+
+QList<clsCsEstAsk> EstimateDraft::claimLines() const {
+    QList<clsCsEstAsk> lines;
+    for (const ClaimRow& row : usedClaims()) {
+        clsCsEstAsk line = row.ask;
+        line.EstId = estimate.EstId;
+        line.AskNo = QString::number(lines.size() + 1);
+        line.InsNo = row.InsNo;
+        line.ClaimNo = row.ClaimNo;
+        line.ClaimNm = row.ClaimNm;
+        lines << line;
+    }
+    if (!lines.isEmpty() && !partialPayment.isEmpty()) lines.first().PayPrice = formatWhole(partialPayment);
+    return lines;
+}
+
+SaveResult saveEstimate(EstimateDraft& draft) {
+    if (draft.lines.isEmpty()) {
+        ShowMessage(124, u"見積明細(基本・製作要素／完成要素)"_qs);
+        return SaveResult::Refused;
+    }
+    Transaction transaction(gDbManager.Connection());
+    Saver saver(draft);
+    if (!saver.run()) return SaveResult::Refused;
+    transaction.commit();
+    draft = saver.draft();
+    return SaveResult::Saved;
+}
+
+bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
+    draft = {};
+    clsCsEstimate& estimate = draft.estimate;
+    if (!gCsEstimateManager.GetData(EstId, estimate)) return false;
+    if (!estimate.CustId.isEmpty()) {
+        gCustomerManager.GetData(estimate.CustId, estimate.CustSubId, draft.customer);
+        gChartManager.GetData(estimate.CustId, estimate.CustSubId, estimate.ChartNo, draft.chart);
+    }
+    clsOrder order;
+    if (Val(draft.chart.OrderNo) != 0 && gOrderManager.GetData(draft.chart.OrderNo, order)) draft.orderCd = order.OrderCd;
+
+    const QString where = u"[見積ID] = "_qs + sqlText(EstId);
+    gCsItemManager.GetList(draft.items, where, u"[見積ID],[見積種目No]"_qs);
+    QList<clsCsMakeElmt> make;
+    QList<clsCsCmpltElmt> parts;
+    gCsMakeElmtManager.GetList(make, where, u"[見積ID],[見積種目No],[要素No]"_qs);
+    gCsCmpltElmtManager.GetList(parts, where, u"[見積ID],[見積種目No],[要素No]"_qs);
+    addUnitPrices(make);
+    addUnitPrices(parts);
+    draft.lines.make.setAll(make);
+    draft.lines.parts.setAll(parts);
+
+    QList<clsCsEstAsk> asks;
+    gCsEstAskManager.GetList(asks, where, u"[見積ID],[請求No]"_qs);
+    for (const clsCsEstAsk& ask : asks) draft.claims << rowOf(ask);
+    if (!asks.isEmpty()) draft.partialPayment = asks.first().PayPrice;
+    draft.uncollected = estimate.ProcKbnNo == WorkStatus::Uncollected;
+    return true;
+}
+
+void deleteEstimate(const QString& EstId) {
+    Transaction transaction(gDbManager.Connection());
+    gCsEstAskManager.DeleteData(EstId);
+    gCsMakeElmtManager.DeleteData(EstId);
+    gCsCmpltElmtManager.DeleteData(EstId);
+    gCsItemManager.DeleteData(EstId);
+    gCsEstimateManager.DeleteData(EstId);
+    transaction.commit();
+}
+
+QList<ClaimRow> insuranceRowsOf(const QString& CustId, const QString& CustSubId) {
+    QList<clsCsIns> laws;
+    gCsInsManager.GetList(laws, u"[顧客ID] = "_qs + sqlText(CustId) + u" AND [顧客枝番] = "_qs + sqlNumber(CustSubId),
+                          u"[顧客ID],[顧客枝番],[項番]"_qs);
+    QList<ClaimRow> rows;
+    for (const clsCsIns& law : laws.mid(0, claimRowCount)) {
+        clsCsEstAsk ask;
+        ask.InsNo = law.InsNo;
+        rows << rowOf(ask);
+    }
+    return rows;
+}
