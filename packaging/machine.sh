@@ -1,0 +1,82 @@
+# What the commands need of a Debian 12 machine. Sourced by ./run and ./test.
+
+# A name, then why it is there.
+build_packages=(
+    g++                   # the compiler
+    cmake                 # the build's description
+    ninja-build           # the build's driver
+    ccache                # a second build takes seconds
+    qt6-base-dev          # windows, printing, SQL, test frame
+    libicu-dev            # code page 932, widths and kana
+)
+program_packages=(
+    libqt6sql6-sqlite     # the database in a file
+    libqt6sql6-psql       # the database on a server
+    qt6-translations-l10n # Qt's own buttons and dialogs in Japanese
+    fonts-noto-cjk        # letters on the screen
+    fonts-ipaexfont       # letters on paper
+)
+test_packages=(
+    postgresql-15         # the server that the tests start for themselves
+    poppler-utils         # reads back the PDFs that the program writes
+)
+bench_packages=(
+    libbenchmark-dev      # timing of functions
+)
+vnc_packages=(
+    xvfb                  # a display without a screen
+    x11vnc                # shows it to a viewer
+    openbox               # frames around the windows
+)
+
+say() { printf '\n== %s\n' "$*"; }
+
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+missing_packages() {
+    local name
+    for name in "$@"; do
+        [[ $(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null) == installed ]] || echo "$name"
+    done
+}
+
+as_root() {
+    if ((EUID == 0)); then "$@"; else sudo "$@"; fi
+}
+
+apt() {
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get --quiet --yes -o DPkg::Lock::Timeout=600 "$@" </dev/null
+}
+
+# Installs those of the named packages that the machine lacks; touches nothing when it has them all.
+ensure_packages() {
+    command -v dpkg-query >/dev/null ||
+        fail "This machine is not Debian. Install what corresponds to: $*"
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]})) || return 0
+    ((EUID == 0)) || command -v sudo >/dev/null ||
+        fail "Missing packages: ${missing[*]}
+Install them as root (apt-get install ${missing[*]}) or make sudo available."
+    say "Installing ${missing[*]}"
+    apt update && apt install --no-install-recommends "${missing[@]}" ||
+        fail "Installing ${missing[*]} failed; the lines above tell why."
+}
+
+# The toolkit wants a UTF-8 locale; the bare machine has this one.
+use_utf8() {
+    [[ $(locale charmap 2>/dev/null) == UTF-8 ]] || export LC_ALL=C.UTF-8
+}
+
+# configure_and_build PRESET TARGET...
+configure_and_build() {
+    local preset=$1
+    shift
+    say "Building ($preset)"
+    cmake --preset "$preset" --log-level=WARNING
+    cmake --build --preset "$preset" --parallel "$(nproc)" --target "$@"
+}
