@@ -5,7 +5,6 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/clsCsInsManager.h"
-#include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateManagers.h"
@@ -190,26 +189,26 @@ QList<ClaimRow> EstimateDraft::usedClaims() const {
 }
 
 QList<clsCsEstAsk> EstimateDraft::claimLines() const {
-    QList<clsCsEstAsk> lines;
+    QList<clsCsEstAsk> asks;
     for (const ClaimRow& row : usedClaims()) {
         clsCsEstAsk line = row.ask;
         line.EstId = estimate.EstId;
-        line.AskNo = QString::number(lines.size() + 1);
+        line.AskNo = QString::number(asks.size() + 1);
         line.InsNo = row.InsNo;
         line.ClaimNo = row.ClaimNo;
         line.ClaimNm = row.ClaimNm;
-        lines << line;
+        asks << line;
     }
-    if (!lines.isEmpty() && !partialPayment.isEmpty()) lines.first().PayPrice = formatWhole(partialPayment);
-    return lines;
+    if (!asks.isEmpty() && !partialPayment.isEmpty()) asks.first().PayPrice = formatWhole(partialPayment);
+    return asks;
 }
 
-SaveResult saveEstimate(EstimateDraft& draft) {
+SaveResult saveEstimate(Connection& connection, EstimateDraft& draft) {
     if (draft.lines.isEmpty()) {
         ShowMessage(124, u"見積明細(基本・製作要素／完成要素)"_qs);
         return SaveResult::Refused;
     }
-    Transaction transaction(gDbManager.Connection());
+    Transaction transaction(connection);
     Saver saver(draft);
     if (!saver.run()) return SaveResult::Refused;
     transaction.commit();
@@ -247,8 +246,8 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
     return true;
 }
 
-void deleteEstimate(const QString& EstId) {
-    Transaction transaction(gDbManager.Connection());
+void deleteEstimate(Connection& connection, const QString& EstId) {
+    Transaction transaction(connection);
     gCsEstAskManager.DeleteData(EstId);
     gCsMakeElmtManager.DeleteData(EstId);
     gCsCmpltElmtManager.DeleteData(EstId);

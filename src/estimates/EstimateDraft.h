@@ -41,14 +41,14 @@ enum class SaveResult { Saved, Refused };
 // Writes customer, chart, insurances, header, items, lines and claims in one transaction, or nothing. The numbers drawn
 // stand in the draft afterwards. Questions are put through `ShowMessage`; a refusal rolls back and leaves the draft as
 // it was. Failures rise after the rollback.
-SaveResult saveEstimate(EstimateDraft& draft);
+SaveResult saveEstimate(Connection& connection, EstimateDraft& draft);
 
 // Reads a stored estimate with all that hangs on it. False when there is no such estimate. Its amounts are those
 // stored; a customer or chart that is gone leaves empty members.
 bool loadEstimate(const QString& EstId, EstimateDraft& draft);
 
 // Removes an estimate and its rows in one transaction; customer and chart stay.
-void deleteEstimate(const QString& EstId);
+void deleteEstimate(Connection& connection, const QString& EstId);
 
 // The insurance rows of a customer branch, at most 4, without payers.
 QList<ClaimRow> insuranceRowsOf(const QString& CustId, const QString& CustSubId);

@@ -1,0 +1,118 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "base/basCommon.h"
+#include "estimates/EstimateAmounts.h"
+
+#include <QTest>
+
+namespace {
+
+QList<clsCsMakeElmt> makeLines(const QStringList& prices) {
+    QList<clsCsMakeElmt> lines;
+    for (const QString& price : prices) {
+        clsCsMakeElmt line;
+        line.Price = price;
+        lines << line;
+    }
+    return lines;
+}
+
+QList<clsCsCmpltElmt> partLines(const QStringList& prices) {
+    QList<clsCsCmpltElmt> lines;
+    for (const QString& price : prices) {
+        clsCsCmpltElmt line;
+        line.Price = price;
+        lines << line;
+    }
+    return lines;
+}
+
+} // namespace
+
+class EstimateAmountsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void noLinesGiveFourZeros() {
+        const EstimateAmounts amounts = recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"6"_qs}, {}, {});
+        QCOMPARE(amounts.makeElements, 0);
+        QCOMPARE(amounts.completeParts, 0);
+        QCOMPARE(amounts.tax, 0);
+        QCOMPARE(amounts.total, 0);
+    }
+
+    void clearedDiscountCountsAs100AndIsStoredSo() {
+        const EstimateAmounts amounts = recalcAmounts({{}, u"100"_qs, u"100"_qs, u"0"_qs}, makeLines({u"1000"_qs}), {});
+        QCOMPARE(amounts.makeElements, 1000);
+        QCOMPARE(storedDiscount({}), u"100"_qs);
+        QCOMPARE(storedDiscount(u"95 "_qs), u"95"_qs);
+    }
+
+    void taxThatIsNoNumberCountsAs0AndIsStoredSo() {
+        const EstimateAmounts amounts =
+            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"abc"_qs}, makeLines({u"1000"_qs}), {});
+        QCOMPARE(amounts.tax, 0);
+        QCOMPARE(storedTax(u"abc"_qs), u"0"_qs);
+        QCOMPARE(storedTax(u"6"_qs), u"6"_qs);
+    }
+
+    void twoDiscountsMultiply_data() {
+        QTest::addColumn<QString>("price");
+        QTest::addColumn<int>("base");
+        QTest::newRow("whole") << u"10000"_qs << 9025;
+        QTest::newRow("rounds down") << u"10010"_qs << 9034;
+        QTest::newRow("rounds up") << u"1010"_qs << 912;
+    }
+
+    void twoDiscountsMultiply() {
+        QFETCH(QString, price);
+        QFETCH(int, base);
+        const EstimateAmounts amounts = recalcAmounts({u"95"_qs, u"95"_qs, u"100"_qs, u"0"_qs}, makeLines({price}), {});
+        QCOMPARE(amounts.makeElements, base);
+    }
+
+    void exactHalfGoesToTheEvenNeighbour() {
+        QCOMPARE(ToInt(2.5), 2);
+        QCOMPARE(ToInt(3.5), 4);
+        QCOMPARE(ToInt(-2.5), -2);
+    }
+
+    void taxIsCutDownToWholeYen() {
+        const EstimateAmounts amounts =
+            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"5"_qs}, makeLines({u"1000"_qs}), partLines({u"19"_qs}));
+        QCOMPARE(amounts.beforeTax(), 1019);
+        QCOMPARE(amounts.tax, 50);
+        QCOMPARE(amounts.total, 1069);
+    }
+
+    void emptyAmountCounts0InASum() {
+        QCOMPARE(sumOfAmounts({u"1,000"_qs, {}, u"500"_qs, {}}).toYen(), 1500);
+    }
+
+    void textThatIsNoNumberCountsWithTheNumberAtItsStart() {
+        const EstimateAmounts amounts = recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs},
+                                                      makeLines({u"1,200円"_qs, u"約300"_qs, u"50"_qs}), {});
+        QCOMPARE(amounts.makeElements, 1250);
+    }
+
+    void amountOfALineIsNotRounded() {
+        QCOMPARE(lineAmount(u"5000"_qs, u"3"_qs), u"15000"_qs);
+        QCOMPARE(lineAmount(u"333"_qs, u"1.5"_qs), u"499.5"_qs);
+        QCOMPARE(lineAmount({}, u"3"_qs), u"0"_qs);
+    }
+
+    void sumBeyond32BitsOverflows() {
+        QVERIFY_EXCEPTION_THROWN(recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs},
+                                               makeLines({u"2000000000"_qs, u"2000000000"_qs}), {}),
+                                 AppError);
+    }
+
+    void percentageOfARemainderRoundsTiesToEven() {
+        QCOMPARE(percentageOf(u"50"_qs, 5), 2);
+        QCOMPARE(percentageOf(u"30"_qs, 1000), 300);
+    }
+};
+
+HALVANE_TEST(EstimateAmountsTest)
+#include "EstimateAmountsTest.moc"

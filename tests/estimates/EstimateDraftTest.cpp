@@ -1,0 +1,316 @@
+#include "HalvaneTest.h"
+#include "support/TestDatabase.h"
+
+#include "base/AppError.h"
+#include "base/Seams.h"
+#include "customers/clsCsInsManager.h"
+#include "estimates/EstimateDraft.h"
+#include "estimates/EstimateManagers.h"
+
+#include <QTest>
+
+namespace {
+
+clsCsMakeElmt makeLine(int item, const QString& element, const QString& price) {
+    clsCsMakeElmt line;
+    line.EstItemNo = QString::number(item);
+    line.MakeElmt = element;
+    line.Materials = u"＊"_qs;
+    line.Suryo = u"1"_qs;
+    line.Price = price;
+    return line;
+}
+
+ClaimRow claimRow(const QString& insNo, const QString& price = {}) {
+    ClaimRow row;
+    row.InsNo = insNo;
+    row.ask.AskPrice = price;
+    return row;
+}
+
+EstimateDraft newOrder() {
+    EstimateDraft draft;
+    draft.customer.CustNm1 = u"見本"_qs;
+    draft.customer.CustNm2 = u"花子"_qs;
+    draft.customer.CustNo = automaticNumber;
+    draft.customer.Birth = u"1960/04/01"_qs;
+    draft.chart.DiseaseNm = u"変形性膝関節症"_qs;
+    clsCsItem item;
+    item.EstItemNo = u"1"_qs;
+    item.Item = u"下肢装具"_qs;
+    item.PickKbn = u"E-4"_qs;
+    draft.items << item;
+    draft.lines.make.replace(1, {makeLine(1, u"基本価格"_qs, u"30000"_qs), makeLine(1, u"支持部"_qs, u"5000"_qs)});
+    draft.claims << claimRow(u"1"_qs, u"30000"_qs) << claimRow(u"99"_qs, u"7100"_qs);
+    draft.estimate.Tax = u"6"_qs;
+    draft.estimate.Total = u"35000"_qs;
+    draft.estimate.EstSum = u"37100"_qs;
+    return draft;
+}
+
+} // namespace
+
+class EstimateDraftTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestDatabase> m_database;
+    QStringList m_messages;
+    QList<qint16> m_answers;
+
+    Connection& connection() { return m_database->connection(); }
+    QString scalar(const QString& sql) { return connection().scalar(sql); }
+    SaveResult save(EstimateDraft& draft) { return saveEstimate(connection(), draft); }
+
+    QStringList rowCounts() {
+        QStringList counts;
+        for (const QString& table : {u"顧客情報"_qs, u"顧客カルテ"_qs, u"顧客保険"_qs, u"顧客見積情報"_qs, u"顧客見積種目"_qs,
+                                     u"顧客見積基本製作要素"_qs, u"顧客見積完成要素"_qs, u"顧客見積請求"_qs})
+            counts << scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table));
+        return counts;
+    }
+
+private slots:
+    void init() {
+        m_database = std::make_unique<TestDatabase>();
+        m_database->prepareManagers();
+        m_messages.clear();
+        m_answers.clear();
+        seams().message = [this](const MessageBoxRequest& request) {
+            m_messages << request.text;
+            if (request.buttons == MessageButtons::Ok) return qint16(AnswerNone);
+            if (m_answers.isEmpty()) throw AppError(u"unprepared question: "_qs + request.text);
+            return m_answers.takeFirst();
+        };
+    }
+
+    void cleanup() { m_database.reset(); }
+
+    void oneSaveWritesTheWholeOrder() {
+        EstimateDraft draft = newOrder();
+        QCOMPARE(save(draft), SaveResult::Saved);
+        QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs, u"2"_qs}));
+        QCOMPARE(draft.customer.CustSubId, u"1"_qs);
+        QVERIFY(draft.estimate.EstNo.endsWith(u"000001"_qs));
+        QCOMPARE(scalar(u"SELECT [要素No] FROM [顧客見積基本製作要素] WHERE [製作要素] = '支持部'"_qs), u"2"_qs);
+        QVERIFY(m_messages.isEmpty());
+    }
+
+    void orderWithoutLinesWritesNothing() {
+        EstimateDraft draft = newOrder();
+        draft.lines.clear();
+        QCOMPARE(save(draft), SaveResult::Refused);
+        QCOMPARE(m_messages, QStringList(u"見積明細(基本・製作要素／完成要素)が設定されていません。"_qs));
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客情報]"_qs), u"0"_qs);
+    }
+
+    void noToTheTaxQuestionLeavesNoRowsAtAll() {
+        EstimateDraft draft = newOrder();
+        draft.estimate.Tax = u"10"_qs;
+        m_answers << AnswerNo;
+        QCOMPARE(save(draft), SaveResult::Refused);
+        QVERIFY(m_messages.first().contains(u"消費税相当額：10\nシステム設定：6"_qs));
+        QCOMPARE(rowCounts(), QStringList(8, u"0"_qs));
+        QCOMPARE(scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '顧客ID'"_qs), u"00000000"_qs);
+        QCOMPARE(draft.customer.CustId, QString());
+    }
+
+    void taxOfAStoredEstimateIsNotQuestioned() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        QVERIFY(loadEstimate(draft.estimate.EstId, stored));
+        stored.estimate.Tax = u"10"_qs;
+        QCOMPARE(save(stored), SaveResult::Saved);
+        QVERIFY(m_messages.isEmpty());
+    }
+
+    void uncollectedSurvivesPaymentDatesOnAllClaims() {
+        EstimateDraft draft = newOrder();
+        draft.uncollected = true;
+        for (ClaimRow& row : draft.claims) row.ask.PayDate = u"2026/10/01"_qs;
+        save(draft);
+        QCOMPARE(scalar(u"SELECT [処理区分] FROM [顧客見積情報]"_qs), u"99"_qs);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        QVERIFY(stored.uncollected);
+        save(stored);
+        QCOMPARE(scalar(u"SELECT [処理区分] FROM [顧客見積情報]"_qs), u"99"_qs);
+    }
+
+    void removedClaimRowIsGoneFromTheOrder() {
+        EstimateDraft draft = newOrder();
+        draft.claims << claimRow(u"12"_qs, u"0"_qs);
+        save(draft);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積請求]"_qs), u"3"_qs);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.claims.removeAt(1);
+        save(stored);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積請求]"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT [法別No] FROM [顧客見積請求] WHERE [請求No] = 2"_qs), u"12"_qs);
+    }
+
+    void allClaimRowsRemovedKeepTheOldOnes() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.claims.clear();
+        save(stored);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積請求]"_qs), u"2"_qs);
+    }
+
+    void savingTwiceAddsALawOnce() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        save(stored);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客保険]"_qs), u"2"_qs);
+    }
+
+    void advancePaymentWinsInTheFirstClaim() {
+        EstimateDraft draft = newOrder();
+        draft.partialPayment = u"3,000"_qs;
+        draft.claims[0].ask.PayPrice = u"5000"_qs;
+        save(draft);
+        QCOMPARE(scalar(u"SELECT [領収金額] FROM [顧客見積請求] WHERE [請求No] = 1"_qs), u"3000"_qs);
+    }
+
+    void emptyAdvancePaymentLeavesTheAmountReceived() {
+        EstimateDraft draft = newOrder();
+        draft.claims[0].ask.PayPrice = u"5000"_qs;
+        save(draft);
+        QCOMPARE(scalar(u"SELECT [領収金額] FROM [顧客見積請求] WHERE [請求No] = 1"_qs), u"5000"_qs);
+    }
+
+    void changedCustomerAsksAndANewBranchTakesChartsAndLaws() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.customer.Addr1 = u"新しい町 1-2-3"_qs;
+        int asked = 0;
+        gCustomerManager.confirmUpdate = [&asked](const clsCustomer&, const clsCustomer&) {
+            ++asked;
+            return CustomerUpdate::NewBranch;
+        };
+        QCOMPARE(save(stored), SaveResult::Saved);
+        QCOMPARE(asked, 1);
+        QCOMPARE(stored.customer.CustSubId, u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客保険] WHERE [顧客枝番] = 2"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT [顧客枝番] FROM [顧客見積情報]"_qs), u"2"_qs);
+    }
+
+    void closedCustomerQuestionWritesNothing() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.customer.CustNm1 = u"改姓"_qs;
+        stored.estimate.EstNm = u"別の名前"_qs;
+        gCustomerManager.confirmUpdate = [](const clsCustomer&, const clsCustomer&) { return CustomerUpdate::Closed; };
+        QCOMPARE(save(stored), SaveResult::Refused);
+        QCOMPARE(scalar(u"SELECT [見積名称] FROM [顧客見積情報]"_qs), QString());
+    }
+
+    void newOrderReusesAChartThatFits() {
+        EstimateDraft first = newOrder();
+        save(first);
+        EstimateDraft second = newOrder();
+        second.customer = first.customer;
+        save(second);
+        QCOMPARE(second.estimate.ChartNo, first.estimate.ChartNo);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"1"_qs);
+    }
+
+    void changedChartOfAStoredOrderCanBeKeptApart() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.chart.DiseaseNm = u"脳卒中"_qs;
+        m_answers << AnswerYes;
+        save(stored);
+        QCOMPARE(m_messages, QStringList(u"[病名原因]が変更されています。\n顧客カルテ情報を別管理しますか?"_qs));
+        QCOMPARE(scalar(u"SELECT [カルテNo] FROM [顧客見積情報]"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"2"_qs);
+    }
+
+    void orderStoredByAnotherMachineAsksFirst() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft mine, theirs;
+        loadEstimate(draft.estimate.EstId, mine);
+        loadEstimate(draft.estimate.EstId, theirs);
+        const QDateTime later = QDateTime::currentDateTime().addSecs(60);
+        seams().now = [later] { return later; };
+        theirs.estimate.EstNm = u"先の保存"_qs;
+        save(theirs);
+        mine.estimate.EstNm = u"後の保存"_qs;
+        m_answers << AnswerNo << AnswerYes;
+        QCOMPARE(save(mine), SaveResult::Refused);
+        QCOMPARE(m_messages, QStringList(u"他の端末で更新されています。上書きしますか？"_qs));
+        QCOMPARE(scalar(u"SELECT [見積名称] FROM [顧客見積情報]"_qs), u"先の保存"_qs);
+        QCOMPARE(save(mine), SaveResult::Saved);
+        QCOMPARE(scalar(u"SELECT [見積名称] FROM [顧客見積情報]"_qs), u"後の保存"_qs);
+    }
+
+    void linesFollowTheirItemsThroughALoad() {
+        EstimateDraft draft = newOrder();
+        clsCsItem second = draft.items.first();
+        second.EstItemNo = u"2"_qs;
+        draft.items << second;
+        draft.lines.make.replace(2, {makeLine(2, u"加算"_qs, u"700"_qs)});
+        save(draft);
+        EstimateDraft stored;
+        QVERIFY(loadEstimate(draft.estimate.EstId, stored));
+        QCOMPARE(stored.lines.make.of(1).size(), 2);
+        QCOMPARE(stored.lines.make.of(2).size(), 1);
+        QCOMPARE(stored.lines.make.of(2).first().UnitPrice, u"700"_qs);
+    }
+
+    void lastLineOfATableGoesWithItsSave() {
+        EstimateDraft draft = newOrder();
+        clsCsCmpltElmt part;
+        part.PartsNm = u"足継手"_qs;
+        part.Price = u"9000"_qs;
+        part.Suryo = u"1"_qs;
+        draft.lines.parts.replace(1, {part});
+        save(draft);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.lines.parts.clear();
+        save(stored);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積完成要素]"_qs), u"0"_qs);
+    }
+
+    void deletedOrderLeavesCustomerAndChart() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        deleteEstimate(connection(), draft.estimate.EstId);
+        QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs}));
+    }
+
+    void customerWithFiveLawsShowsTheFirstFour() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        for (const QString& law : {u"7"_qs, u"8"_qs, u"10"_qs}) {
+            clsCsIns ins{draft.customer.CustId, draft.customer.CustSubId, {}, law};
+            gCsInsManager.AddIfMissing(ins);
+        }
+        QCOMPARE(insuranceRowsOf(draft.customer.CustId, draft.customer.CustSubId).size(), 4);
+    }
+
+    void typedTextThatIsNoNumberFailsWithItsMessageAndWritesNothing() {
+        EstimateDraft draft = newOrder();
+        draft.claims[0].ask.AskPrice = u"abc"_qs;
+        QVERIFY_EXCEPTION_THROWN(save(draft), AppError);
+        QCOMPARE(rowCounts(), QStringList(8, u"0"_qs));
+    }
+};
+
+HALVANE_TEST(EstimateDraftTest)
+#include "EstimateDraftTest.moc"
