@@ -1,6 +1,9 @@
 #include "ui/basControlUtil.h"
 
 #include "base/basCommon.h"
+#include "db/clsAssistManager.h"
+#include "db/clsSysSettingManager.h"
+#include "reference/ReferenceManagers.h"
 #include "ui/ChoiceBox.h"
 
 #include <QTabBar>
@@ -9,6 +12,12 @@ namespace {
 
 const QString kanaTabs = u"全あかさたなはまやらわ他"_qs;
 
+template <class Record>
+void fill(ChoiceBox* list, ListHead head, const QList<Record>& rows, QString Record::*text, QString Record::*number) {
+    BeginList(list, head);
+    for (const Record& row : rows) list->addEntry(row.*text, row.*number);
+}
+
 } // namespace
 
 void BeginList(ChoiceBox* list, ListHead head) {
@@ -16,6 +25,8 @@ void BeginList(ChoiceBox* list, ListHead head) {
     if (head.all) list->addEntry(allEntry);
     if (head.none) list->addEntry(noneEntry);
 }
+
+void AddListEntry(ChoiceBox* list, const QString& text, const QString& data) { list->addEntry(text, data); }
 
 QString FilterText(const ChoiceBox* list) {
     const QString text = list->text();
@@ -28,6 +39,55 @@ void FillCommaList(ChoiceBox* list, const QString& text, ListHead head) {
 }
 
 QStringList SideEntries() { return {u"なし"_qs, u"左"_qs, u"右"_qs, u"両"_qs}; }
+
+void FillPrefList(ChoiceBox* list, ListHead head) {
+    QList<clsPrefecture> rows;
+    gPrefectureManager.GetPrefGrpList(rows);
+    fill(list, head, rows, &clsPrefecture::Pref, &clsPrefecture::PrefNo);
+}
+
+void FillCityList(ChoiceBox* list, const QString& pref, ListHead head) {
+    QList<clsPrefecture> rows;
+    gPrefectureManager.GetCityGrpList(rows, pref.isEmpty() ? QString() : u"[都道府県] = '%1'"_qs.arg(SqlQuote(pref)));
+    fill(list, head, rows, &clsPrefecture::City, &clsPrefecture::PrefNo);
+}
+
+void FillDoctorList(ChoiceBox* list, const QString& where, ListHead head) {
+    QList<clsDoctor> rows;
+    gDoctorManager.GetList(rows, where, u"[順番]"_qs);
+    fill(list, head, rows, &clsDoctor::DoctorNm, &clsDoctor::DoctorNo);
+}
+
+void FillProducerList(ChoiceBox* list, const QString& where, ListHead head) {
+    QList<clsProducer> rows;
+    gProducerManager.GetList(rows, where, u"[順番]"_qs);
+    fill(list, head, rows, &clsProducer::ProducerNm, &clsProducer::ProducerNo);
+}
+
+void FillInsList(ChoiceBox* list, const QString& where, const QString& order, ListHead head) {
+    QList<clsIns> rows;
+    gInsManager.GetList(rows, where, order);
+    fill(list, head, rows, &clsIns::InsNm, &clsIns::InsNo);
+}
+
+void FillAssistList(ChoiceBox* list, int group, const QString& order, ListHead head) {
+    QList<clsAssist> rows;
+    gAssistManager.GetList(rows, u"[分類] = %1"_qs.arg(group), order);
+    fill(list, head, rows, &clsAssist::AsstView, &clsAssist::AsstNo);
+}
+
+void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head) {
+    QList<clsSysSetting> rows;
+    gSysSettingManager.GetList(rows, u"[No] IN (%1)"_qs.arg(settingNumbers), u"[設定値]"_qs);
+    fill(list, head, rows, &clsSysSetting::SetValue, &clsSysSetting::No);
+}
+
+QString PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues) {
+    QStringList terms;
+    for (const auto& [column, value] : columnsAndValues)
+        if (!value.isEmpty()) terms << u"[%1]  LIKE '%%2%'"_qs.arg(column, SqlQuote(value, true));
+    return terms.join(u" AND "_qs);
+}
 
 void FillKanaTabs(QTabBar* tabs) {
     while (tabs->count() > 0) tabs->removeTab(0);

@@ -2,7 +2,10 @@
 
 #include "ui/GridColumn.h"
 
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 class ChoiceBox;
 class QTabBar;
@@ -26,12 +29,39 @@ struct ListHead {
 
 // Empties a list and puts its head in; every filling routine begins with it. The shown choice is gone.
 void BeginList(ChoiceBox* list, ListHead head = {});
+void AddListEntry(ChoiceBox* list, const QString& text, const QString& data);
 // The text to filter by: empty when nothing, （全て） or （なし） is chosen.
 QString FilterText(const ChoiceBox* list);
 // One entry for each comma field of a text such as "100,95,70", with itself as item data.
 void FillCommaList(ChoiceBox* list, const QString& text, ListHead head = {});
 // The entries of 左右区分.
 QStringList SideEntries();
+
+// Lists from the managers, each in its natural order; an entry carries its number as item data.
+void FillPrefList(ChoiceBox* list, ListHead head = {});
+// The cities of a prefecture; of all when it is empty.
+void FillCityList(ChoiceBox* list, const QString& pref, ListHead head = {});
+// `where` is a filter such as "[有効Flg] = 0".
+void FillDoctorList(ChoiceBox* list, const QString& where = {}, ListHead head = {});
+void FillProducerList(ChoiceBox* list, const QString& where = {}, ListHead head = {});
+// `order` is "[法別No]" or "[順番]".
+void FillInsList(ChoiceBox* list, const QString& where, const QString& order, ListHead head = {});
+// The values of a group (see `AssistGroup`); `order` is "[設定値]" or "[管理No]".
+void FillAssistList(ChoiceBox* list, int group, const QString& order = u"[管理No]"_qs, ListHead head = {});
+// The values of numbered settings, such as "2,3" for the two tax rates.
+void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head = {});
+// One text of each row that a price group list of the managers gives, with its ID as item data:
+// FillPriceList(list, gPriceItemManager, &clsPriceItemManager::GetItemGrpList, &clsPriceItem::Item, where).
+template <class Manager, class Record>
+void FillPriceList(ChoiceBox* list, Manager& manager, void (Manager::*getGroup)(QList<Record>&, const QString&),
+                   QString Record::*text, const QString& where = {}, ListHead head = {}) {
+    QList<Record> rows;
+    (manager.*getGroup)(rows, where);
+    BeginList(list, head);
+    for (const Record& row : rows) AddListEntry(list, row.*text, row.ID);
+}
+// "[種目]  LIKE '%…%'" for each column with a value, joined by " AND ".
+QString PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues);
 
 // --- kana tabs ---
 

@@ -1,0 +1,101 @@
+#include "HalvaneTest.h"
+
+#include "ui/ChoiceBox.h"
+#include "ui/basControlUtil.h"
+
+#include <QSignalSpy>
+#include <QTabBar>
+
+class ChoiceBoxTest : public QObject {
+    Q_OBJECT
+
+private:
+    static void fill(ChoiceBox& box) {
+        box.addEntry(u"東京都"_qs, u"13"_qs);
+        box.addEntry(u"大阪府"_qs, u"27"_qs);
+    }
+
+private slots:
+    void nothingIsChosenAfterFilling() {
+        ChoiceBox box;
+        fill(box);
+        QCOMPARE(box.text(), QString());
+        QCOMPARE(box.data(), QString());
+    }
+
+    void chosenEntryGivesItsData() {
+        ChoiceBox box;
+        fill(box);
+        box.setText(u"大阪府"_qs);
+        QCOMPARE(box.data(), u"27"_qs);
+        QVERIFY(box.chooseByData(u"13"_qs));
+        QCOMPARE(box.text(), u"東京都"_qs);
+        QVERIFY(!box.chooseByData(u"99"_qs));
+        QCOMPARE(box.data(), QString());
+    }
+
+    void showsATextThatIsNotInTheList() {
+        for (const bool editable : {false, true}) {
+            ChoiceBox box;
+            box.setEditable(editable);
+            fill(box);
+            box.setText(u"琉球"_qs);
+            QCOMPARE(box.text(), u"琉球"_qs);
+            QCOMPARE(box.data(), QString());
+            box.setText(u"大阪府"_qs);
+            QCOMPARE(box.data(), u"27"_qs);
+        }
+    }
+
+    void typedTextBesideAnOlderChoiceHasNoData() {
+        ChoiceBox box;
+        box.setEditable(true);
+        fill(box);
+        box.setText(u"大阪府"_qs);
+        box.setEditText(u"大阪"_qs);
+        QCOMPARE(box.data(), QString());
+        box.setEditText(u"東京都"_qs);
+        QCOMPARE(box.data(), u"13"_qs);
+    }
+
+    void changesAreTold() {
+        ChoiceBox box;
+        fill(box);
+        QSignalSpy changes(&box, &ChoiceBox::valueChanged);
+        box.setText(u"大阪府"_qs);
+        box.setText(u"大阪府"_qs);
+        box.setText(u"琉球"_qs);
+        QCOMPARE(changes.count(), 2);
+    }
+
+    void allEntryReadsAsNoFilter() {
+        ChoiceBox box;
+        FillCommaList(&box, u"100,95,70"_qs, {true, true});
+        QCOMPARE(box.count(), 5);
+        box.setText(allEntry);
+        QCOMPARE(FilterText(&box), QString());
+        QCOMPARE(box.data(), QString());
+        box.setText(noneEntry);
+        QCOMPARE(FilterText(&box), QString());
+        box.setText(u"95"_qs);
+        QCOMPARE(FilterText(&box), u"95"_qs);
+        QCOMPARE(box.data(), u"95"_qs);
+    }
+
+    void kanaTabsGiveRanges() {
+        QTabBar tabs;
+        FillKanaTabs(&tabs);
+        QCOMPARE(tabs.count(), 12);
+        QCOMPARE(KanaTabFilter(u"[フリガナ1]"_qs, 0), QString());
+        QCOMPARE(KanaTabFilter(u"[フリガナ1]"_qs, 1), u"[フリガナ1] >= 'ｱ' AND [フリガナ1] < 'ｶ'"_qs);
+        QCOMPARE(KanaTabFilter(u"[フリガナ1]"_qs, 11), u"[フリガナ1] < 'ｱ' OR [フリガナ1] > 'ﾝ'"_qs);
+    }
+
+    void priceGroupFilterJoinsItsTerms() {
+        QCOMPARE(PriceGroupFilter({{u"種目"_qs, u"義手"_qs}, {u"名称"_qs, QString()}, {u"形式"_qs, u"50%"_qs}}),
+                 u"[種目]  LIKE '%義手%' AND [形式]  LIKE '%50[%]%'"_qs);
+    }
+};
+
+HALVANE_TEST(ChoiceBoxTest)
+#include "ChoiceBoxTest.moc"

@@ -1,0 +1,109 @@
+#include "FormUnderTest.h"
+#include "HalvaneTest.h"
+#include "support/CapturedMessages.h"
+
+#include "ui/DateField.h"
+#include "ui/frmCalendar.h"
+
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+
+class DateFieldTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void takesEveryForm_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("slashes") << u"2005/3/1"_qs << u"2005/03/01"_qs;
+        QTest::newRow("digits") << u"20050301"_qs << u"2005/03/01"_qs;
+        QTest::newRow("era digits") << u"h170301"_qs << u"2005/03/01"_qs;
+        QTest::newRow("era points") << u"R6.4.1"_qs << u"2024/04/01"_qs;
+        QTest::newRow("full width") << u"２００５／３／１"_qs << u"2005/03/01"_qs;
+        QTest::newRow("empty") << QString() << QString();
+    }
+
+    void takesEveryForm() {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        form.open();
+        form.enter(field, typed);
+        QCOMPARE(field->text(), shown);
+        QCOMPARE(field->value(), shown);
+        QVERIFY(messages.texts.isEmpty());
+    }
+
+    void wrongInputIsToldAndKept() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        form.open();
+        form.enter(field, u"2005/2/30"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(messages.texts.first().startsWith(u"日付が正しくありません。"_qs));
+        QCOMPARE(field->text(), u"2005/2/30"_qs);
+        QCOMPARE(field->value(), QString());
+        QVERIFY(field->hasFocus());
+    }
+
+    void wrongInputMayBeLeftByAButtonThatGivesUp() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        auto* cancel = form.add<QPushButton>();
+        cancel->setProperty("leavesUnchecked", true);
+        form.open();
+        form.type(field, u"99"_qs);
+        cancel->setFocus(Qt::MouseFocusReason);
+        QCoreApplication::processEvents();
+        QVERIFY(messages.texts.isEmpty());
+        QVERIFY(cancel->hasFocus());
+    }
+
+    void valueIsKnownWhileTyping() {
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        QSignalSpy changes(field, &EntryField::valueChanged);
+        form.open();
+        form.type(field, u"R6.4.1"_qs);
+        QCOMPARE(field->value(), u"2024/04/01"_qs);
+        QCOMPARE(changes.count(), 1);
+        form.leave();
+        QCOMPARE(changes.count(), 1);
+    }
+
+    void calendarFillsTheField() {
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        field->setValue(u"2005/03/01"_qs);
+        form.open();
+        QTimer::singleShot(0, [] {
+            auto* calendar = qobject_cast<frmCalendar*>(QApplication::activeModalWidget());
+            QVERIFY(calendar);
+            QCOMPARE(calendar->SetDate, QDate(2005, 3, 1));
+            calendar->findChild<QPushButton*>(u"cbToday"_qs)->click();
+            calendar->findChild<QPushButton*>(u"cbSelect"_qs)->click();
+        });
+        const CapturedMessages messages;
+        field->openCalendar();
+        QVERIFY2(messages.texts.isEmpty(), qPrintable(messages.texts.join(u' ')));
+        QCOMPARE(field->value(), QDate::currentDate().toString(u"yyyy/MM/dd"_qs));
+    }
+
+    void closedCalendarLeavesTheField() {
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        field->setValue(u"2005/03/01"_qs);
+        form.open();
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        field->openCalendar();
+        QCOMPARE(field->value(), u"2005/03/01"_qs);
+    }
+};
+
+HALVANE_TEST(DateFieldTest)
+#include "DateFieldTest.moc"

@@ -1,0 +1,256 @@
+#include "FormUnderTest.h"
+#include "HalvaneTest.h"
+#include "support/CapturedMessages.h"
+
+#include "ui/ChoiceBox.h"
+#include "ui/Grid.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+enum Column { Number, Quick, Item, Side, Quantity, Hidden, Price, Tick, Day };
+
+GridColumn editableColumn(const QString& title, GridColumn::Kind kind = GridColumn::Text) {
+    GridColumn column;
+    column.title = title;
+    column.kind = kind;
+    column.editable = true;
+    return column;
+}
+
+QList<GridColumn> estimateColumns() {
+    GridColumn number;
+    number.kind = GridColumn::RowNumber;
+    GridColumn quick = editableColumn(u"一括選択"_qs);
+    quick.entries = {{u"1"_qs, u"1"_qs, u"下肢装具"_qs}, {u"12"_qs, u"12"_qs, u"義手"_qs}};
+    quick.freeText = true;
+    GridColumn item = editableColumn(u"種目"_qs);
+    item.entries = {GridEntry::parse(u"義手"_qs), GridEntry::parse(u"義足"_qs)};
+    GridColumn side = editableColumn(u"左右"_qs);
+    side.entries = {GridEntry::parse(u"#1;左"_qs), GridEntry::parse(u"#2;右"_qs)};
+    GridColumn hidden = editableColumn(u"ﾏｽﾀ価格"_qs);
+    hidden.hidden = true;
+    GridColumn price = editableColumn(u"価格"_qs, GridColumn::Number);
+    price.background = Style::computed;
+    return {number, quick, item, side, editableColumn(u"数量"_qs, GridColumn::Number), hidden, price,
+            editableColumn(u"印"_qs, GridColumn::Check), editableColumn(u"日"_qs, GridColumn::Date)};
+}
+
+} // namespace
+
+class GridTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<FormUnderTest> m_form;
+    Grid* m_grid = nullptr;
+
+    // Types into the cell as an operator does, and leaves it with Return.
+    void enter(int row, int column, const QString& text) {
+        QVERIFY(m_grid->beginEdit(row, column));
+        QWidget* editor = m_grid->editor();
+        QVERIFY(editor);
+        if (auto* list = qobject_cast<ChoiceBox*>(editor))
+            list->lineEdit()->selectAll();
+        else
+            qobject_cast<QLineEdit*>(editor)->selectAll();
+        m_form->type(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::processEvents();
+    }
+
+private slots:
+    void init() {
+        m_form = std::make_unique<FormUnderTest>();
+        m_grid = m_form->add<Grid>();
+        m_grid->setColumns(estimateColumns());
+        m_grid->setRows(5);
+        m_form->open();
+    }
+
+    void cleanup() { m_form.reset(); }
+
+    void rowsCountFromOne() {
+        QCOMPARE(m_grid->rows(), 5);
+        QCOMPARE(m_grid->text(1, Number), u"1"_qs);
+        QCOMPARE(m_grid->text(5, Number), u"5"_qs);
+        m_grid->setCurrent(3, Item);
+        QCOMPARE(m_grid->currentRow(), 3);
+        QCOMPARE(m_grid->currentColumn(), int(Item));
+    }
+
+    void entryShowsItsTextAndHoldsItsNumber() {
+        m_grid->setValue(1, Side, u"2"_qs);
+        QCOMPARE(m_grid->text(1, Side), u"右"_qs);
+        enter(2, Side, u"左"_qs);
+        QCOMPARE(m_grid->value(2, Side), u"1"_qs);
+    }
+
+    void numbersShowSeparators() {
+        m_grid->setValue(1, Price, u"1234567"_qs);
+        QCOMPARE(m_grid->text(1, Price), u"1,234,567"_qs);
+        enter(2, Price, u"４５００"_qs);
+        QCOMPARE(m_grid->value(2, Price), u"4500"_qs);
+    }
+
+    void editIsToldWithItsFormerText() {
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        enter(2, Item, u"義手"_qs);
+        QCOMPARE(edits.count(), 1);
+        QCOMPARE(edits.first(), (QVariantList{2, int(Item), QString()}));
+        enter(2, Item, u"義手"_qs);
+        QCOMPARE(edits.count(), 1);
+        enter(2, Item, u"義足"_qs);
+        QCOMPARE(edits.last().at(2).toString(), u"義手"_qs);
+    }
+
+    void writingByTheProgramIsNotTold() {
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        m_grid->setValue(1, Item, u"義手"_qs);
+        QCOMPARE(edits.count(), 0);
+    }
+
+    void editMayBeRefused() {
+        m_grid->editStarting = [](int row, int) { return row != 3; };
+        QVERIFY(!m_grid->beginEdit(3, Item));
+        QVERIFY(!m_grid->editor());
+        QVERIFY(!m_grid->toggleCheck(3, Tick));
+        QVERIFY(m_grid->beginEdit(2, Item));
+    }
+
+    void listIsSetJustBeforeTheEdit() {
+        m_grid->editStarting = [this](int row, int column) {
+            m_grid->setEntries(column, QStringList{u"行%1の一"_qs.arg(row), u"行%1の二"_qs.arg(row)});
+            return true;
+        };
+        QVERIFY(m_grid->beginEdit(4, Item));
+        auto* list = qobject_cast<ChoiceBox*>(m_grid->editor());
+        QVERIFY(list);
+        QCOMPARE(list->itemText(1), u"行4の二"_qs);
+    }
+
+    void textOutsideOfTheListIsNotTaken() {
+        enter(1, Item, u"靴"_qs);
+        QCOMPARE(m_grid->value(1, Item), QString());
+    }
+
+    void onlyMatchOfATypedPartIsTaken() {
+        enter(1, Item, u"足"_qs);
+        QCOMPARE(m_grid->value(1, Item), u"義足"_qs);
+        enter(2, Item, u"義"_qs);
+        QCOMPARE(m_grid->value(2, Item), QString());
+    }
+
+    void freeTextMayBeTypedBesideTheList() {
+        enter(1, Quick, u"3"_qs);
+        QCOMPARE(m_grid->value(1, Quick), u"3"_qs);
+        enter(2, Quick, u"1"_qs);
+        QCOMPARE(m_grid->value(2, Quick), u"1"_qs);
+    }
+
+    void returnGoesToTheNextCellToFill() {
+        m_grid->setValue(1, Side, u"1"_qs);
+        enter(1, Item, u"義手"_qs);
+        QCOMPARE(m_grid->currentColumn(), int(Quantity)); // 左右 is filled already
+        QTest::keyClick(m_grid, Qt::Key_Return);
+        QCOMPARE(m_grid->currentColumn(), int(Price)); // the hidden column is passed over
+        m_grid->setValue(1, Day, u"2005/03/01"_qs);
+        QTest::keyClick(m_grid, Qt::Key_Return);
+        QCOMPARE(m_grid->currentRow(), 2);
+        QCOMPARE(m_grid->currentColumn(), int(Quick));
+    }
+
+    void deleteEmptiesACell() {
+        m_grid->setValue(1, Item, u"義手"_qs);
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        m_grid->setCurrent(1, Item);
+        QTest::keyClick(m_grid, Qt::Key_Delete);
+        QCOMPARE(m_grid->value(1, Item), QString());
+        QCOMPARE(edits.first().at(2).toString(), u"義手"_qs);
+    }
+
+    void spaceTurnsATickBox() {
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        m_grid->setCurrent(2, Tick);
+        QTest::keyClick(m_grid, Qt::Key_Space);
+        QVERIFY(m_grid->isChecked(2, Tick));
+        QCOMPARE(edits.count(), 1);
+        QTest::keyClick(m_grid, Qt::Key_Space);
+        QVERIFY(!m_grid->isChecked(2, Tick));
+    }
+
+    void dateCellsTakeEveryForm() {
+        enter(1, Day, u"h170301"_qs);
+        QCOMPARE(m_grid->value(1, Day), u"2005/03/01"_qs);
+    }
+
+    void wrongDateInACellIsTold() {
+        const CapturedMessages messages;
+        QVERIFY(m_grid->beginEdit(1, Day));
+        m_form->type(m_grid->editor(), u"99"_qs);
+        QTest::keyClick(m_grid->editor(), Qt::Key_Return);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(m_grid->editor()); // the text stands to be mended
+        m_form->leave();
+        QCOMPARE(m_grid->value(1, Day), QString());
+    }
+
+    void rowsMoveWithTheirCells() {
+        m_grid->setValue(1, Item, u"義手"_qs);
+        m_grid->swapRows(1, 2);
+        QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
+        m_grid->insertRow(1);
+        QCOMPARE(m_grid->rows(), 6);
+        QCOMPARE(m_grid->value(3, Item), u"義手"_qs);
+        m_grid->removeRow(1);
+        QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
+        QVERIFY(m_grid->isRowEmpty(1));
+        QVERIFY(!m_grid->isRowEmpty(2));
+        m_grid->clearRow(2);
+        QVERIFY(m_grid->isRowEmpty(2));
+    }
+
+    void sortMarkMovesAndTurns() {
+        const auto title = [this](int column) {
+            return m_grid->model()->headerData(column, Qt::Horizontal).toString();
+        };
+        QVERIFY(m_grid->toggleSortMark(Item));
+        QCOMPARE(title(Item), u"種目▲"_qs);
+        QVERIFY(!m_grid->toggleSortMark(Item));
+        QCOMPARE(title(Item), u"種目▼"_qs);
+        QVERIFY(m_grid->toggleSortMark(Price));
+        QCOMPARE(title(Item), u"種目"_qs);
+        QCOMPARE(title(Price), u"価格▲"_qs);
+    }
+
+    void aHundredThousandRowsAreAskedForAsNeeded() {
+        int asked = 0;
+        GridColumn name;
+        name.title = u"氏名"_qs;
+        m_grid->setColumns({name, name});
+        m_grid->setSource(100'000, [&asked](int row) {
+            ++asked;
+            return QStringList{QString::number(row), u"山田"_qs};
+        });
+        QCoreApplication::processEvents();
+        m_grid->grab();
+        QCOMPARE(m_grid->rows(), 100'000);
+        QVERIFY2(asked < 200, qPrintable(QString::number(asked)));
+        QCOMPARE(m_grid->value(100'000, 0), u"99999"_qs);
+    }
+
+    void readOnlyRowOpensWithReturn() {
+        GridColumn name;
+        m_grid->setColumns({name});
+        m_grid->setRows(3);
+        QSignalSpy opened(m_grid, &Grid::rowOpened);
+        m_grid->setCurrent(2);
+        QTest::keyClick(m_grid, Qt::Key_Return);
+        QCOMPARE(opened.count(), 1);
+        QCOMPARE(opened.first().first().toInt(), 2);
+    }
+};
+
+HALVANE_TEST(GridTest)
+#include "GridTest.moc"
