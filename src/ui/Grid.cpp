@@ -147,7 +147,12 @@ void Grid::takeEdit(const QModelIndex& index, const QString& newValue) {
 bool Grid::beginEdit(int row, int column) {
     if (!showsRow(row) || column < 0 || column >= columns()) return false;
     setCurrent(row, column);
-    return edit(m_model->index(row - 1, column), AllEditTriggers, nullptr);
+    return edit(m_model->index(row - 1, column), AllEditTriggers, nullptr) && m_editor;
+}
+
+void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    m_editor.clear();
+    QTableView::closeEditor(editor, hint);
 }
 
 void Grid::endEdit() {

@@ -7,12 +7,23 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTimer>
 
 class DateFieldTest : public QObject {
     Q_OBJECT
 
+private:
+    QTemporaryDir m_folder;
+
 private slots:
+    void initTestCase() { // the calendar keeps its place in the INI file
+        QFile ini(m_folder.filePath(u"Halvane.ini"_qs));
+        QVERIFY(ini.open(QIODevice::WriteOnly));
+        seams().programFolder = [this] { return m_folder.path(); };
+    }
+    void cleanupTestCase() { seams() = defaultSeams(); }
+
     void takesEveryForm_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("shown");
@@ -81,7 +92,7 @@ private slots:
         auto* field = form.add<DateField>();
         field->setValue(u"2005/03/01"_qs);
         form.open();
-        QTimer::singleShot(0, [] {
+        QTimer::singleShot(0, field, [] {
             auto* calendar = qobject_cast<frmCalendar*>(QApplication::activeModalWidget());
             QVERIFY(calendar);
             QCOMPARE(calendar->SetDate, QDate(2005, 3, 1));
@@ -99,7 +110,7 @@ private slots:
         auto* field = form.add<DateField>();
         field->setValue(u"2005/03/01"_qs);
         form.open();
-        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        QTimer::singleShot(0, field, [] { QApplication::activeModalWidget()->close(); });
         field->openCalendar();
         QCOMPARE(field->value(), u"2005/03/01"_qs);
     }
