@@ -21,6 +21,7 @@
 namespace {
 
 constexpr int longestStep = 10'000; // milliseconds
+constexpr int turnsOfRest = 2;
 
 // A file's text, whichever of the two codings it is in.
 QString readText(const QString& path) {
@@ -63,8 +64,15 @@ bool Player::play() {
 
 // --- the machine ---
 
-// Every turn of the machine is an event of its own, so that it goes on in the loop of a screen that a step opened.
-void Player::schedule(int milliseconds) { QTimer::singleShot(milliseconds, this, &Player::tick); }
+// Every turn of the machine is a timer of its own, so that it goes on in the loop of a screen that a step opened; a
+// timer's turn comes when no event is left.
+void Player::schedule(int milliseconds) {
+    auto* timer = new QTimer(this);
+    timer->setSingleShot(true);
+    connect(timer, &QTimer::timeout, this, &Player::tick);
+    connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+    timer->start(milliseconds);
+}
 
 void Player::tick() {
     m_watchdog.beat(m_scenario.file + u':' + QString::number(currentLine()));
@@ -73,6 +81,8 @@ void Player::tick() {
     if (!m_failed && m_stepTime.isValid() && m_stepTime.elapsed() > longestStep)
         fail({u"the step took longer than 10 seconds"_qs, u"the screens at rest"_qs});
     if (!m_failed && !Desk::isAtRest()) return schedule(1);
+    if (m_restingTurns++ < turnsOfRest) return schedule(); // what the last step set going had its turn
+    m_restingTurns = 0;
     if (!m_failed && !m_answers.trouble().isEmpty()) fail({m_answers.trouble(), u"a prepared answer"_qs});
     if (isOver()) return closeEverything();
     schedule();

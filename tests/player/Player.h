@@ -70,6 +70,7 @@ private:
     std::deque<std::function<void()>> m_continuations;
     qsizetype m_next = 0;
     int m_baseLoopLevel = 0;
+    int m_restingTurns = 0;
     bool m_busy = false; // long work lets events run: it is no rest
     bool m_failed = false;
     QString m_report;

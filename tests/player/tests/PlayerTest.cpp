@@ -186,7 +186,7 @@ private slots:
 
     void missingDisabledAndHiddenControlsAreNamed() {
         fails(u"press cmdNone"_qs, {u"no control cmdNone in frmPlayed"_qs});
-        fails(u"press numPrice_0"_qs, {u"is no button"_qs, u"numPrice_0"_qs});
+        fails(u"press numPrice_1"_qs, {u"numPrice_1 is no button"_qs});
         fails(u"type numPrice_0 1"_qs, {u"numPrice_0 is not visible"_qs});
         fails(u"choose cboSide 上"_qs, {u"左|右"_qs, u"上"_qs});
         fails(u"tab tabPages 2"_qs, {u"the tabs 0 to 1"_qs});
