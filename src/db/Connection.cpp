@@ -334,3 +334,14 @@ void Connection::advanceAutoKeys() {
         if (!statement.isEmpty()) engineScalar(statement);
     }
 }
+
+void Connection::continueAutoKeys(Connection& source) {
+    for (const Schema::Table& table : Schema::tables()) {
+        if (!table.autoKey) continue;
+        const QString column = table.key.first();
+        const qint64 last = source.engineScalar(source.m_private->engine->lastAutoKey(table.name, column)).toLongLong();
+        if (last <= 0) continue;
+        for (const QString& statement : m_private->engine->setLastAutoKey(table.name, column, last))
+            engineExecute(statement);
+    }
+}

@@ -56,6 +56,8 @@ public:
                     const QString& where = {}, const std::function<void(qint64)>& progress = {});
     // After rows with given keys were written: the next issued key is above the highest.
     void advanceAutoKeys();
+    // Issued keys go on where those of another database stand, also above keys whose rows are gone.
+    void continueAutoKeys(Connection& source);
 
     // For tests and tools: every statement as it was given, before it runs.
     std::function<void(const QString&)> onStatement;

@@ -47,6 +47,16 @@ public:
         return u"SELECT name FROM pragma_table_info(%1) ORDER BY cid"_qs.arg(SqliteDialect().text(table));
     }
 
+    QString lastAutoKey(const QString& table, const QString&) const override {
+        return u"SELECT seq FROM sqlite_sequence WHERE name = "_qs + SqliteDialect().text(table);
+    }
+
+    QStringList setLastAutoKey(const QString& table, const QString&, qint64 last) const override {
+        const QString name = SqliteDialect().text(table);
+        return {u"DELETE FROM sqlite_sequence WHERE name = "_qs + name,
+                u"INSERT INTO sqlite_sequence (name, seq) VALUES (%1, %2)"_qs.arg(name).arg(last)};
+    }
+
     bool rebuildsToAlter() const override { return true; }
 
     Fault fault(const QSqlError& error) const override {
@@ -125,8 +135,16 @@ public:
 
     QString advanceAutoKey(const QString& table, const QString& column) const override {
         const PostgresDialect dialect;
-        return u"SELECT setval(pg_get_serial_sequence(%1, %2), GREATEST((SELECT MAX(%3) FROM %4), 1))"_qs.arg(
-            dialect.text(dialect.name(table)), dialect.text(column), dialect.name(column), dialect.name(table));
+        return u"SELECT setval(%1, GREATEST(MAX(%2), 1), MAX(%2) IS NOT NULL) FROM %3"_qs.arg(
+            sequence(table, column), dialect.name(column), dialect.name(table));
+    }
+
+    QString lastAutoKey(const QString& table, const QString& column) const override {
+        return u"SELECT pg_sequence_last_value(%1::regclass)"_qs.arg(sequence(table, column));
+    }
+
+    QStringList setLastAutoKey(const QString& table, const QString& column, qint64 last) const override {
+        return {u"DO $$ BEGIN PERFORM setval(%1, %2); END $$"_qs.arg(sequence(table, column)).arg(last)};
     }
 
     QString columnNames(const QString& table) const override {
@@ -141,6 +159,12 @@ public:
         const bool lost = error.type() == QSqlError::ConnectionError || state.startsWith(u"08") ||
                           state.startsWith(u"57P");
         return lost ? Fault::Lost : Fault::Other;
+    }
+
+private:
+    static QString sequence(const QString& table, const QString& column) {
+        const PostgresDialect dialect;
+        return u"pg_get_serial_sequence(%1, %2)"_qs.arg(dialect.text(dialect.name(table)), dialect.text(column));
     }
 };
 

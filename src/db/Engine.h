@@ -33,6 +33,10 @@ public:
     virtual QStringList newDatabase() const { return {}; }
     // The statement that moves the issued keys above the highest; empty when the engine does so by itself.
     virtual QString advanceAutoKey(const QString&, const QString&) const { return {}; }
+    // The last key issued in a table with one such key column: to read it (nothing or NULL when there was none), and
+    // to set it.
+    virtual QString lastAutoKey(const QString& table, const QString& column) const = 0;
+    virtual QStringList setLastAutoKey(const QString& table, const QString& column, qint64 last) const = 0;
     // Lists the column names of a table in order.
     virtual QString columnNames(const QString& table) const = 0;
     // Runs ALTER COLUMN for an engine without it: the table is made anew with its rows.

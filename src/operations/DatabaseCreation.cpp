@@ -54,16 +54,16 @@ void loadFolder(Connection& connection, const QString& folder) {
     connection.advanceAutoKeys();
 }
 
-void fill(Connection& connection, Contents contents) {
+using Filler = std::function<void(Connection&)>;
+
+void fillInOne(Connection& connection, const Filler& fill) {
     connection.prepareNewDatabase();
     Transaction transaction(connection);
-    createTables(connection);
-    loadDelivered(connection);
-    if (contents == Contents::WithSample) loadSample(connection);
+    fill(connection);
     transaction.commit();
 }
 
-void createFile(const ConnectionSettings& settings, Contents contents) {
+void createFile(const ConnectionSettings& settings, const Filler& fill) {
     if (QFileInfo::exists(settings.path))
         throw AppError(u"データベースは既に存在します。\n"_qs + settings.path, u"DatabaseCreation"_qs);
     QDir().mkpath(QFileInfo(settings.path).path());
@@ -77,7 +77,7 @@ void createFile(const ConnectionSettings& settings, Contents contents) {
     try {
         Connection connection(ConnectionSettings::sqliteFile(unfinished));
         connection.open();
-        fill(connection, contents);
+        fillInOne(connection, fill);
     } catch (...) {
         QFile::remove(unfinished);
         throw;
@@ -91,7 +91,7 @@ bool holdsTables(Connection& connection) {
     return connection.engineScalar(u"SELECT COUNT(*) FROM pg_tables WHERE schemaname = 'public'"_qs) != u"0";
 }
 
-void createOnServer(const ConnectionSettings& settings, Contents contents) {
+void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
     ConnectionSettings administration = settings;
     administration.database = u"postgres"_qs;
     administration.administration = true;
@@ -109,7 +109,7 @@ void createOnServer(const ConnectionSettings& settings, Contents contents) {
         connection.open();
         if (exists && holdsTables(connection))
             throw AppError(u"データベースは既に存在します。\n"_qs + settings.description(), u"DatabaseCreation"_qs);
-        fill(connection, contents);
+        fillInOne(connection, fill);
     } catch (...) {
         if (!exists) server.engineExecute(u"DROP DATABASE %1"_qs.arg(quoted));
         throw;
@@ -120,9 +120,17 @@ void createOnServer(const ConnectionSettings& settings, Contents contents) {
 
 void create(const ConnectionSettings& settings, Contents contents, const std::function<void(const QString&)>& progress) {
     if (progress) progress(u"データベースを作成しています: "_qs + settings.description());
-    if (settings.provider == Provider::SQLite) createFile(settings, contents);
-    else createOnServer(settings, contents);
+    createWith(settings, [contents](Connection& connection) {
+        createTables(connection);
+        loadDelivered(connection);
+        if (contents == Contents::WithSample) loadSample(connection);
+    });
     if (progress) progress(u"データベースを作成しました。"_qs);
+}
+
+void createWith(const ConnectionSettings& settings, const Filler& fill) {
+    if (settings.provider == Provider::SQLite) createFile(settings, fill);
+    else createOnServer(settings, fill);
 }
 
 void createTables(Connection& connection) {

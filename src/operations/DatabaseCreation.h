@@ -18,6 +18,9 @@ enum class Contents { Delivered, WithSample };
 void create(const ConnectionSettings& settings, Contents contents,
             const std::function<void(const QString&)>& progress = {});
 
+// Makes the database and hands it to `fill`, without tables and inside a transaction; refusal and failure as above.
+void createWith(const ConnectionSettings& settings, const std::function<void(Connection&)>& fill);
+
 // All tables of the schema, empty, in a database without any.
 void createTables(Connection& connection);
 // The rows that stand in every new database.
