@@ -7,14 +7,17 @@ QList<QStringList> read(const QString& text) {
     QStringList fields;
     QString field;
     bool quoted = false;
+    bool started = false; // an empty line is none, but a quoted empty field is one
     const auto endLine = [&] {
         fields << field;
-        if (fields.size() > 1 || !field.isEmpty()) lines << fields;
+        if (started) lines << fields;
+        started = false;
         fields.clear();
         field.clear();
     };
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
+        started = started || (c != u'\n' && c != u'\r');
         if (quoted) {
             if (c != u'"') field += c;
             else if (i + 1 < text.size() && text.at(i + 1) == u'"') field += text.at(i++);
@@ -30,7 +33,7 @@ QList<QStringList> read(const QString& text) {
             field += c;
         }
     }
-    if (!field.isEmpty() || !fields.isEmpty()) endLine();
+    endLine();
     return lines;
 }
 

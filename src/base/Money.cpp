@@ -27,7 +27,8 @@ qint64 scaledDigits(const QString& number) {
     }
     const QString rest = fraction.mid(4);
     const bool half = rest.startsWith(u'5') && rest.mid(1).count(u'0') == rest.size() - 1;
-    if (!rest.isEmpty() && rest.at(0) >= u'5' && (!half || value % 2 != 0)) ++value;
+    const bool up = !rest.isEmpty() && rest.at(0) >= u'5' && (!half || value % 2 != 0);
+    if (__builtin_add_overflow(value, qint64{up}, &value)) throw Errors::overflow(u"Money"_qs);
     return negative ? -value : value;
 }
 

@@ -156,7 +156,7 @@ qint16 CalcAge(const QString& fromDate, const QString& toDate) {
 bool IsNumericText(const QString& text, bool whenEmpty) {
     const QString trimmed = Text::rightTrimmed(text);
     if (trimmed.isEmpty()) return whenEmpty;
-    static const QRegularExpression form(u"^[0-9+\\-,.]+$"_qs);
+    static const QRegularExpression form(u"^[0-9+\\-,.]+\\z"_qs);
     return form.match(trimmed).hasMatch();
 }
 
@@ -210,15 +210,27 @@ QString numberText(double value) {
     return text == u"-0" ? u"0"_qs : text;
 }
 
-QString formatThousands(qint64 value) {
-    QString digits = QString::number(value < 0 ? -value : value);
-    for (qsizetype i = digits.size() - 3; i > 0; i -= 3) digits.insert(i, u',');
-    return value < 0 ? u'-' + digits : digits;
+namespace {
+
+// The whole number that a text starts with; beyond 64 bits an error.
+qint64 wholeNumber(const QString& text) {
+    constexpr double bound = 9223372036854775808.0; // 2 to the 63rd
+    const double rounded = roundHalfEven(Val(text));
+    if (!(rounded >= -bound && rounded < bound)) throw Errors::overflow(u"wholeNumber"_qs);
+    return static_cast<qint64>(rounded);
 }
 
-QString formatThousands(const QString& text) { return formatThousands(static_cast<qint64>(roundHalfEven(Val(text)))); }
+} // namespace
 
-QString formatWhole(const QString& text) { return QString::number(static_cast<qint64>(roundHalfEven(Val(text)))); }
+QString formatThousands(qint64 value) {
+    QString digits = QString::number(value);
+    for (qsizetype i = digits.size() - 3; i > (value < 0 ? 1 : 0); i -= 3) digits.insert(i, u',');
+    return digits;
+}
+
+QString formatThousands(const QString& text) { return formatThousands(wholeNumber(text)); }
+
+QString formatWhole(const QString& text) { return QString::number(wholeNumber(text)); }
 
 QString FormatZip(const QString& text) {
     if (text.contains(u'-') || text.size() < 4) return text;

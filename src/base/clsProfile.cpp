@@ -8,35 +8,36 @@
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
-#include <QStringList>
+#include <QByteArrayList>
 
 namespace {
 
 constexpr int longestValue = 1000; // bytes, as the profile reader of the platform hands them out
 
-QStringList readLines(const QString& path) {
+// The lines as bytes: what is not understood goes back as it came, whatever its spelling.
+QByteArrayList readLines(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw AppError(u"INIﾌｧｲﾙが見つかりません。"_qs, u"clsProfile"_qs);
-    QString text = Text::fromCp932(file.readAll());
-    text.remove(u'\r');
-    QStringList lines = text.split(u'\n');
+    QByteArrayList lines = file.readAll().split('\n');
+    for (QByteArray& line : lines)
+        if (line.endsWith('\r')) line.chop(1);
     while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
     return lines;
 }
 
-void writeLines(const QString& path, const QStringList& lines) {
+void writeLines(const QString& path, const QByteArrayList& lines) {
     QSaveFile file(path);
-    const QByteArray bytes = Text::toCp932(lines.join(u"\r\n"_qs) + u"\r\n"_qs);
+    const QByteArray bytes = lines.join("\r\n") + "\r\n";
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         throw AppError(u"INIﾌｧｲﾙに書き込めません。"_qs, u"clsProfile"_qs);
 }
 
 bool same(const QString& left, const QString& right) { return left.compare(right, Qt::CaseInsensitive) == 0; }
 
-bool isSection(const QString& line) { return line.trimmed().startsWith(u'['); }
+bool isSection(const QByteArray& line) { return line.trimmed().startsWith('['); }
 
-QString sectionName(const QString& line) {
-    const QString trimmed = line.trimmed();
+QString sectionName(const QByteArray& line) {
+    const QString trimmed = Text::fromCp932(line).trimmed();
     const qsizetype end = trimmed.indexOf(u']');
     return trimmed.mid(1, (end < 0 ? trimmed.size() : end) - 1).trimmed();
 }
@@ -48,7 +49,7 @@ struct Range {
     bool found() const { return heading >= 0; }
 };
 
-Range findSection(const QStringList& lines, const QString& section) {
+Range findSection(const QByteArrayList& lines, const QString& section) {
     Range range;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (!isSection(lines.at(i))) continue;
@@ -62,10 +63,10 @@ Range findSection(const QStringList& lines, const QString& section) {
     return range;
 }
 
-qsizetype findKey(const QStringList& lines, const Range& range, const QString& key) {
+qsizetype findKey(const QByteArrayList& lines, const Range& range, const QString& key) {
     if (!range.found()) return -1;
     for (qsizetype i = range.heading + 1; i < range.end; ++i) {
-        const QString& line = lines.at(i);
+        const QString line = Text::fromCp932(lines.at(i));
         if (line.trimmed().startsWith(u';')) continue;
         const qsizetype equals = line.indexOf(u'=');
         if (equals > 0 && same(line.left(equals).trimmed(), key)) return i;
@@ -96,7 +97,7 @@ clsProfile::clsProfile(QString file) : m_path(std::move(file)) {
 }
 
 void clsProfile::DeleteSection(const QString& section) const {
-    QStringList lines = readLines(m_path);
+    QByteArrayList lines = readLines(m_path);
     const Range range = findSection(lines, section);
     if (!range.found()) return;
     lines.remove(range.heading, range.end - range.heading);
@@ -104,8 +105,8 @@ void clsProfile::DeleteSection(const QString& section) const {
 }
 
 void clsProfile::SaveValue(const QString& section, const QString& key, const QString& value) const {
-    QStringList lines = readLines(m_path);
-    const QString line = key + u'=' + QString(value).replace(u'\n', u' ').remove(u'\r');
+    QByteArrayList lines = readLines(m_path);
+    const QByteArray line = Text::toCp932(key + u'=' + QString(value).replace(u'\n', u' ').remove(u'\r'));
     Range range = findSection(lines, section);
     const qsizetype at = findKey(lines, range, key);
     if (at >= 0) {
@@ -115,16 +116,16 @@ void clsProfile::SaveValue(const QString& section, const QString& key, const QSt
         while (end > range.heading + 1 && lines.at(end - 1).trimmed().isEmpty()) --end;
         lines.insert(end, line);
     } else {
-        lines << u'[' + section + u']' << line;
+        lines << Text::toCp932(u'[' + section + u']') << line;
     }
     writeLines(m_path, lines);
 }
 
 QString clsProfile::GetValue(const QString& section, const QString& key, const QString& defaultValue) const {
-    const QStringList lines = readLines(m_path);
+    const QByteArrayList lines = readLines(m_path);
     const qsizetype at = findKey(lines, findSection(lines, section), key);
     if (at < 0) return cutToBytes(defaultValue);
-    const QString& line = lines.at(at);
+    const QString line = Text::fromCp932(lines.at(at));
     return cutToBytes(unquoted(line.mid(line.indexOf(u'=') + 1).trimmed()));
 }
 

@@ -1,0 +1,46 @@
+#include "HalvaneTest.h"
+
+#include "base/Csv.h"
+
+class CsvTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void linesAreRead_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QList<QStringList>>("lines");
+        const auto row = [](const char* name, const QString& text, const QList<QStringList>& lines) {
+            QTest::newRow(name) << text << lines;
+        };
+        row("empty text", {}, {});
+        row("plain", u"a,b\nc,d\n"_qs, {{u"a"_qs, u"b"_qs}, {u"c"_qs, u"d"_qs}});
+        row("no end of line", u"a,b"_qs, {{u"a"_qs, u"b"_qs}});
+        row("Windows ends of line", u"a\r\nb\r\n"_qs, {{u"a"_qs}, {u"b"_qs}});
+        row("empty lines are none", u"a\n\n\nb\n"_qs, {{u"a"_qs}, {u"b"_qs}});
+        row("empty fields", u",,\n"_qs, {{QString(), QString(), QString()}});
+        row("empty last field", u"a,"_qs, {{u"a"_qs, QString()}});
+        row("comma in quotes", u"\"a,b\",c\n"_qs, {{u"a,b"_qs, u"c"_qs}});
+        row("line break in quotes", u"\"a\nb\",c\n"_qs, {{u"a\nb"_qs, u"c"_qs}});
+        row("doubled quote", u"\"a\"\"b\"\n"_qs, {{u"a\"b"_qs}});
+        row("quote that is not closed", u"\"a,b\nc"_qs, {{u"a,b\nc"_qs}});
+        row("quoted empty field alone", u"\"\"\nb\n"_qs, {{QString()}, {u"b"_qs}});
+        row("Windows line break in quotes", u"\"a\r\nb\"\r\n"_qs, {{u"a\r\nb"_qs}});
+    }
+    void linesAreRead() {
+        QFETCH(QString, text);
+        QFETCH(QList<QStringList>, lines);
+        QCOMPARE(Csv::read(text), lines);
+    }
+
+    void writtenLineReadsBack() {
+        const QStringList fields{u"a,b"_qs, u"say \"x\""_qs, QString(), u"二行\nです"_qs, u" 'q' "_qs};
+        QCOMPARE(Csv::read(Csv::quotedLine(fields)), QList<QStringList>{fields});
+    }
+
+    void everyFieldIsWrittenInQuotes() {
+        QCOMPARE(Csv::quotedLine({u"a"_qs, u"1"_qs, QString(), u"\""_qs}), u"\"a\",\"1\",\"\",\"\"\"\""_qs);
+    }
+};
+
+HALVANE_TEST(CsvTest)
+#include "CsvTest.moc"

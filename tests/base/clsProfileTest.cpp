@@ -1,0 +1,202 @@
+#include "HalvaneTest.h"
+
+#include "base/Text.h"
+#include "base/clsProfile.h"
+#include "support/ProgramFolder.h"
+#include "support/Raised.h"
+
+namespace {
+
+QByteArray cp932(const QString& text) { return Text::toCp932(text); }
+
+QString valueIn(const QByteArray& file, const QString& section = u"DB"_qs, const QString& key = u"Path"_qs) {
+    ProgramFolder folder;
+    folder.writeProfile(file);
+    return clsProfile().GetValue(section, key, u"default"_qs);
+}
+
+} // namespace
+
+class clsProfileTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void missingFileHasItsMessage() {
+        ProgramFolder folder;
+        const auto error = errorOf([] { clsProfile profile; });
+        QVERIFY(error);
+        QCOMPARE(error->description(), u"INIﾌｧｲﾙが見つかりません。"_qs);
+        QCOMPARE(error->number(), 0x80040201);
+    }
+
+    void fileThatGoesAwayHasItsMessage() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\n");
+        const clsProfile profile;
+        QFile::remove(profile.Path());
+        QCOMPARE(raised([&] { profile.GetValue(u"DB"_qs, u"Path"_qs); }), u"INIﾌｧｲﾙが見つかりません。"_qs);
+    }
+
+    void pathIsInTheProgramFolder() {
+        ProgramFolder folder;
+        folder.writeProfile("");
+        QCOMPARE(clsProfile().Path(), folder.path(u"Halvane.ini"_qs));
+    }
+
+    void valuesAreFound_data() {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("plain") << QByteArray("[DB]\r\nPath=data\r\n") << u"data"_qs;
+        QTest::newRow("case of section and key") << QByteArray("[db]\r\npATH=data\r\n") << u"data"_qs;
+        QTest::newRow("blanks around") << QByteArray(" [ DB ] \r\n  Path  =  data  \r\n") << u"data"_qs;
+        QTest::newRow("Unix ends of line") << QByteArray("[DB]\nPath=data\n") << u"data"_qs;
+        QTest::newRow("no end of line") << QByteArray("[DB]\r\nPath=data") << u"data"_qs;
+        QTest::newRow("empty value") << QByteArray("[DB]\r\nPath=\r\n") << QString();
+        QTest::newRow("equals sign in the value") << QByteArray("[DB]\r\nPath=a=b\r\n") << u"a=b"_qs;
+        QTest::newRow("double quotes around") << QByteArray("[DB]\r\nPath=\" a \"\r\n") << u" a "_qs;
+        QTest::newRow("single quotes around") << QByteArray("[DB]\r\nPath=' a '\r\n") << u" a "_qs;
+        QTest::newRow("quote at one side stays") << QByteArray("[DB]\r\nPath=\"a\r\n") << u"\"a"_qs;
+        QTest::newRow("remark") << QByteArray("[DB]\r\n;Path=no\r\nPath=data\r\n") << u"data"_qs;
+        QTest::newRow("missing key") << QByteArray("[DB]\r\nPathX=no\r\n") << u"default"_qs;
+        QTest::newRow("missing section") << QByteArray("[Log]\r\nPath=no\r\n") << u"default"_qs;
+        QTest::newRow("key behind its section") << QByteArray("[DB]\r\n[Log]\r\nPath=no\r\n") << u"default"_qs;
+        QTest::newRow("key ahead of all sections") << QByteArray("Path=no\r\n[DB]\r\n") << u"default"_qs;
+        QTest::newRow("double-byte value") << cp932(u"[DB]\r\nPath=表示ソ\r\n"_qs) << u"表示ソ"_qs;
+        QTest::newRow("empty file") << QByteArray() << u"default"_qs;
+    }
+    void valuesAreFound() {
+        QFETCH(QByteArray, file);
+        QTEST(valueIn(file), "value");
+    }
+
+    void lastWriteWins() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPath=a\r\n");
+        const clsProfile profile;
+        profile.SaveValue(u"DB"_qs, u"Path"_qs, u"b"_qs);
+        profile.SaveValue(u"db"_qs, u"PATH"_qs, u"c"_qs);
+        QCOMPARE(profile.GetValue(u"DB"_qs, u"Path"_qs), u"c"_qs);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs).toLower().count("path"), 1);
+    }
+
+    void newValuesStandInTheirSection() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPath=a\r\n\r\n[Log]\r\nPath=b\r\n");
+        const clsProfile profile;
+        profile.SaveValue(u"DB"_qs, u"Database"_qs, u"x.db"_qs);
+        profile.SaveValue(u"frmMenu"_qs, u"Top"_qs, u"120"_qs);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs),
+                 QByteArray("[DB]\r\nPath=a\r\nDatabase=x.db\r\n\r\n[Log]\r\nPath=b\r\n[frmMenu]\r\nTop=120\r\n"));
+    }
+
+    void linesNotUnderstoodStay() {
+        ProgramFolder folder;
+        const QByteArray odd = "; remark\r\n[DB]\r\nno sign\r\n=nothing\r\n ; x=y\r\nPath=a\r\n[\r\n";
+        folder.writeProfile(odd);
+        clsProfile().SaveValue(u"DB"_qs, u"Path"_qs, u"b"_qs);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs), QByteArray(odd).replace("Path=a", "Path=b"));
+    }
+
+    // Bytes that are no text of the code page, or that would be spelled otherwise, belong to somebody.
+    void bytesOfOtherLinesStayAsTheyAre() {
+        ProgramFolder folder;
+        const QByteArray odd = "[DB]\r\nOther=" + QByteArray::fromHex("ed40eef980fe82") + "\r\nPath=a\r\n";
+        folder.writeProfile(odd);
+        clsProfile().SaveValue(u"DB"_qs, u"Path"_qs, u"b"_qs);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs).toHex(), QByteArray(odd).replace("Path=a", "Path=b").toHex());
+    }
+
+    void valueWithALineBreakStaysOneLine() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\n");
+        const clsProfile profile;
+        profile.SaveValue(u"DB"_qs, u"Path"_qs, u"a\r\n[Log]\r\nPath=evil"_qs);
+        QCOMPARE(profile.GetValue(u"Log"_qs, u"Path"_qs, u"none"_qs), u"none"_qs);
+        QCOMPARE(profile.GetValue(u"DB"_qs, u"Path"_qs), u"a [Log] Path=evil"_qs);
+    }
+
+    void savedValuesReadBack_data() {
+        QTest::addColumn<QString>("value");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("equals") << u"=a="_qs;
+        QTest::newRow("semicolon") << u";a"_qs;
+        QTest::newRow("bracket") << u"[a]"_qs;
+        QTest::newRow("double-byte") << u"C:\\表示\\能"_qs;
+    }
+    void savedValuesReadBack() {
+        QFETCH(QString, value);
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\n");
+        const clsProfile profile;
+        profile.SaveValue(u"DB"_qs, u"Path"_qs, value);
+        QCOMPARE(profile.GetValue(u"DB"_qs, u"Path"_qs), value);
+    }
+
+    void sectionGoesWithItsKeysAlone() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPath=a\r\n[Log]\r\nPath=b\r\nSaveDays=1\r\n[Misc]\r\nX=1\r\n");
+        const clsProfile profile;
+        profile.DeleteSection(u"LOG"_qs);
+        profile.DeleteSection(u"unknown"_qs);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs), QByteArray("[DB]\r\nPath=a\r\n[Misc]\r\nX=1\r\n"));
+    }
+
+    void longValueIsCutInBytes_data() {
+        QTest::addColumn<QString>("written");
+        QTest::addColumn<QString>("read");
+        const QString single(998, u'a');
+        QTest::newRow("999 bytes") << single + u'b' << single + u'b';
+        QTest::newRow("1000 bytes") << single + u"bc"_qs << single + u'b';
+        QTest::newRow("2000 bytes") << QString(2000, u'a') << QString(999, u'a');
+        QTest::newRow("double-byte character across the cut") << single + u'表' << single;
+        QTest::newRow("double-byte character before the cut") << QString(997, u'a') + u"表x"_qs
+                                                              << QString(997, u'a') + u'表';
+        QTest::newRow("all double-byte") << QString(600, u'能') << QString(499, u'能');
+    }
+    void longValueIsCutInBytes() {
+        QFETCH(QString, written);
+        QTEST(valueIn("[DB]\r\nPath=" + cp932(written) + "\r\n"), "read");
+    }
+
+    void pathsResolveAgainstTheProgramFolder_data() {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("path");
+        QTest::newRow("empty") << QString() << QString();
+        QTest::newRow("relative") << u"data/x"_qs << u"<>/data/x"_qs;
+        QTest::newRow("backslash") << u"data\\x"_qs << u"<>/data/x"_qs;
+        QTest::newRow("absolute") << u"/srv/data"_qs << u"/srv/data"_qs;
+        QTest::newRow("drive") << u"C:\\data"_qs << u"C:/data"_qs;
+    }
+    void pathsResolveAgainstTheProgramFolder() {
+        QFETCH(QString, value);
+        QFETCH(QString, path);
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPath=" + cp932(value) + "\r\n");
+        QCOMPARE(clsProfile().GetPath(u"DB"_qs, u"Path"_qs), path.replace(u"<>"_qs, folder.path()));
+    }
+
+    // Whatever stands in the file: it is read, a value can be saved, and that value reads back.
+    void damagedFilesAreReadAndWrittenWithoutHarm() {
+        quint32 seed = 19;
+        const auto random = [&seed](quint32 below) {
+            seed = seed * 1664525 + 1013904223;
+            return (seed >> 8) % below;
+        };
+        const QList<QByteArray> parts{"[DB]", "[Log", "Path=", "\r\n", "\n", "=", ";", "]", "\"", " ", QByteArray(1, 0)};
+        ProgramFolder folder;
+        for (int round = 0; round < 120; ++round) {
+            QByteArray bytes;
+            for (quint32 i = random(60); i > 0; --i)
+                bytes += random(2) ? parts.at(random(parts.size())) : QByteArray(1, char(random(256)));
+            folder.writeProfile(bytes);
+            const clsProfile profile;
+            profile.GetValue(u"Log"_qs, u"Path"_qs, u"d"_qs);
+            profile.SaveValue(u"DB"_qs, u"Path"_qs, u"見積"_qs);
+            QCOMPARE(profile.GetValue(u"DB"_qs, u"Path"_qs), u"見積"_qs);
+            profile.DeleteSection(u"DB"_qs);
+        }
+    }
+};
+
+HALVANE_TEST(clsProfileTest)
+#include "clsProfileTest.moc"
