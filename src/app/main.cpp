@@ -1,6 +1,6 @@
 #include "app/basMain.h"
-#include "base/Application.h"
 #include "base/AppError.h"
+#include "base/Application.h"
 #include "base/Text.h"
 #include "base/clsProfile.h"
 #include "db/TableReference.h"

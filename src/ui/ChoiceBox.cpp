@@ -4,6 +4,20 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
+namespace {
+
+// The style sheet's frame has no arrow of its own.
+void drawArrow(QPainter& painter, const QRect& box, const QColor& colour) {
+    constexpr qreal half = 4;
+    const QPointF tip(box.right() - 11, box.center().y() + half / 2);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(QPolygonF({tip, tip + QPointF(-half, -half), tip + QPointF(half, -half)}));
+}
+
+} // namespace
+
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(20);
@@ -66,6 +80,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     option.currentText = text();
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    drawArrow(painter, rect(), palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
 }
 
 // Turning the wheel over a form scrolls it; a choice changes only where the operator works.

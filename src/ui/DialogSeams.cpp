@@ -28,20 +28,28 @@ constexpr char answerProperty[] = "answer";
 
 QList<ButtonForm> formsOf(MessageButtons buttons) {
     switch (buttons) {
-    case MessageButtons::Ok: return {ok};
-    case MessageButtons::YesNo: return {yes, no};
-    case MessageButtons::YesNoCancel: return {yes, no, cancel};
-    case MessageButtons::RetryCancel: return {retry, cancel};
+    case MessageButtons::Ok:
+        return {ok};
+    case MessageButtons::YesNo:
+        return {yes, no};
+    case MessageButtons::YesNoCancel:
+        return {yes, no, cancel};
+    case MessageButtons::RetryCancel:
+        return {retry, cancel};
     }
     return {ok};
 }
 
 QMessageBox::Icon iconOf(MessageIcon icon) {
     switch (icon) {
-    case MessageIcon::Warning: return QMessageBox::Warning;
-    case MessageIcon::Question: return QMessageBox::Question;
-    case MessageIcon::Information: return QMessageBox::Information;
-    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Warning:
+        return QMessageBox::Warning;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
     }
     return QMessageBox::NoIcon;
 }

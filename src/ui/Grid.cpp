@@ -33,6 +33,8 @@ void Grid::setColumns(const QList<GridColumn>& columns) {
     clearSortMark();
     for (int i = 0; i < columns.size(); ++i) QTableView::setColumnHidden(i, columns.at(i).hidden);
     setSelectionBehavior(isReadOnly() ? SelectRows : SelectItems);
+    setProperty("list", isReadOnly()); // for the style
+    style()->polish(this);
     applyWidths();
 }
 
@@ -179,7 +181,8 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     const bool ticks = column(index.column()).kind == GridColumn::Check;
     switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: return isReadOnly() ? emit rowOpened(currentRow()) : goToNextCell();
+    case Qt::Key_Enter:
+        return isReadOnly() ? emit rowOpened(currentRow()) : goToNextCell();
     case Qt::Key_Space:
         if (!ticks) break;
         toggleCheck(currentRow(), currentColumn());
@@ -187,7 +190,8 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
         if (!ticks && mayEdit(index)) takeEdit(index, {});
         return;
-    default: break;
+    default:
+        break;
     }
     QTableView::keyPressEvent(event);
 }

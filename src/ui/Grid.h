@@ -52,9 +52,9 @@ public:
     bool isRowEmpty(int row) const;
 
     // --- where the operator is ---
-    int currentRow() const { return currentIndex().row() + 1; }       // 0: nowhere
-    int currentColumn() const { return currentIndex().column(); }     // -1: nowhere
-    void setCurrent(int row, int column = -1);                        // -1: the first column to see
+    int currentRow() const { return currentIndex().row() + 1; }   // 0: nowhere
+    int currentColumn() const { return currentIndex().column(); } // -1: nowhere
+    void setCurrent(int row, int column = -1);                    // -1: the first column to see
     // Starts an edit as the operator would; false when the cell refuses it.
     bool beginEdit(int row, int column);
     // The field of the running edit, or nothing.

@@ -48,11 +48,14 @@ QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
     auto* list = new ChoiceBox(parent);
     list->setEditable(true);
     for (const GridEntry& entry : m_grid->column(column).entries) list->addEntry(entry.listText(), entry.value);
-    connect(list, &QComboBox::activated, this, [this, list] {
-        auto* self = const_cast<GridDelegate*>(this);
-        emit self->commitData(list);
-        emit self->closeEditor(list);
-    }, Qt::QueuedConnection);
+    connect(
+        list, &QComboBox::activated, this,
+        [this, list] {
+            auto* self = const_cast<GridDelegate*>(this);
+            emit self->commitData(list);
+            emit self->closeEditor(list);
+        },
+        Qt::QueuedConnection);
     return list;
 }
 
@@ -90,11 +93,11 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
 
 // The edit is being left for another place: the cell keeps what it held, and the operator is told why.
 void GridDelegate::tellLater(const QString& complaint) const {
-    QMetaObject::invokeMethod(m_grid, [complaint] { ShowMessage(901, complaint); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        m_grid, [complaint] { ShowMessage(901, complaint); }, Qt::QueuedConnection);
 }
 
-void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                        const QModelIndex&) const {
+void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
     editor->setGeometry(option.rect);
 }
 
@@ -113,10 +116,14 @@ bool GridDelegate::eventFilter(QObject* object, QEvent* event) {
     switch (key->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-    case Qt::Key_Tab: leaveTowardsNext(editor); return true;
-    default: break;
+    case Qt::Key_Tab:
+        leaveTowardsNext(editor);
+        return true;
+    default:
+        break;
     }
-    if (auto* list = qobject_cast<ChoiceBox*>(editor); list && isStarter(key->key()) && key->modifiers() == Qt::AltModifier) {
+    if (auto* list = qobject_cast<ChoiceBox*>(editor);
+        list && isStarter(key->key()) && key->modifiers() == Qt::AltModifier) {
         list->showPopup();
         return true;
     }

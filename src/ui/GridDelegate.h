@@ -4,8 +4,8 @@
 
 class Grid;
 
-// Edits and paints the cells of a grid: a list, a number, a date or a text field, and centred tick boxes. Return and Tab
-// leave an edit towards the next cell to fill; Escape gives it up.
+// Edits and paints the cells of a grid: a list, a number, a date or a text field, and centred tick boxes. Return and
+// Tab leave an edit towards the next cell to fill; Escape gives it up.
 class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

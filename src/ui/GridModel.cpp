@@ -122,16 +122,20 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     const GridColumn& column = m_columns.at(index.column());
     const bool ticks = column.kind == GridColumn::Check;
     switch (role) {
-    case Qt::DisplayRole: return ticks ? QVariant() : shown(index.row(), index.column());
-    case Qt::EditRole: return value(index.row(), index.column());
+    case Qt::DisplayRole:
+        return ticks ? QVariant() : shown(index.row(), index.column());
+    case Qt::EditRole:
+        return value(index.row(), index.column());
     case Qt::CheckStateRole:
         return ticks ? QVariant(value(index.row(), index.column()) == u"1" ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::TextAlignmentRole:
         if (column.kind == GridColumn::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
         if (column.kind == GridColumn::RowNumber) return QVariant(Qt::AlignCenter);
         return QVariant(column.alignment | Qt::AlignVCenter);
-    case Qt::BackgroundRole: return background(column);
-    default: return {};
+    case Qt::BackgroundRole:
+        return background(column);
+    default:
+        return {};
     }
 }
 

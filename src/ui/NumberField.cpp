@@ -41,7 +41,8 @@ std::optional<QString> NumberField::plain(const QString& typed) const {
     if (negative || text.startsWith(u'+')) text.remove(0, 1);
     const QString fraction = text.section(u'.', 1);
     if (fraction.size() > m_decimals) return std::nullopt;
-    const QString number = withoutLeadingZeros(text.section(u'.', 0, 0)) + (fraction.isEmpty() ? QString() : u'.' + fraction);
+    const QString number =
+        withoutLeadingZeros(text.section(u'.', 0, 0)) + (fraction.isEmpty() ? QString() : u'.' + fraction);
     return negative ? u'-' + number : number;
 }
 

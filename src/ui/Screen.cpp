@@ -24,11 +24,17 @@ bool takesFocus(const QWidget* widget, const QWidget* form) {
            !widget->focusProxy();
 }
 
+// The size drawn in the form file, larger where the font asks for it, never larger than the display.
+void fit(QWidget* form) {
+    const QSize drawn = form->testAttribute(Qt::WA_Resized) ? form->size() : QSize();
+    const QSize display = form->screen()->availableSize();
+    form->resize(drawn.expandedTo(form->sizeHint()).boundedTo(display));
+}
+
 void centre(QWidget* form) {
-    form->adjustSize();
     const QWidget* parent = form->parentWidget();
-    const QRect area = parent && parent->isVisible() ? parent->window()->frameGeometry()
-                                                     : form->screen()->availableGeometry();
+    const QRect area =
+        parent && parent->isVisible() ? parent->window()->frameGeometry() : form->screen()->availableGeometry();
     form->move(area.center() - form->rect().center());
 }
 
@@ -45,6 +51,7 @@ bool Screen::Load() {
     guarded([this] {
         Style::arrange(this);
         for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
+        fit(this);
         centre(this);
         RestoreFormPosition(this);
         load();
@@ -105,7 +112,8 @@ bool Screen::leaveField() {
 
 // An Alt letter presses a button without moving the focus: what was typed is taken over first.
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Shortcut && !watched->property("leavesUnchecked").toBool() && !leaveField()) return true;
+    if (event->type() == QEvent::Shortcut && !watched->property("leavesUnchecked").toBool() && !leaveField())
+        return true;
     return QDialog::eventFilter(watched, event);
 }
 

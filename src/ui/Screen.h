@@ -65,5 +65,6 @@ template <class S, class Prepare, class Read> bool openScreen(QWidget* parent, P
 }
 
 template <class S> bool openScreen(QWidget* parent) {
-    return openScreen<S>(parent, [](S&) {}, [](S&) {});
+    return openScreen<S>(
+        parent, [](S&) {}, [](S&) {});
 }

@@ -24,10 +24,13 @@ public:
         case PM_LayoutLeftMargin:
         case PM_LayoutRightMargin:
         case PM_LayoutTopMargin:
-        case PM_LayoutBottomMargin: return margin;
+        case PM_LayoutBottomMargin:
+            return margin;
         case PM_LayoutHorizontalSpacing:
-        case PM_LayoutVerticalSpacing: return gap;
-        default: return QProxyStyle::pixelMetric(metric, option, widget);
+        case PM_LayoutVerticalSpacing:
+            return gap;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
         }
     }
 };
@@ -56,6 +59,7 @@ QString sheet() {
         QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #8E98A2; }
         QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { background: %5; border: 2px solid %3;
             padding: 1px 3px; }
+        QComboBox::drop-down { border: none; width: 1.6em; }
         QComboBox QLineEdit, QAbstractItemView QLineEdit, QAbstractItemView QComboBox { border: none;
             border-radius: 0; padding: 0 2px; min-height: 0; }
         QPushButton { background: #FBFCFD; border: 1px solid %2; border-radius: 4px; padding: 4px 14px;
@@ -70,7 +74,8 @@ QString sheet() {
         QTableView { border: 1px solid %2; gridline-color: #DCE2E8; selection-background-color: #CFE2F1;
             selection-color: %7; }
         QTableView:focus { border: 2px solid %3; }
-        QTableView::item:focus { background: %5; color: %7; }
+        QTableView::item:focus { background: %5; color: %7; border: 2px solid %3; }
+        QTableView[list="true"]::item:focus { background: #CFE2F1; border: none; }
         QHeaderView::section { background: %6; border: none; border-right: 1px solid %2;
             border-bottom: 1px solid %2; padding: 3px 6px; }
         QTabWidget::pane { border: 1px solid %2; border-radius: 4px; }

@@ -18,10 +18,14 @@ const QHash<QString, qint16>& answerWords() {
 
 QList<qint16> buttonsOf(MessageButtons buttons) {
     switch (buttons) {
-    case MessageButtons::Ok: return {AnswerNone};
-    case MessageButtons::YesNo: return {AnswerYes, AnswerNo};
-    case MessageButtons::YesNoCancel: return {AnswerYes, AnswerNo, AnswerCancel};
-    case MessageButtons::RetryCancel: return {AnswerRetry, AnswerCancel};
+    case MessageButtons::Ok:
+        return {AnswerNone};
+    case MessageButtons::YesNo:
+        return {AnswerYes, AnswerNo};
+    case MessageButtons::YesNoCancel:
+        return {AnswerYes, AnswerNo, AnswerCancel};
+    case MessageButtons::RetryCancel:
+        return {AnswerRetry, AnswerCancel};
     }
     return {};
 }

@@ -185,8 +185,7 @@ void Operator::cell(const QString& name, int row, int column, const QString& tex
     Desk::checkPlace(grid, row, column);
     goTo(grid, [grid, row, column, text] {
         Desk::checkPlace(grid, row, column);
-        if (!grid->beginEdit(row, column) || !grid->editor())
-            throw StepFailure{u"the cell cannot be edited"_qs, text};
+        if (!grid->beginEdit(row, column) || !grid->editor()) throw StepFailure{u"the cell cannot be edited"_qs, text};
         fillEditor(grid, column, text);
     });
 }

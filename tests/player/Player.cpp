@@ -89,9 +89,7 @@ void Player::tick() {
     advance();
 }
 
-bool Player::isOver() const {
-    return m_failed || (m_continuations.empty() && m_next >= m_scenario.steps.size());
-}
+bool Player::isOver() const { return m_failed || (m_continuations.empty() && m_next >= m_scenario.steps.size()); }
 
 void Player::advance() {
     m_stepTime.start();
@@ -126,11 +124,11 @@ void Player::fail(const StepFailure& failure) {
     m_failed = true;
     m_continuations.clear();
     const QString step = m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString();
-    m_report = u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs
-                   .arg(m_scenario.file)
-                   .arg(currentLine())
-                   .arg(step, indented(failure.found), indented(failure.expected),
-                        Desk::openScreens().join(u" > "_qs), indented(m_answers.said().join(u'\n')));
+    m_report =
+        u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs.arg(m_scenario.file)
+            .arg(currentLine())
+            .arg(step, indented(failure.found), indented(failure.expected), Desk::openScreens().join(u" > "_qs),
+                 indented(m_answers.said().join(u'\n')));
     if (m_options.outFolder.isEmpty() || !Desk::topmostOrNone()) return;
     const QString picture = outFile(QFileInfo(m_scenario.file).completeBaseName() + u"-failed"_qs, u"png"_qs);
     if (Desk::topmost()->grab().save(picture)) m_report += u"  picture:   %1\n"_qs.arg(picture);
@@ -186,5 +184,6 @@ QString Player::outFile(const QString& name, const QString& suffix) const {
 
 void Player::takeShot(const QString& name) {
     const QString file = outFile(name, u"png"_qs);
-    if (!Desk::topmost()->grab().save(file)) throw StepFailure{u"the file cannot be written: "_qs + file, u"a picture"_qs};
+    if (!Desk::topmost()->grab().save(file))
+        throw StepFailure{u"the file cannot be written: "_qs + file, u"a picture"_qs};
 }

@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -47,13 +48,21 @@ int usage(const QString& complaint) {
     return usageError;
 }
 
+// Reading alone needs no display.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    for (int i = 1; i < argc; ++i)
+        for (const char* reading : {"--list", "--check", "--help"})
+            if (qstrcmp(argv[i], reading) == 0) return std::make_unique<QCoreApplication>(argc, argv);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    application->setApplicationName(u"Halvane"_qs);
+    Style::apply(*application);
+    return application;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    application.setApplicationName(u"Halvane"_qs);
-    Style::apply(application);
-
+    const auto application = makeApplication(argc, argv);
     QCommandLineParser line;
     line.setApplicationDescription(u"Plays the screens from text files."_qs);
     line.addHelpOption();
@@ -63,7 +72,7 @@ int main(int argc, char** argv) {
     const QCommandLineOption checkOnly(u"check"_qs, u"Reads the files without playing them."_qs);
     line.addOptions({out, provider, list, checkOnly});
     line.addPositionalArgument(u"FILE"_qs, u"Scenarios to play."_qs, u"FILE..."_qs);
-    line.process(application);
+    line.process(*application);
 
     if (line.isSet(list)) return std::printf("%s", qUtf8Printable(stepList())) < 0;
     if (line.positionalArguments().isEmpty()) return usage(u"no file given"_qs);
@@ -78,8 +87,8 @@ int main(int argc, char** argv) {
     bool allHold = true;
     for (const QString& file : line.positionalArguments()) {
         const Scenario scenario = readScenario(file);
-        const bool holds = line.isSet(checkOnly) ? check(scenario)
-                                                 : playFile(scenario, {*chosen, line.value(out), PaperSource()});
+        const bool holds =
+            line.isSet(checkOnly) ? check(scenario) : playFile(scenario, {*chosen, line.value(out), PaperSource()});
         allHold = allHold && holds;
     }
     return allHold ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -19,7 +19,8 @@ private:
 private slots:
     void boxesSpeakJapaneseWithAltLetters() {
         QMessageBox box;
-        prepareMessageBox(box, {u"Halvane"_qs, u"保存しますか？"_qs, MessageIcon::Question, MessageButtons::YesNoCancel});
+        prepareMessageBox(box,
+                          {u"Halvane"_qs, u"保存しますか？"_qs, MessageIcon::Question, MessageButtons::YesNoCancel});
         QCOMPARE(buttonTexts(box), (QStringList{u"いいえ(&N)"_qs, u"はい(&Y)"_qs, u"キャンセル(&C)"_qs}));
         QCOMPARE(box.windowTitle(), u"Halvane"_qs);
         QCOMPARE(box.icon(), QMessageBox::Question);
@@ -29,7 +30,8 @@ private slots:
 
     void defaultMayBeNo() {
         QMessageBox box;
-        prepareMessageBox(box, {u"Halvane"_qs, u"削除しますか？"_qs, MessageIcon::Question, MessageButtons::YesNo, true});
+        prepareMessageBox(box,
+                          {u"Halvane"_qs, u"削除しますか？"_qs, MessageIcon::Question, MessageButtons::YesNo, true});
         QCOMPARE(box.defaultButton()->text(), u"いいえ(&N)"_qs);
         QCOMPARE(box.escapeButton()->text(), u"いいえ(&N)"_qs);
     }

@@ -33,8 +33,15 @@ QList<GridColumn> estimateColumns() {
     hidden.hidden = true;
     GridColumn price = editableColumn(u"価格"_qs, GridColumn::Number);
     price.background = Style::computed;
-    return {number, quick, item, side, editableColumn(u"数量"_qs, GridColumn::Number), hidden, price,
-            editableColumn(u"印"_qs, GridColumn::Check), editableColumn(u"日"_qs, GridColumn::Date)};
+    return {number,
+            quick,
+            item,
+            side,
+            editableColumn(u"数量"_qs, GridColumn::Number),
+            hidden,
+            price,
+            editableColumn(u"印"_qs, GridColumn::Check),
+            editableColumn(u"日"_qs, GridColumn::Date)};
 }
 
 } // namespace

@@ -48,65 +48,83 @@ private slots:
     void cleanupTestCase() { seams() = defaultSeams(); }
 
     void showsOneRowForEachRecordAndTheirCount() {
-        run({}, [](QWidget* screen) {
-            QCOMPARE(screen->windowTitle(), u"マスタ選択"_qs);
-            QCOMPARE(grid(screen)->rows(), 3);
-            QCOMPARE(screen->findChild<QLabel*>(u"lblRecCnt"_qs)->text(), u"3 件"_qs);
-            QVERIFY(!screen->findChild<QPushButton*>(u"cbEstDetail"_qs)->isVisible());
-            screen->close();
-        }, [](frmSelectList& list) { QVERIFY(list.Cancel); });
+        run(
+            {},
+            [](QWidget* screen) {
+                QCOMPARE(screen->windowTitle(), u"マスタ選択"_qs);
+                QCOMPARE(grid(screen)->rows(), 3);
+                QCOMPARE(screen->findChild<QLabel*>(u"lblRecCnt"_qs)->text(), u"3 件"_qs);
+                QVERIFY(!screen->findChild<QPushButton*>(u"cbEstDetail"_qs)->isVisible());
+                screen->close();
+            },
+            [](frmSelectList& list) { QVERIFY(list.Cancel); });
     }
 
     void titleAndHiddenColumnsAreTheCallers() {
-        run([](frmSelectList& list) {
-            list.TblName = u"受注先"_qs;
-            list.HideCols = {u"受注先No"_qs};
-        }, [](QWidget* screen) {
-            QCOMPARE(screen->windowTitle(), u"受注先"_qs);
-            QVERIFY(grid(screen)->isColumnHidden(0));
-            QVERIFY(!grid(screen)->isColumnHidden(1));
-            screen->close();
-        }, [](frmSelectList&) {});
+        run(
+            [](frmSelectList& list) {
+                list.TblName = u"受注先"_qs;
+                list.HideCols = {u"受注先No"_qs};
+            },
+            [](QWidget* screen) {
+                QCOMPARE(screen->windowTitle(), u"受注先"_qs);
+                QVERIFY(grid(screen)->isColumnHidden(0));
+                QVERIFY(!grid(screen)->isColumnHidden(1));
+                screen->close();
+            },
+            [](frmSelectList&) {});
     }
 
     void selectGivesTheFieldsOfTheRow() {
-        run({}, [](QWidget* screen) {
-            grid(screen)->setCurrent(2);
-            press(screen, u"cbSelect"_qs);
-        }, [](frmSelectList& list) {
-            QVERIFY(!list.Cancel);
-            QCOMPARE(list.Selected.value(u"受注先No"_qs), u"2"_qs);
-            QCOMPARE(list.Selected.value(u"受注先名"_qs), u"市民病院"_qs);
-        });
+        run(
+            {},
+            [](QWidget* screen) {
+                grid(screen)->setCurrent(2);
+                press(screen, u"cbSelect"_qs);
+            },
+            [](frmSelectList& list) {
+                QVERIFY(!list.Cancel);
+                QCOMPARE(list.Selected.value(u"受注先No"_qs), u"2"_qs);
+                QCOMPARE(list.Selected.value(u"受注先名"_qs), u"市民病院"_qs);
+            });
     }
 
     void doubleClickSelects() {
-        run({}, [](QWidget* screen) {
-            grid(screen)->setCurrent(3);
-            emit grid(screen)->doubleClicked(grid(screen)->currentIndex());
-        }, [](frmSelectList& list) { QCOMPARE(list.Selected.value(u"受注先コード"_qs), u"B01"_qs); });
+        run(
+            {},
+            [](QWidget* screen) {
+                grid(screen)->setCurrent(3);
+                emit grid(screen)->doubleClicked(grid(screen)->currentIndex());
+            },
+            [](frmSelectList& list) { QCOMPARE(list.Selected.value(u"受注先コード"_qs), u"B01"_qs); });
     }
 
     void cancelledSelectionLeavesNothingToTake() {
-        run({}, [](QWidget* screen) { press(screen, u"cbClose"_qs); }, [](frmSelectList& list) {
-            QVERIFY(list.Cancel);
-            QVERIFY(list.Selected.isEmpty());
-        });
+        run(
+            {}, [](QWidget* screen) { press(screen, u"cbClose"_qs); },
+            [](frmSelectList& list) {
+                QVERIFY(list.Cancel);
+                QVERIFY(list.Selected.isEmpty());
+            });
     }
 
     void typedTextNarrowsTheRows() {
-        run({}, [](QWidget* screen) {
-            auto* search = screen->findChild<QLineEdit*>(u"txtSearch"_qs);
-            search->setText(u"やまだ"_qs);
-            QCOMPARE(grid(screen)->rows(), 1);
-            QTest::keyClick(search, Qt::Key_Return);
-            press(screen, u"cbSelect"_qs);
-        }, [](frmSelectList& list) { QCOMPARE(list.Selected.value(u"受注先No"_qs), u"3"_qs); });
+        run(
+            {},
+            [](QWidget* screen) {
+                auto* search = screen->findChild<QLineEdit*>(u"txtSearch"_qs);
+                search->setText(u"やまだ"_qs);
+                QCOMPARE(grid(screen)->rows(), 1);
+                QTest::keyClick(search, Qt::Key_Return);
+                press(screen, u"cbSelect"_qs);
+            },
+            [](frmSelectList& list) { QCOMPARE(list.Selected.value(u"受注先No"_qs), u"3"_qs); });
     }
 
     void estimateOfTheDetailListIsHandedOn() {
         run([](frmSelectList& list) { list.EstDetail = [](QWidget*) { return u"20050001"_qs; }; },
-            [](QWidget* screen) { press(screen, u"cbEstDetail"_qs); }, [](frmSelectList& list) {
+            [](QWidget* screen) { press(screen, u"cbEstDetail"_qs); },
+            [](frmSelectList& list) {
                 QVERIFY(!list.Cancel);
                 QCOMPARE(list.EstId, u"20050001"_qs);
             });

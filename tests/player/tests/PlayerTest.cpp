@@ -70,7 +70,9 @@ public:
 
 protected:
     void load() override { price_0.hide(); }
-    bool queryUnload() override { return name.text() != u"開"_qs || ShowMessage(909, u"保存しますか？"_qs) == AnswerNo; }
+    bool queryUnload() override {
+        return name.text() != u"開"_qs || ShowMessage(909, u"保存しますか？"_qs) == AnswerNo;
+    }
 
 private:
     void setUpGrid() {
@@ -89,9 +91,8 @@ private:
         grid.setColumns({number, item, count, used});
         grid.setRows(3);
         connect(&grid, &Grid::headingClicked, this, [this](int column) { grid.toggleSortMark(column); });
-        connect(&grid, &Grid::cellEdited, this, [this](int row, int column, const QString&) {
-            result.setText(u"%1/%2"_qs.arg(row).arg(column));
-        });
+        connect(&grid, &Grid::cellEdited, this,
+                [this](int row, int column, const QString&) { result.setText(u"%1/%2"_qs.arg(row).arg(column)); });
     }
 
     void openNext() {
@@ -174,7 +175,8 @@ private slots:
     void answerThatTheBoxDoesNotOfferFails() { fails(u"answer retry\npress cmdAsk"_qs, {u"retry"_qs}); }
 
     void messagesAreAcceptedAndKept() {
-        holds(u"press cmdTell\npress cmdTell\nexpect message 終わり\nexpect message 終わりました\nexpect no message"_qs);
+        holds(
+            u"press cmdTell\npress cmdTell\nexpect message 終わり\nexpect message 終わりました\nexpect no message"_qs);
         fails(u"press cmdTell\nexpect no message"_qs, {u"found:     終わりました。"_qs});
         fails(u"expect message 終わり"_qs, {u"no message"_qs});
     }
