@@ -1,0 +1,70 @@
+#pragma once
+
+#include "estimates/EstimateDraft.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class CsEstimateBasicPage;
+}
+
+class InsuranceGrid;
+
+// Who it is for: customer, insurances, chart, product, and the quick printing.
+class CsEstimateBasicPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CsEstimateBasicPage(QWidget* parent = nullptr);
+    ~CsEstimateBasicPage() override;
+
+    // Fills the lists from the managers; once, before anything is shown.
+    void fillLists();
+    // Takes over customer, chart, insurances and the product part of an order.
+    void showOrder(const EstimateDraft& draft);
+    // Writes what is typed into the order.
+    void collect(EstimateDraft& draft) const;
+    // The customer part alone: persons, insurances and chart.
+    void showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
+                      const QList<ClaimRow>& claims);
+    void showProduct(const EstimateDraft& draft);
+
+    // The rows of the insurance grid, empty ones included; without dates and amounts.
+    QList<ClaimRow> insuranceRows() const;
+    // Both names with an ideographic blank between them.
+    QString customerName() const;
+    // 小人, 中人, 大人 or empty, as the customer carries it.
+    QString ageKbn() const;
+
+    const std::unique_ptr<Ui::CsEstimateBasicPage> ui;
+
+signals:
+    void nameChanged();
+    void insurancesChanged();
+    // A customer was chosen whose numbers the header shows.
+    void customerChosen(const clsCustomer& customer);
+
+private:
+    void connectPerson();
+    void connectAddress();
+    void connectChart();
+    void showAge();
+    void followName();
+    void takeEraDate();
+    void takeZip();
+    void chooseAddress();
+    void chooseCustomer();
+    void chooseChart();
+    void chooseOrder();
+    void takeOrderCode();
+    void fillDoctors();
+    void showChart(const clsChart& chart, const QString& orderCd);
+
+    InsuranceGrid* m_insurances;
+    clsCustomer m_customer; // the record that the fields came from
+    clsChart m_chart;
+    QString m_lastZip;
+    QString m_lastOrderCd;
+};

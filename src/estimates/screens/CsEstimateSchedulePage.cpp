@@ -1,0 +1,88 @@
+#include "estimates/screens/CsEstimateSchedulePage.h"
+
+#include "base/basCommon.h"
+#include "db/clsSysSettingManager.h"
+#include "estimates/EstimateDates.h"
+#include "estimates/screens/FormPieces.h"
+#include "ui/basControlUtil.h"
+#include "ui_CsEstimateSchedulePage.h"
+
+namespace {
+
+const QString wholePrice = u"100"_qs;
+const QString currentTax = u"2"_qs; // the setting's number, the item data of the entry
+
+} // namespace
+
+CsEstimateSchedulePage::CsEstimateSchedulePage(QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::CsEstimateSchedulePage>()) {
+    ui->setupUi(this);
+    FormPieces::applyCharacters(this);
+    for (ChoiceBox* box : {ui->cboDiscount1, ui->cboDiscount2, ui->cboDiscount3, ui->cboTax})
+        connect(box, &ChoiceBox::valueChanged, this, &CsEstimateSchedulePage::percentagesChanged);
+}
+
+CsEstimateSchedulePage::~CsEstimateSchedulePage() = default;
+
+QList<std::pair<DateField*, QString clsCsEstimate::*>> CsEstimateSchedulePage::dates() const {
+    return {{ui->idtRecvDate, &clsCsEstimate::RecvDate},           {ui->idtEstDate, &clsCsEstimate::EstDate},
+            {ui->idtTickRsvDate, &clsCsEstimate::TickRsvDate},     {ui->idtPickPtnDate, &clsCsEstimate::PickPtnDate},
+            {ui->idtTmpSetPlnDate, &clsCsEstimate::TmpSetPlnDate}, {ui->idtTmpSetFinDate, &clsCsEstimate::TmpSetFinDate},
+            {ui->idtCmpltPlnDate, &clsCsEstimate::CmpltPlnDate},   {ui->idtCmpltFinDate, &clsCsEstimate::CmpltFinDate},
+            {ui->idtDelvPlnDate, &clsCsEstimate::DelvPlnDate},     {ui->idtDelvFinDate, &clsCsEstimate::DelvFinDate},
+            {ui->idtAskPlnDate, &clsCsEstimate::AskPlnDate},       {ui->idtAskFinDate, &clsCsEstimate::AskFinDate},
+            {ui->idtPayInPlnDate, &clsCsEstimate::PayInPlnDate},   {ui->idtPayInFinDate, &clsCsEstimate::PayInFinDate}};
+}
+
+void CsEstimateSchedulePage::fillLists() {
+    FillCommaList(ui->cboDiscount1, u"100,95,70"_qs);
+    FillCommaList(ui->cboDiscount2, u"100,95,70"_qs);
+    FillCommaList(ui->cboDiscount3, wholePrice);
+    FillTaxList(ui->cboTax, u"2,3"_qs);
+}
+
+void CsEstimateSchedulePage::showEstimate(const clsCsEstimate& estimate) {
+    for (const auto& [field, member] : dates()) field->setValue(formatDate(estimate.*member, u"yyyy/mm/dd"_qs));
+    ui->txtEstMemo->setValue(estimate.Memo);
+    if (estimate.EstId.isEmpty()) {
+        resetDiscounts();
+        resetTax();
+    } else {
+        ui->cboDiscount1->setText(estimate.Discount1);
+        ui->cboDiscount2->setText(estimate.Discount2);
+        ui->cboDiscount3->setText(estimate.Discount3);
+        ui->cboTax->setText(estimate.Tax);
+    }
+}
+
+void CsEstimateSchedulePage::resetDiscounts() {
+    for (ChoiceBox* box : {ui->cboDiscount1, ui->cboDiscount2, ui->cboDiscount3}) box->setText(wholePrice);
+}
+
+void CsEstimateSchedulePage::resetTax() { ui->cboTax->chooseByData(currentTax); }
+
+void CsEstimateSchedulePage::collect(clsCsEstimate& estimate) const {
+    for (const auto& [field, member] : dates()) estimate.*member = field->value();
+    estimate.Memo = ui->txtEstMemo->value();
+    const Percentages shown = percentages();
+    estimate.Discount1 = storedDiscount(shown.discount1);
+    estimate.Discount2 = storedDiscount(shown.discount2);
+    estimate.Discount3 = storedDiscount(shown.discount3);
+    estimate.Tax = storedTax(shown.tax);
+}
+
+Percentages CsEstimateSchedulePage::percentages() const {
+    return {ui->cboDiscount1->text(), ui->cboDiscount2->text(), ui->cboDiscount3->text(), ui->cboTax->text()};
+}
+
+void CsEstimateSchedulePage::planFromCasting() {
+    const QString casting = ui->idtPickPtnDate->value();
+    if (casting.isEmpty()) return;
+    const QList<std::pair<DateField*, int>> planned{{ui->idtTmpSetPlnDate, 33},
+                                                    {ui->idtCmpltPlnDate, 34},
+                                                    {ui->idtDelvPlnDate, 35},
+                                                    {ui->idtAskPlnDate, 36},
+                                                    {ui->idtPayInPlnDate, 37}};
+    for (const auto& [field, setting] : planned)
+        if (field->value().isEmpty()) field->setValue(plannedDate(casting, gSysSettingManager.value(setting)));
+}

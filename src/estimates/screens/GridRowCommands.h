@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+class EstimateRowCommands;
+class Grid;
+
+// 行挿入, 行複写, 行削除, 全行削除, up and down over the rows of one grid, whose number of rows stays the same.
+class GridRowCommands : public QObject {
+    Q_OBJECT
+
+public:
+    GridRowCommands(Grid* grid, EstimateRowCommands* buttons);
+
+signals:
+    // The rows stand in another order: for each row, from 1, the number that it had before, 0 for a new one.
+    void rowsMoved(const QList<int>& formerRows);
+    // After every command that changed something.
+    void changed();
+
+private:
+    void insertRow();
+    void copyRow();
+    void removeRow();
+    void removeAllRows();
+    void moveRow(int by);
+    // Puts the rows into this order; 0 stands for an empty row.
+    void rearrange(const QList<int>& formerRows, int current);
+    QList<int> presentRows() const;
+    int lastEmptyRow() const;
+
+    Grid* m_grid;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "db/Recordset.h"
+#include "ui/SelectRows.h"
+
+#include <QStringList>
+
+#include <optional>
+
+class QWidget;
+
+// Shows the rows of a query in the selection list and gives the chosen row; nothing when it was cancelled or there is
+// no row to choose from, which is told with the title's word unless that was done already.
+enum class TellMissing { Yes, No };
+std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Recordset rows,
+                                      const QStringList& hidden = {}, TellMissing tell = TellMissing::Yes);
