@@ -1,6 +1,10 @@
 #include "app/MenuOpeners.h"
 
+#include "estimates/screens/frmCsEstimate.h"
+
 const QHash<QString, MenuOpener>& menuOpeners() {
-    static const QHash<QString, MenuOpener> table{};
+    static const QHash<QString, MenuOpener> table{
+        {u"cbCsEstimate"_qs, [](QWidget* menu) { openScreen<frmCsEstimate>(menu); }},
+    };
     return table;
 }

@@ -32,12 +32,14 @@ void EntryField::setAllowedCharacters(const QString& characters) { m_validator->
 void EntryField::setValue(const QString& value) {
     const QString shown = settled(value).value_or(value);
     setText(hasFocus() ? editable(shown) : shown);
+    noteSettled();
 }
 
 bool EntryField::commit() {
     const auto shown = settled(text());
     if (!shown) return false;
     if (*shown != text()) setText(*shown);
+    noteSettled();
     return true;
 }
 
@@ -72,4 +74,11 @@ void EntryField::noteChange() {
     if (now == m_lastValue) return;
     m_lastValue = now;
     emit valueChanged();
+}
+
+void EntryField::noteSettled() {
+    const QString now = value();
+    if (now == m_lastSettled) return;
+    m_lastSettled = now;
+    emit valueSettled();
 }

@@ -36,6 +36,8 @@ public:
 signals:
     // The value is another one, by the operator or by the program.
     void valueChanged();
+    // The same once the entry is whole: when the field is left, or when the program has set it.
+    void valueSettled();
 
 protected:
     // The text shown for a typed one when the field is left; nothing when the entry is wrong.
@@ -52,5 +54,8 @@ private:
     void complainUnlessExcused();
 
     EntryValidator* m_validator;
+    void noteSettled();
+
     QString m_lastValue;
+    QString m_lastSettled;
 };

@@ -4,6 +4,7 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "db/clsAssistManager.h"
+#include "estimates/EstimateDates.h"
 #include "estimates/screens/FormPieces.h"
 #include "estimates/screens/InsuranceGrid.h"
 #include "reference/ReferenceManagers.h"
@@ -87,6 +88,10 @@ void CsEstimateBasicPage::connectPerson() {
     for (QRadioButton* choice : {ui->optIns_0, ui->optIns_1})
         connect(choice, &QRadioButton::toggled, this, &CsEstimateBasicPage::followName);
     connect(ui->idtBirth, &DateField::valueChanged, this, &CsEstimateBasicPage::showAge);
+    connect(ui->numLifeYear, &NumberField::valueSettled, this, [this] {
+        const QString years = ui->numLifeYear->value();
+        if (!m_showing && !years.isEmpty()) ui->idtLifeEnd->setValue(lifeEndDate(years));
+    });
     connect(ui->txtEra, &QLineEdit::editingFinished, this, [this] { guarded([this] { takeEraDate(); }); });
     connect(ui->cmdCustSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseCustomer(); }); });
 }
@@ -99,12 +104,12 @@ void CsEstimateBasicPage::connectAddress() {
             ui->cboCity->setText(city);
         });
     });
-    connect(ui->txtZip, &QLineEdit::editingFinished, this, [this] { guarded([this] { takeZip(); }); });
+    connect(ui->txtZip, &TextField::valueSettled, this, [this] { guarded([this] { takeZip(); }); });
     connect(ui->cmdSetZip, &QPushButton::clicked, this, [this] { guarded([this] { chooseAddress(); }); });
 }
 
 void CsEstimateBasicPage::connectChart() {
-    connect(ui->txtOrderCd, &QLineEdit::editingFinished, this, [this] { guarded([this] { takeOrderCode(); }); });
+    connect(ui->txtOrderCd, &TextField::valueSettled, this, [this] { guarded([this] { takeOrderCode(); }); });
     connect(ui->cmdOrderSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseOrder(); }); });
     connect(ui->cmdChartSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseChart(); }); });
 }
@@ -129,6 +134,7 @@ void CsEstimateBasicPage::showOrder(const EstimateDraft& draft) {
 
 void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
                                        const QList<ClaimRow>& claims) {
+    m_showing = true;
     m_customer = customer;
     const QString joined = JoinWithSpace(customer.CustNm1, customer.CustNm2);
     const bool isSelf = !joined.isEmpty() && customer.Insured == joined;
@@ -142,7 +148,6 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
     if (!ui->cboFamilyType->chooseByData(customer.FamilyType)) ui->cboFamilyType->clearChoice();
     ui->txtInsured->setValue(customer.Insured);
     ui->txtZip->setValue(customer.Zip);
-    m_lastZip = customer.Zip;
     ui->cboPref->setText(customer.Pref);
     ui->cboCity->setText(customer.City);
     ui->txtAddr1->setValue(customer.Addr1);
@@ -156,6 +161,7 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
     showAge();
     showChart(chart, orderCd);
     m_insurances->showRows(claims);
+    m_showing = false;
 }
 
 void CsEstimateBasicPage::showChart(const clsChart& chart, const QString& orderCd) {
@@ -166,7 +172,6 @@ void CsEstimateBasicPage::showChart(const clsChart& chart, const QString& orderC
     ui->cboLR->setText(chart.LR);
     ui->idtHospDate->setValue(chart.HospDate);
     ui->txtOrderCd->setValue(orderCd);
-    m_lastOrderCd = orderCd;
     ui->txtOrderNm->setValue(chart.OrderNm);
     fillDoctors();
     ui->cboDoctor->setText(chart.DoctorNm);
@@ -174,6 +179,7 @@ void CsEstimateBasicPage::showChart(const clsChart& chart, const QString& orderC
 }
 
 void CsEstimateBasicPage::showProduct(const EstimateDraft& draft) {
+    m_showing = true;
     const clsCsEstimate& estimate = draft.estimate;
     ui->txtGrantNo->setValue(estimate.GrantNo);
     ui->txtProductCd->setValue(estimate.ProductCd);
@@ -185,6 +191,7 @@ void CsEstimateBasicPage::showProduct(const EstimateDraft& draft) {
     ui->lblFrame->setText(estimate.Frame);
     ui->cboCharge1->setText(estimate.Charge1Nm);
     ui->numPartialPayment->setValue(draft.partialPayment);
+    m_showing = false;
 }
 
 void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
@@ -292,10 +299,9 @@ void CsEstimateBasicPage::chooseCustomer() {
 // --- address ---
 
 void CsEstimateBasicPage::takeZip() {
+    if (m_showing) return;
     const QString zip = FormatZip(ui->txtZip->value());
-    if (zip != ui->txtZip->value()) ui->txtZip->setValue(zip);
-    if (zip == m_lastZip) return;
-    m_lastZip = zip;
+    if (zip != ui->txtZip->value()) return ui->txtZip->setValue(zip); // which settles once more
     if (zip.isEmpty()) return;
     QList<clsZip> found;
     gZipManager.GetList(found, u"[郵便番号] LIKE '"_qs + SqlQuote(zip, true) + u"%'"_qs, u"[郵便番号]"_qs);
@@ -322,8 +328,9 @@ void CsEstimateBasicPage::chooseAddress() {
                                                                      u"[郵便番号]"_qs),
                                    {}, TellMissing::No);
     if (!chosen) return;
+    m_showing = true; // the code comes from the address, not the other way round
     ui->txtZip->setValue(chosen->value(u"郵便番号"_qs));
-    m_lastZip = ui->txtZip->value();
+    m_showing = false;
     ui->cboPref->setText(chosen->value(u"都道府県名"_qs));
     ui->cboCity->setText(chosen->value(u"市区町村名"_qs));
     ui->txtAddr1->setValue(chosen->value(u"住所"_qs));
@@ -343,9 +350,8 @@ void CsEstimateBasicPage::fillDoctors() {
 }
 
 void CsEstimateBasicPage::takeOrderCode() {
+    if (m_showing) return;
     const QString code = ui->txtOrderCd->value();
-    if (code == m_lastOrderCd) return;
-    m_lastOrderCd = code;
     clsOrder order;
     if (!code.isEmpty() && gOrderManager.GetDataCd(code, order)) {
         ui->txtOrderNm->setValue(order.OrderNm);
@@ -362,7 +368,6 @@ void CsEstimateBasicPage::chooseOrder() {
         SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
     if (!chosen) return;
     ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
-    takeOrderCode();
     ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
 }
 

@@ -65,6 +65,5 @@ private:
     InsuranceGrid* m_insurances;
     clsCustomer m_customer; // the record that the fields came from
     clsChart m_chart;
-    QString m_lastZip;
-    QString m_lastOrderCd;
+    bool m_showing = false; // while a record is put into the fields
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Money.h"
+#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "estimates/EstimateLines.h"
 #include "estimates/GridRules.h"

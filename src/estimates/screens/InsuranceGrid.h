@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimates/EstimateDraft.h"
+#include "reference/ReferenceRecords.h"
 
 #include <QObject>
 

@@ -1,9 +1,13 @@
 #include "estimates/screens/frmCsEstimate.h"
 
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#if __has_include("customers/screens/frmCsUpdConf.h")
 #include "customers/screens/frmCsUpdConf.h"
+#define HAS_UPD
+#endif
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
@@ -25,15 +29,6 @@
 namespace {
 
 const QString screenWord = u"顧客見積"_qs;
-
-// Calls back when the operator or the program has put a whole date in, not while one is being typed.
-template <class Work> void onSettled(DateField* field, QObject* context, Work work) {
-    const auto run = [field, work] {
-        if (field->text() == field->value()) work();
-    };
-    QObject::connect(field, &DateField::valueChanged, context, run);
-    QObject::connect(field, &QLineEdit::editingFinished, context, run);
-}
 
 void copyDate(const DateField* from, DateField* to) {
     if (to->value() != from->value()) to->setValue(from->value());
@@ -110,15 +105,15 @@ void frmCsEstimate::connectMirrors() {
     for (const auto& [first, second] : {std::pair(basic.idtPickPtnDate2, schedule.idtPickPtnDate),
                                         std::pair(basic.idtDelvFinDate2, schedule.idtDelvFinDate),
                                         std::pair(basic.idtPayPrtDate2, receipt)}) {
-        onSettled(first, this, [first = first, second = second] { copyDate(first, second); });
-        onSettled(second, this, [first = first, second = second] { copyDate(second, first); });
+        connect(first, &DateField::valueSettled, this, [first = first, second = second] { copyDate(first, second); });
+        connect(second, &DateField::valueSettled, this, [first = first, second = second] { copyDate(second, first); });
     }
-    onSettled(basic.idtDelvFinDate2, this, [this, &basic, &schedule] {
+    connect(basic.idtDelvFinDate2, &DateField::valueSettled, this, [this, &basic, &schedule] {
         if (m_suppressed || basic.idtDelvFinDate2->value().isEmpty()) return;
         fillIfEmpty(schedule.idtDelvPlnDate, basic.idtDelvFinDate2->value());
         fillIfEmpty(schedule.idtCmpltFinDate, basic.idtDelvFinDate2->value());
     });
-    onSettled(schedule.idtPickPtnDate, this, [this] {
+    connect(schedule.idtPickPtnDate, &DateField::valueSettled, this, [this] {
         if (!m_suppressed) guarded([this] { ui->pagSchedule->planFromCasting(); });
     });
     const auto showOpinionDates = [this, &schedule] {
@@ -127,7 +122,7 @@ void frmCsEstimate::connectMirrors() {
         ui->pagPrint->ui->lblOpnDate2->setText(delivered.isEmpty() ? schedule.idtDelvPlnDate->value() : delivered);
     };
     for (DateField* field : {schedule.idtPickPtnDate, schedule.idtDelvFinDate, schedule.idtDelvPlnDate})
-        connect(field, &DateField::valueChanged, this, showOpinionDates);
+        connect(field, &DateField::valueSettled, this, showOpinionDates);
 }
 
 void frmCsEstimate::connectCommands() {
@@ -328,9 +323,11 @@ void frmCsEstimate::clearEdited() {
 bool frmCsEstimate::save() {
     if (!leaveField()) return false;
     EstimateDraft draft = collect();
+#ifdef HAS_UPD
     gCustomerManager.confirmUpdate = [this](const clsCustomer& stored, const clsCustomer& typed) {
         return frmCsUpdConf::ask(this, stored, typed);
     };
+#endif
     SetWaitCursor(true);
     const SaveResult result = saveEstimate(gDbManager.Connection(), draft);
     SetWaitCursor(false);
