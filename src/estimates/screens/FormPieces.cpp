@@ -1,0 +1,50 @@
+#include "estimates/screens/FormPieces.h"
+
+#include "ui/Grid.h"
+#include "ui/Style.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+
+namespace {
+
+constexpr int arrowWidth = 18;
+constexpr int focusFrame = 2;
+constexpr int leastCharacters = 8;
+
+} // namespace
+
+void FormPieces::applyCharacters(QWidget* form) {
+    for (QWidget* control : form->findChildren<QWidget*>()) {
+        const int characters = control->property("characters").toInt();
+        if (characters < 1 && control->property("shownValue").toBool()) {
+            // A long value must not widen the form.
+            control->setSizePolicy(QSizePolicy::Ignored, control->sizePolicy().verticalPolicy());
+            control->setMinimumWidth(Style::charactersWide(control, leastCharacters));
+        }
+        if (characters < 1) continue;
+        const int arrow = qobject_cast<QComboBox*>(control) ? arrowWidth : 0;
+        control->setFixedWidth(Style::charactersWide(control, characters) + arrow);
+    }
+}
+
+void FormPieces::setArrayIndex(QWidget* block, int index) {
+    const QString end = u"_%1"_qs.arg(index);
+    for (QWidget* control : block->findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        // Qt's own parts of a control keep their names.
+        if (!name.isEmpty() && !name.startsWith(u"qt_")) control->setObjectName(name + end);
+    }
+}
+
+void FormPieces::fixRowsShown(Grid* grid, int rows) {
+    grid->ensurePolished();
+    grid->setFixedHeight(grid->horizontalHeader()->sizeHint().height() +
+                         rows * grid->verticalHeader()->defaultSectionSize() + 2 * focusFrame);
+    grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void FormPieces::stretchColumn(Grid* grid, int column) {
+    grid->horizontalHeader()->setStretchLastSection(false);
+    grid->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+}
