@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int arrowWidth = 18;
+constexpr int arrowWidth = 30;
 constexpr int focusFrame = 2;
 constexpr int leastCharacters = 8;
 
