@@ -137,6 +137,14 @@ void frmCsEstimate::connectCommands() {
     onClick(ui->cmdReCome, [this] { receiveAgain(); });
     onClick(ui->cmdPayNo, [this] { markUncollected(); });
     onClick(ui->cmdAutoName, [this] { proposeName(); });
+    const auto& pages = *ui->pagPrint->ui;
+    onClick(pages.cmdEtcPrt_0, [this] { printTicked(EstimatePrinting::To::Preview); });
+    onClick(pages.cmdEtcPrt_1, [this] { printTicked(EstimatePrinting::To::Printer); });
+    onClick(ui->pagBasic->ui->cmdEtcPrt_2, [this] { printReceipt(); });
+    // What these open is not there yet.
+    for (QPushButton* later : {ui->cmdEstList, ui->pagItem->ui->cmdInsEstMst, ui->pagBasic->ui->cmdProductSelect,
+                               ui->pagBasic->ui->cmdOpnPrt_2, pages.cmdOpnPrt_0, pages.cmdOpnPrt_1})
+        later->setEnabled(false);
 }
 
 // --- opening ---
@@ -487,4 +495,67 @@ void frmCsEstimate::proposeName() {
                            item.texts.at(ItemGrid::GrantRepair - ItemGrid::Item)};
     const NameSettings settings{gSysSettingManager.value(17), gSysSettingManager.value(18), gSysSettingManager.value(19)};
     ui->txtEstName->setValue(automaticName(items, ui->pagBasic->ui->cboLR->text(), settings));
+}
+
+// --- printing ---
+
+namespace {
+
+const QString printAndSave = u"印刷終了後必ず反映処理を実行してください。"_qs;
+
+} // namespace
+
+void frmCsEstimate::printTicked(EstimatePrinting::To to) {
+    if (!leaveField()) return;
+    m_warnedUnsaved = false;
+    EstimateDraft draft = collect();
+    QList<EstimatePrinting::TickedRow> ticks(claimRowCount);
+    for (int kind = CsEstimatePrintPage::Estimate; kind <= CsEstimatePrintPage::Receipt; ++kind)
+        for (const int row : ui->pagPrint->ticked(static_cast<CsEstimatePrintPage::Document>(kind)))
+            ticks[row - 1].ticked[kind - 1] = true;
+    const DocumentOrder order = orderDocuments(EstimatePrinting::gridRows(draft, ticks));
+    if (order.outcome == DocumentOrder::Outcome::Refused) {
+        ShowMessage(901, order.message);
+        if (order.row >= 0) {
+            const bool receipt = order.message.startsWith(u"領収"_qs);
+            (receipt ? ui->pagPrint->payPrice(order.row) : ui->pagPrint->askPrice(order.row))->setFocus();
+        }
+        return;
+    }
+    // With several payers the amounts are theirs; with one alone the receipt follows the order.
+    const bool soleReceipt = order.outcome == DocumentOrder::Outcome::Print && draft.usedClaims().size() == 1 &&
+                             !order.claimsOf(DocumentKind::Receipt).isEmpty();
+    const bool wholeSum = soleReceipt && to == EstimatePrinting::To::Printer && setReceiptAmount();
+    if (confirmPrinting(to)) EstimatePrinting::run({collect(), order.claims, ui->pagPrint->hasReceivedMark(), wholeSum, to});
+}
+
+void frmCsEstimate::printReceipt() {
+    if (!leaveField()) return;
+    m_warnedUnsaved = false;
+    const bool wholeSum = setReceiptAmount();
+    std::array<QList<int>, 5> claims;
+    claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
+    if (confirmPrinting(EstimatePrinting::To::Printer))
+        EstimatePrinting::run({collect(), claims, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+}
+
+bool frmCsEstimate::setReceiptAmount() {
+    const QString advance = ui->pagBasic->ui->numPartialPayment->value();
+    const bool whole = advance.isEmpty();
+    const QString expected = whole ? m_draft.estimate.EstSum : formatWhole(advance);
+    NumberField* received = ui->pagPrint->payPrice(0);
+    if (Money::leadingNumber(received->value()) == Money::leadingNumber(expected)) return whole;
+    const bool unsaved = EstId.isEmpty() || IsEdited();
+    received->setValue(expected);
+    if (!unsaved) {
+        ShowMessage(902, u"領収金額を自動設定しました。\n"_qs + printAndSave);
+        m_warnedUnsaved = true;
+    }
+    return whole;
+}
+
+bool frmCsEstimate::confirmPrinting(EstimatePrinting::To to) {
+    if (!m_warnedUnsaved && (m_draft.estimate.EstId.isEmpty() || IsEdited()))
+        ShowMessage(902, u"データベースに未反映の情報があります。\n"_qs + printAndSave);
+    return to == EstimatePrinting::To::Preview || ShowMessage(203, {}) == AnswerYes;
 }

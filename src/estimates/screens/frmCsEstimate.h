@@ -3,6 +3,7 @@
 #include "estimates/EstimateAmounts.h"
 #include "estimates/EstimateDraft.h"
 #include "estimates/screens/ElementEditor.h"
+#include "estimates/screens/EstimatePrinting.h"
 #include "ui/Screen.h"
 
 namespace Ui {
@@ -76,6 +77,13 @@ private:
     void markUncollected();
     void proposeName();
     void RepriceAll();
+
+    // --- printing ---
+    void printTicked(EstimatePrinting::To to);
+    void printReceipt();
+    // Brings the amount received of the first claim to what is expected; true when that is the grand total.
+    bool setReceiptAmount();
+    bool confirmPrinting(EstimatePrinting::To to);
     void becomeNewEstimate();
 
     std::unique_ptr<Ui::frmCsEstimate> ui;
@@ -83,5 +91,6 @@ private:
     ElementEditor<clsCsMakeElmt>* m_makeEditor = nullptr;
     ElementEditor<clsCsCmpltElmt>* m_partsEditor = nullptr;
     bool m_edited = false;
+    bool m_warnedUnsaved = false; // within one printing command
     bool m_suppressed = false; // while the program refills the screen
 };

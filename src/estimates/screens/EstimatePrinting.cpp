@@ -1,0 +1,132 @@
+#include "estimates/screens/EstimatePrinting.h"
+
+#include "base/Seams.h"
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "base/clsProfile.h"
+#include "db/clsDbManager.h"
+#include "db/clsSysSettingManager.h"
+#include "reports/clsReportManager.h"
+#include "reports/engine/Report.h"
+
+namespace EstimatePrinting {
+
+namespace {
+
+const QString accidentLaw = u"14"_qs;
+constexpr int invoiceCopySetting = 39;
+constexpr int receiptCopySetting = 15;
+
+DocumentChoiceSettings readChoiceSettings() {
+    DocumentChoiceSettings settings = readDocumentChoiceSettings(clsProfile());
+    for (const int number : {21, 23, 25, 27, 29, 41, 43}) {
+        const QString value = gSysSettingManager.value(number);
+        if (!value.isEmpty()) settings.values.insert(number, ToInt(Val(value)));
+    }
+    return settings;
+}
+
+int copiesOf(DocumentKind kind) {
+    const int setting = kind == DocumentKind::Invoice ? invoiceCopySetting : receiptCopySetting;
+    return documentCopies(kind, ToInt(Val(gSysSettingManager.value(setting))));
+}
+
+class Run {
+public:
+    explicit Run(const Job& job)
+        : m_job(job), m_settings(readChoiceSettings()), m_claims(job.draft.claimLines()),
+          m_elements(job.draft.lines.make.stored(job.draft.estimate.EstId)),
+          m_parts(job.draft.lines.parts.stored(job.draft.estimate.EstId)) {
+        m_manager.Prepare(gDbManager.Connection());
+        if (m_claims.isEmpty()) m_claims << temporaryClaim();
+    }
+
+    void all() {
+        for (const DocumentKind kind : {DocumentKind::Estimate, DocumentKind::Breakdown, DocumentKind::Detail,
+                                        DocumentKind::Invoice, DocumentKind::Receipt})
+            documents(kind);
+    }
+
+private:
+    // Without a claim the papers are made out over the whole estimate.
+    clsCsEstAsk temporaryClaim() const {
+        clsCsEstAsk claim;
+        claim.EstId = m_job.draft.estimate.EstId;
+        claim.AskNo = u"1"_qs;
+        claim.AskPrice = claim.PayPrice = m_job.draft.estimate.EstSum;
+        return claim;
+    }
+
+    bool isAccident(int askNo) const {
+        return std::any_of(m_claims.begin(), m_claims.end(), [&](const clsCsEstAsk& claim) {
+            return claim.AskNo.toInt() == askNo && claim.InsNo == accidentLaw;
+        });
+    }
+
+    void documents(DocumentKind kind) {
+        QList<int> accident, ordinary;
+        for (const int askNo : m_job.claims.at(static_cast<size_t>(kind) - 1))
+            (isAccident(askNo) ? accident : ordinary) << askNo;
+        if (!accident.isEmpty()) documents(kind, accident, true);
+        if (!ordinary.isEmpty()) documents(kind, ordinary, false);
+    }
+
+    void documents(DocumentKind kind, const QList<int>& claims, bool accident) {
+        const DocumentChoice choice =
+            chooseDocument(kind, accident, m_settings, m_job.receivedMark, m_job.draft.estimate.EstSum);
+        if (choice.outcome != DocumentChoice::Outcome::Print) {
+            const bool skipped = choice.outcome == DocumentChoice::Outcome::SkipAccident;
+            ShowMessage(901, skipped ? choice.message : u"労災の専用用紙はこの版では印刷できません。"_qs);
+            return;
+        }
+        ReportRecordset records;
+        m_manager.GetCsEstimateData(kind, copiesOf(kind), claims, m_job.draft.estimate, m_job.draft.customer,
+                                    m_job.draft.items, m_elements, m_parts, m_claims, records, m_job.wholeSum);
+        for (const QString& name : choice.classes) send(name, records, choice.prtType);
+    }
+
+    void send(const QString& reportClass, const ReportRecordset& records, int prtType) {
+        Report report(reportClass);
+        report.PrtType(prtType);
+        report.Recordset(records);
+        SetWaitCursor(false);
+        if (m_job.to == To::Preview) report.Show(1);
+        else report.PrintReport(false);
+        seams().letEventsRun();
+    }
+
+    const Job& m_job;
+    DocumentChoiceSettings m_settings;
+    QList<clsCsEstAsk> m_claims;
+    QList<clsCsMakeElmt> m_elements;
+    QList<clsCsCmpltElmt> m_parts;
+    clsReportManager m_manager;
+};
+
+} // namespace
+
+QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>& ticks) {
+    QList<PrintGridRow> rows;
+    int askNo = 0;
+    for (int i = 0; i < qMin(draft.claims.size(), ticks.size()); ++i) {
+        const ClaimRow& claim = draft.claims.at(i);
+        PrintGridRow row;
+        row.hasLaw = claim.isUsed();
+        if (row.hasLaw) {
+            row.askNo = ++askNo;
+            row.ticked = ticks.at(i).ticked;
+        }
+        row.askPrice = Money::leadingNumber(claim.ask.AskPrice);
+        row.payPrice = Money::leadingNumber(claim.ask.PayPrice);
+        rows << row;
+    }
+    return rows;
+}
+
+void run(const Job& job) {
+    SetWaitCursor(true);
+    Run(job).all();
+    SetWaitCursor(false);
+}
+
+} // namespace EstimatePrinting

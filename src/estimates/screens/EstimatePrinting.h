@@ -1,0 +1,28 @@
+#pragma once
+
+#include "estimates/EstimateDraft.h"
+#include "reports/DocumentOrder.h"
+
+// The ordinary documents of an order as it stands on the screen, stored or not.
+namespace EstimatePrinting {
+
+enum class To { Preview, Printer };
+
+struct Job {
+    EstimateDraft draft;
+    std::array<QList<int>, 5> claims; // 請求No for each kind, in the order of the kinds
+    bool receivedMark = false;        // 受領印
+    bool wholeSum = false;            // receipts are made over the grand total
+    To to = To::Preview;
+};
+
+// The rows of the print grid with their claims, as `orderDocuments` asks for them.
+struct TickedRow {
+    std::array<bool, 5> ticked{};
+};
+QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>& ticks);
+
+// Makes the documents one after the other, each kind once for all its claims. Failures rise.
+void run(const Job& job);
+
+} // namespace EstimatePrinting
