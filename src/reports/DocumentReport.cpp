@@ -1,0 +1,44 @@
+#include "reports/DocumentReport.h"
+
+#include "base/Application.h"
+#include "base/basCommon.h"
+#include "reports/ReportClasses.h"
+
+namespace {
+
+constexpr int copyMarked = 2;
+
+// A page that is filled up for one document must not run on into the next, nor into its own copy.
+QStringList groupKeys(const ReportRecordset& records) {
+    QStringList keys;
+    for (int row = 0; row < records.rowCount(); ++row)
+        keys.append(documentGroupKey(records.value(row, u"AskNo"_qs).toInt(), records.value(row, u"Copy"_qs).toInt(),
+                                     records.text(row, u"EstNo"_qs)));
+    return keys;
+}
+
+int linesOnPage(const ReportClass& report, int setting) {
+    return setting > report.fewerLines ? setting - report.fewerLines : setting;
+}
+
+// For the stamp of the receiving office: the era of today, the rest for the pen.
+QString blankDate() { return FormatEraDate(dateText(gSysDate), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
+
+} // namespace
+
+QString documentGroupKey(int askNo, int copy, const QString& estNo) {
+    return u"%1%2%3"_qs.arg(askNo, 3, 10, QChar(u'0')).arg(copy == copyMarked ? u"控"_qs : u"見"_qs, estNo);
+}
+
+QList<ReportPage> documentPages(const QString& reportClassName, const ReportLayout& layout,
+                                const ReportRecordset& records, int prtType, const DocumentSetup& setup,
+                                const ReportMeasure& measure) {
+    const QStringList groups = groupKeys(records);
+    const int lines = linesOnPage(reportClass(reportClassName), setup.linesPerPage);
+    ReportContent content{records, groups, paddedRows(groups, lines), setup.office, lines};
+    content.parameters.insert(u"AccountKind"_qs, setup.accountKind);
+    content.parameters.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());
+    content.parameters.insert(u"PrtType"_qs, QString::number(prtType));
+    content.parameters.insert(u"BlankDate"_qs, blankDate());
+    return composePages(layout, content, measure);
+}

@@ -1,0 +1,212 @@
+#include "reports/ReportLayout.h"
+
+#include "base/AppError.h"
+#include "reports/ReportLayoutNode.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QStringList>
+
+// Has to stand outside of any namespace: the resource is part of a static library, which drops it unless named.
+static void keepLayoutResource() { Q_INIT_RESOURCE(layouts); }
+
+namespace {
+
+using Node = ReportLayoutNode;
+
+struct PaperSize {
+    int width = 0, height = 0;
+};
+
+const QHash<QString, PaperSize>& paperSizes() {
+    static const QHash<QString, PaperSize> sizes{{u"A4"_qs, {11906, 16838}}, {u"B5"_qs, {10318, 14570}}};
+    return sizes;
+}
+
+constexpr std::array bandNames{u"pageHeader", u"groupHeader", u"detail", u"groupFooter", u"pageFooter", u"reportFooter"};
+
+// --- JSON ---
+
+[[noreturn]] void failAt(const QString& file, const QByteArray& json, qsizetype offset, const QString& reason) {
+    const QByteArray before = json.left(offset);
+    const qsizetype line = before.count('\n') + 1;
+    const qsizetype column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
+    throw AppError(u"帳票レイアウト %1.json の %2 行 %3 桁を読めません: %4"_qs.arg(file).arg(line).arg(column).arg(reason),
+                   u"ReportLayout"_qs);
+}
+
+QJsonObject parsed(const QString& file, const ReportLayoutSource& source) {
+    const QByteArray json = source(file);
+    if (json.isNull()) throw AppError(u"帳票レイアウト %1.json がありません。"_qs.arg(file), u"ReportLayout"_qs);
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    if (error.error != QJsonParseError::NoError) failAt(file, json, error.offset, error.errorString());
+    if (!document.isObject()) failAt(file, json, 0, u"全体を { } で囲んでください。"_qs);
+    return document.object();
+}
+
+QJsonObject merged(QJsonObject base, const QJsonObject& changes) {
+    for (auto change = changes.begin(); change != changes.end(); ++change) {
+        if (change.value().isNull())
+            base.remove(change.key());
+        else if (change.value().isObject() && base.value(change.key()).isObject())
+            base.insert(change.key(), merged(base.value(change.key()).toObject(), change.value().toObject()));
+        else
+            base.insert(change.key(), change.value());
+    }
+    return base;
+}
+
+// --- items ---
+
+using Fonts = QHash<QString, ReportFont>;
+
+ReportFont readFont(const Node& node) {
+    node.allow({u"family"_qs, u"size"_qs, u"bold"_qs});
+    return {node[u"family"].choice({u"mincho"_qs, u"gothic"_qs}) == 1, node[u"size"].points(), node[u"bold"].flag()};
+}
+
+ReportRect readRect(const Node& node) {
+    const QList<int> numbers = node.twipsList(4);
+    if (numbers.at(2) < 0 || numbers.at(3) < 0) node.fail(u"幅と高さは 0 以上にしてください。"_qs);
+    return {numbers.at(0), numbers.at(1), numbers.at(2), numbers.at(3)};
+}
+
+QList<ReportSizeStep> readSizes(const Node& node) {
+    QList<ReportSizeStep> steps;
+    for (const Node& step : node.elements()) {
+        const QList<Node> pair = step.elements();
+        if (pair.size() != 2) step.fail(u"[バイト数, 文字の大きさ] の形にしてください。"_qs);
+        steps.append({pair.at(0).twips(), pair.at(1).points()});
+    }
+    return steps;
+}
+
+// A control named txtEstNo shows the field EstNo and one named lblOffice the parameter lblOffice, unless it says else.
+void readValue(const Node& node, ReportTextItem& item) {
+    item.text = node[u"text"].text();
+    item.fields = node[u"field"].text().split(u'+', Qt::SkipEmptyParts);
+    item.parameter = node[u"parameter"].text();
+    const int given = node.has(u"text") + node.has(u"field") + node.has(u"parameter");
+    if (given > 1) node.fail(u"text・field・parameter はどれか一つにしてください。"_qs);
+    if (given == 1) return;
+    if (item.name.startsWith(u"txt"))
+        item.fields = {item.name.mid(3)};
+    else
+        item.parameter = item.name;
+}
+
+void readWords(const Node& node, ReportTextItem& item) {
+    item.hasWords = node.has(u"words");
+    for (const auto& [value, words] : node[u"words"].members()) item.words.insert(value, words.text());
+    item.otherwise = node[u"otherwise"].text();
+}
+
+ReportTextItem readText(const Node& node, const QString& name, const Fonts& fonts) {
+    node.allow({u"at"_qs, u"text"_qs, u"field"_qs, u"parameter"_qs, u"font"_qs, u"size"_qs, u"align"_qs, u"fit"_qs,
+                u"sizes"_qs, u"format"_qs, u"words"_qs, u"otherwise"_qs, u"showIf"_qs});
+    ReportTextItem item;
+    item.name = name;
+    item.at = readRect(node[u"at"]);
+    readValue(node, item);
+    readWords(node, item);
+    const QString font = node.has(u"font") ? node[u"font"].text() : u"body"_qs;
+    if (!fonts.contains(font)) node.fail(u"書体「%1」が fonts にありません。"_qs.arg(font));
+    item.font = fonts.value(font);
+    if (node.has(u"size")) item.font.size = node[u"size"].points();
+    item.align = static_cast<ReportAlign>(node[u"align"].choice({u"left"_qs, u"center"_qs, u"right"_qs}));
+    item.wrap = node[u"fit"].choice({u"shrink"_qs, u"wrap"_qs}) == 1;
+    item.sizes = readSizes(node[u"sizes"]);
+    item.format = node[u"format"].text();
+    item.showIf = node[u"showIf"].text();
+    return item;
+}
+
+ReportLineItem readLine(const Node& node, const QString& name) {
+    node.allow({u"line"_qs, u"width"_qs, u"dash"_qs, u"showIf"_qs});
+    const QList<int> ends = node[u"line"].twipsList(4);
+    return {name,         ends.at(0), ends.at(1), ends.at(2), ends.at(3), node[u"width"].twips(10), node[u"dash"].flag(),
+            node[u"showIf"].text()};
+}
+
+ReportBoxItem readBox(const Node& node, const QString& name) {
+    node.allow({u"box"_qs, u"width"_qs, u"dash"_qs, u"shade"_qs, u"showIf"_qs});
+    const int shade = node[u"shade"].twips(0);
+    if (shade < 0 || shade > 100) node[u"shade"].fail(u"0 から 100 までにしてください。"_qs);
+    return {name, readRect(node[u"box"]), node[u"width"].twips(10), node[u"dash"].flag(), shade, node[u"showIf"].text()};
+}
+
+ReportBand readBand(const Node& node, const Fonts& fonts) {
+    node.allow({u"height"_qs, u"items"_qs});
+    ReportBand band;
+    band.height = node[u"height"].twips();
+    if (band.height < 0) node[u"height"].fail(u"0 以上にしてください。"_qs);
+    for (const auto& [name, item] : node[u"items"].members()) {
+        if (item.has(u"line"))
+            band.lines.append(readLine(item, name));
+        else if (item.has(u"box"))
+            band.boxes.append(readBox(item, name));
+        else
+            band.texts.append(readText(item, name, fonts));
+    }
+    return band;
+}
+
+// --- whole layout ---
+
+ReportMargins readMargins(const Node& node) {
+    node.allow({u"top"_qs, u"bottom"_qs, u"left"_qs, u"right"_qs});
+    return {node[u"top"].twips(), node[u"bottom"].twips(), node[u"left"].twips(), node[u"right"].twips()};
+}
+
+ReportLayout build(const QString& name, const QJsonObject& object) {
+    const Node root(object, name, {});
+    root.allow({u"base"_qs, u"paper"_qs, u"margins"_qs, u"groupOnNewPage"_qs, u"fonts"_qs, u"bands"_qs});
+    ReportLayout layout;
+    layout.name = name;
+    const QString paper = root[u"paper"].text();
+    if (!paperSizes().contains(paper)) root[u"paper"].fail(u"用紙は A4 か B5 にしてください。"_qs);
+    layout.paperWidth = paperSizes().value(paper).width;
+    layout.paperHeight = paperSizes().value(paper).height;
+    layout.margins = readMargins(root[u"margins"]);
+    layout.groupOnNewPage = root[u"groupOnNewPage"].flag();
+    Fonts fonts;
+    for (const auto& [fontName, font] : root[u"fonts"].members()) fonts.insert(fontName, readFont(font));
+    const Node bands = root[u"bands"];
+    QStringList known;
+    for (size_t i = 0; i < bandNames.size(); ++i) {
+        known.append(QString(bandNames.at(i)));
+        if (bands.has(bandNames.at(i))) layout.bands.at(i) = readBand(bands[bandNames.at(i)], fonts);
+    }
+    bands.allow(known);
+    return layout;
+}
+
+struct Loaded {
+    QJsonObject object;
+    ReportLayout layout;
+};
+
+// The base is built for itself first, so that its faults are told with its own name.
+Loaded load(const QString& name, const ReportLayoutSource& source, QStringList callers) {
+    QJsonObject object = parsed(name, source);
+    if (object.contains(u"base"_qs)) {
+        const Node base = Node(object, name, {})[u"base"];
+        callers.append(name);
+        if (callers.contains(base.text())) base.fail(u"元にするレイアウトが循環しています。"_qs);
+        object = merged(load(base.text(), source, callers).object, object);
+    }
+    return {object, build(name, object)};
+}
+
+} // namespace
+
+QByteArray builtInLayout(const QString& name) {
+    keepLayoutResource();
+    QFile file(u":/layouts/%1.json"_qs.arg(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+ReportLayout loadReportLayout(const QString& name, const ReportLayoutSource& source) {
+    return load(name, source, {}).layout;
+}

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <functional>
+
+// A report layout as data: where each text, line and box stands. All positions are whole twips (1440 to the inch),
+// relative to the left margin and the top of their band; type sizes are points.
+
+struct ReportRect {
+    int x = 0, y = 0, width = 0, height = 0;
+
+    int right() const { return x + width; }
+    int bottom() const { return y + height; }
+    ReportRect moved(int dx, int dy) const { return {x + dx, y + dy, width, height}; }
+    bool operator==(const ReportRect&) const = default;
+};
+
+struct ReportFont {
+    bool gothic = false; // otherwise mincho
+    double size = 10;
+    bool bold = false;
+
+    ReportFont sized(double points) const { return {gothic, points, bold}; }
+    bool operator==(const ReportFont&) const = default;
+};
+
+enum class ReportAlign { Left, Center, Right };
+
+// Texts of more than `overBytes` bytes of the two-byte code page start with this size.
+struct ReportSizeStep {
+    int overBytes = 0;
+    double size = 0;
+};
+
+struct ReportTextItem {
+    QString name;
+    ReportRect at;
+    ReportFont font;
+    ReportAlign align = ReportAlign::Left;
+    bool wrap = false; // a text too long takes more lines before it shrinks
+    QList<ReportSizeStep> sizes;
+    // One of the three gives the value.
+    QString text;
+    QStringList fields; // several are joined, as in Pref+City
+    QString parameter;
+    QString format;                 // number form, see ReportText::number
+    QHash<QString, QString> words;  // the words for a value, such as 2 and 請求書(控)
+    bool hasWords = false;
+    QString otherwise;              // for a value that is not among the words
+    QString showIf;                 // the item stands only when this parameter is not empty
+};
+
+struct ReportLineItem {
+    QString name;
+    int x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    int width = 0;
+    bool dashed = false;
+    QString showIf;
+};
+
+struct ReportBoxItem {
+    QString name;
+    ReportRect at;
+    int width = 0;
+    bool dashed = false;
+    int shade = 0; // percent of black inside
+    QString showIf;
+};
+
+enum class ReportBandKind { PageHeader, GroupHeader, Detail, GroupFooter, PageFooter, ReportFooter };
+
+struct ReportBand {
+    int height = 0;
+    QList<ReportTextItem> texts;
+    QList<ReportLineItem> lines;
+    QList<ReportBoxItem> boxes;
+};
+
+struct ReportMargins {
+    int top = 0, bottom = 0, left = 0, right = 0;
+};
+
+struct ReportLayout {
+    QString name;
+    int paperWidth = 0, paperHeight = 0;
+    ReportMargins margins;
+    bool groupOnNewPage = false;
+    std::array<ReportBand, 6> bands;
+
+    const ReportBand& band(ReportBandKind kind) const { return bands.at(static_cast<size_t>(kind)); }
+};
+
+// Gives the bytes of a layout file by its name without the extension; null bytes when there is none.
+using ReportLayoutSource = std::function<QByteArray(const QString& name)>;
+
+// The layouts that are built into the program.
+QByteArray builtInLayout(const QString& name);
+
+// Reads a layout, after its base when it names one: what a variant says stands over its base, null takes away. A fault
+// raises an error with the file and the line and column, or the place inside of the file.
+ReportLayout loadReportLayout(const QString& name, const ReportLayoutSource& source = builtInLayout);

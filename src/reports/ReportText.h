@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+// How numbers and dates read on paper.
+namespace ReportText {
+
+// A number in a form with one of "#,##0", "#,###" (zero prints as nothing) or "0" in it and fixed words around, such
+// as "#,##0円"; ties round away from zero. A null value gives the empty text; an empty form gives the value as it
+// stands.
+QString number(const QVariant& value, const QString& form);
+// True when the form holds one of the number patterns.
+bool isNumberForm(const QString& form);
+
+// The issue date of a document in full width. The form is 1 (year, month, day), 2 (year, month), 3 (year) or any other
+// (era alone); what the form leaves out stays blank for the pen. No date gives the blank form of today's era when
+// `blankForm` is set, else the empty text.
+QString issueDate(const QString& date, int form, bool blankForm);
+
+} // namespace ReportText

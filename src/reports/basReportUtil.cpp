@@ -1,0 +1,80 @@
+#include "reports/basReportUtil.h"
+
+#include "base/AppError.h"
+#include "base/basCommon.h"
+#include "base/clsProfile.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double millimetresPerInch = 25.4;
+constexpr int firstUserDefinedSize = 256;
+constexpr int longestPaper = 1'000'000;
+
+int wholeTwips(double length) {
+    if (!(std::abs(length) <= longestPaper)) return -1;
+    return static_cast<int>(std::lround(static_cast<float>(length)));
+}
+
+class Section {
+public:
+    Section(const clsProfile& profile, const QString& name) : m_profile(profile), m_name(name) {}
+
+    QString text(const QString& key) const { return m_profile.GetValue(m_name, key); }
+
+    // A number beyond the range counts as not set.
+    int number(const QString& key) const {
+        try {
+            return ToInt(Val(text(key)));
+        } catch (const AppError&) {
+            return 0;
+        }
+    }
+
+    std::optional<int> code(const QString& key) const {
+        const int value = number(key);
+        return value > 0 ? std::optional(value) : std::nullopt;
+    }
+
+    std::optional<int> length(const QString& key) const {
+        const int value = reportLength(text(key));
+        return value >= 0 ? std::optional(value) : std::nullopt;
+    }
+
+private:
+    const clsProfile& m_profile;
+    QString m_name;
+};
+
+} // namespace
+
+int reportLength(const QString& text) {
+    if (text.endsWith(u"mm", Qt::CaseInsensitive)) return wholeTwips(Val(text) * twipsPerInch / millimetresPerInch);
+    if (text.endsWith(u"inch", Qt::CaseInsensitive)) return wholeTwips(Val(text) * twipsPerInch);
+    return isPlainNumber(text) ? wholeTwips(Val(text)) : -1;
+}
+
+ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QString& reportClass) {
+    const Section section(profile, reportClass);
+    ReportPrintSettings settings;
+    settings.repName = section.text(u"RepName"_qs);
+    settings.paperBin = section.code(u"PaperBin"_qs);
+    settings.orientation = section.code(u"Orientation"_qs);
+    settings.pageSize = section.code(u"PageSize"_qs);
+    settings.copies = section.code(u"Copies"_qs);
+    settings.prtId = section.number(u"PrtId"_qs);
+    if (settings.pageSize >= firstUserDefinedSize) {
+        settings.pageHeight = section.length(u"PageHeight"_qs);
+        settings.pageWidth = section.length(u"PageWidth"_qs);
+    }
+    settings.topMargin = section.length(u"PageTopMargin"_qs);
+    settings.bottomMargin = section.length(u"PageBottomMargin"_qs);
+    settings.leftMargin = section.length(u"PageLeftMargin"_qs);
+    settings.rightMargin = section.length(u"PageRightMargin"_qs);
+    settings.device = section.text(u"Device"_qs);
+    settings.printer = section.text(u"Printer"_qs);
+    settings.port = section.text(u"Port"_qs);
+    return settings;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class clsProfile;
+
+// The print settings of one report class, from the INI section with its name. What is not set, or whose condition does
+// not hold, is empty and leaves the printer's own value in force. Lengths are whole twips.
+struct ReportPrintSettings {
+    QString repName, device; // kept with the entry, never applied
+    int prtId = 0;
+    QString printer, port;
+    std::optional<int> paperBin, orientation, pageSize, copies; // the printer driver's codes
+    std::optional<int> pageHeight, pageWidth;                   // for the user-defined sizes from 256 up
+    std::optional<int> topMargin, bottomMargin, leftMargin, rightMargin;
+};
+
+// "297mm", "11inch" or twips as they stand; -1 for a text that is no length.
+int reportLength(const QString& text);
+
+ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QString& reportClass);

@@ -1,0 +1,83 @@
+#include "reports/engine/ReportOutput.h"
+
+#include "base/AppError.h"
+#include "reports/engine/ReportPainter.h"
+#include "reports/engine/frmPreview.h"
+
+#include <QPageSize>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double twipsPerPoint = 20;
+constexpr int landscapeCode = 2;
+
+// The driver's code of a paper bin is the place of the bin in this list.
+constexpr std::array paperBins{
+    QPrinter::Auto,         QPrinter::Upper,          QPrinter::Lower,         QPrinter::Middle,
+    QPrinter::Manual,       QPrinter::Envelope,       QPrinter::EnvelopeManual, QPrinter::Auto,
+    QPrinter::Tractor,      QPrinter::SmallFormat,    QPrinter::LargeFormat,   QPrinter::LargeCapacity,
+    QPrinter::Auto,         QPrinter::Auto,           QPrinter::Cassette,      QPrinter::FormSource,
+};
+
+QPageSize paperOf(int width, int height) {
+    return {QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {}, QPageSize::FuzzyMatch};
+}
+
+void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {
+    if (settings.pageWidth && settings.pageHeight)
+        printer.setPageSize(paperOf(*settings.pageWidth, *settings.pageHeight));
+    else if (settings.pageSize && QPageSize::id(*settings.pageSize) != QPageSize::Custom)
+        printer.setPageSize(QPageSize(QPageSize::id(*settings.pageSize)));
+}
+
+void paintJob(const ReportJob& job, QPrinter& printer) {
+    QPainter painter(&printer);
+    if (!painter.isActive()) throw AppError(u"プリンターに送れません。"_qs, u"PrintReport"_qs);
+    const double scale = printer.resolution() / twipsPerInch;
+    bool first = true;
+    for (const ReportPage& page : job.pages) {
+        if (!first && !printer.newPage()) throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
+        first = false;
+        painter.save();
+        painter.scale(scale, scale);
+        paintPage(painter, page);
+        painter.restore();
+    }
+}
+
+} // namespace
+
+ReportOutput& reportOutput() {
+    static ReportOutput output{printOnPaper, [](const ReportJob& job) { frmPreview(job).exec(); }};
+    return output;
+}
+
+void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) {
+    if (!settings.printer.isEmpty()) printer.setPrinterName(settings.printer);
+    if (settings.paperBin && *settings.paperBin < static_cast<int>(paperBins.size()))
+        printer.setPaperSource(paperBins.at(static_cast<size_t>(*settings.paperBin)));
+    if (settings.orientation)
+        printer.setPageOrientation(*settings.orientation == landscapeCode ? QPageLayout::Landscape
+                                                                          : QPageLayout::Portrait);
+    applyPageSize(settings, printer);
+    if (settings.copies) printer.setCopyCount(*settings.copies);
+}
+
+void printOnPaper(const ReportJob& job, bool withDialog) {
+    if (job.pages.isEmpty()) return;
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        throw AppError(u"プリンターが見つかりません。プリンターを設定するか、プレビューから PDF に保存してください。"_qs,
+                       u"PrintReport"_qs);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setFullPage(true);
+    printer.setDocName(job.reportClass);
+    printer.setPageSize(paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight));
+    applyPrintSettings(job.settings, printer);
+    if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
+    paintJob(job, printer);
+}

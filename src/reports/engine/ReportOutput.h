@@ -1,0 +1,30 @@
+#pragma once
+
+#include "reports/ReportPage.h"
+#include "reports/basReportUtil.h"
+
+#include <functional>
+
+class QPrinter;
+
+// A finished document on its way to paper or screen.
+struct ReportJob {
+    QString reportClass;
+    QList<ReportPage> pages;
+    ReportPrintSettings settings;
+};
+
+// Where documents go. The program fills both with the printer and the preview screen; tests and scenarios record.
+struct ReportOutput {
+    std::function<void(const ReportJob& job, bool withDialog)> print;
+    std::function<void(const ReportJob& job)> preview; // returns when the preview is closed
+};
+
+ReportOutput& reportOutput();
+
+// Sends the pages to the printer of the job's settings, or to the default one. Raises an error when there is no printer
+// or it refuses the work; a cancelled dialog prints nothing.
+void printOnPaper(const ReportJob& job, bool withDialog);
+
+// Puts the settings into force, in their order; what is empty stays as the printer has it.
+void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer);

@@ -1,0 +1,64 @@
+#include "reports/engine/ReportPainter.h"
+
+#include "reports/engine/ReportFonts.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+
+QPen pen(int width, bool dashed) {
+    QPen pen(Qt::black, width, dashed ? Qt::CustomDashLine : Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    if (dashed) pen.setDashPattern({60.0 / width, 60.0 / width});
+    return pen;
+}
+
+void paintBox(QPainter& painter, const ReportPageBox& box) {
+    const QRect at(box.at.x, box.at.y, box.at.width, box.at.height);
+    if (box.shade > 0) painter.fillRect(at, QColor::fromRgbF(0, 0, 0, static_cast<float>(box.shade) / 100));
+    if (box.width == 0) return;
+    painter.setPen(pen(box.width, box.dashed));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(at);
+}
+
+void paintText(QPainter& painter, const ReportPageText& text) {
+    painter.setPen(Qt::black);
+    painter.setFont(paperFont(text.font));
+    if (text.squeeze == 1) {
+        painter.drawText(QPointF(text.x, text.baseline), text.text);
+        return;
+    }
+    painter.save();
+    painter.translate(text.x, text.baseline);
+    painter.scale(text.squeeze, 1);
+    painter.drawText(QPointF(0, 0), text.text);
+    painter.restore();
+}
+
+} // namespace
+
+void paintPage(QPainter& painter, const ReportPage& page) {
+    for (const ReportPageBox& box : page.boxes) paintBox(painter, box);
+    for (const ReportPageLine& line : page.lines) {
+        painter.setPen(pen(line.width, line.dashed));
+        painter.drawLine(line.x1, line.y1, line.x2, line.y2);
+    }
+    for (const ReportPageText& text : page.texts) paintText(painter, text);
+}
+
+QImage pageImage(const ReportPage& page, double dotsPerInch) {
+    const double scale = dotsPerInch / twipsPerInch;
+    QImage image(static_cast<int>(std::ceil(page.paperWidth * scale)),
+                 static_cast<int>(std::ceil(page.paperHeight * scale)), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.scale(scale, scale);
+    paintPage(painter, page);
+    return image;
+}

@@ -1,0 +1,62 @@
+#include "reports/engine/ReportPdf.h"
+
+#include "base/AppError.h"
+#include "reports/engine/PdfTextTable.h"
+#include "reports/engine/ReportFonts.h"
+#include "reports/engine/ReportPainter.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QRawFont>
+#include <QSaveFile>
+
+namespace {
+
+constexpr int twipsPerInch = 1440;
+constexpr double twipsPerPoint = 20;
+
+QPageLayout paperOf(const ReportPage& page) {
+    const QSizeF points(page.paperWidth / twipsPerPoint, page.paperHeight / twipsPerPoint);
+    return {QPageSize(points, QPageSize::Point, {}, QPageSize::FuzzyMatch), QPageLayout::Portrait, QMarginsF()};
+}
+
+QByteArray written(const QList<ReportPage>& pages, const QString& title) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(title);
+    writer.setResolution(twipsPerInch);
+    QPainter painter;
+    for (const ReportPage& page : pages) {
+        writer.setPageLayout(paperOf(page));
+        painter.isActive() ? static_cast<void>(writer.newPage()) : static_cast<void>(painter.begin(&writer));
+        paintPage(painter, page);
+    }
+    painter.end();
+    return buffer.data();
+}
+
+// Several characters share a glyph, and the file names only one of them: here is the one that was really printed.
+PrintedCharacters printedCharacters(const QList<ReportPage>& pages, bool gothic) {
+    QString texts;
+    for (const ReportPage& page : pages)
+        for (const ReportPageText& text : page.texts)
+            if (text.font.gothic == gothic) texts += text.text;
+    return PrintedCharacters(QRawFont::fromFont(paperFont({gothic, 10, false})), texts);
+}
+
+} // namespace
+
+QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title) {
+    if (pages.isEmpty()) throw AppError(u"保存するページがありません。"_qs, u"pdfOfPages"_qs);
+    return withPrintedCharacters(written(pages, title), {{"IPAexMincho", printedCharacters(pages, false)},
+                                                         {"IPAexGothic", printedCharacters(pages, true)}});
+}
+
+void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path) {
+    const QByteArray pdf = pdfOfPages(pages, title);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.commit())
+        throw AppError(u"PDF ファイルに書き込めません。\n%1\n%2"_qs.arg(path, file.errorString()), u"savePdf"_qs);
+}
