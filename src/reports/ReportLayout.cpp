@@ -23,7 +23,7 @@ const QHash<QString, PaperSize>& paperSizes() {
     return sizes;
 }
 
-constexpr std::array bandNames{u"pageHeader", u"groupHeader", u"detail", u"groupFooter", u"pageFooter", u"reportFooter"};
+constexpr std::array<QStringView, 6> bandNames{u"pageHeader", u"groupHeader", u"detail", u"groupFooter", u"pageFooter", u"reportFooter"};
 
 // --- JSON ---
 
@@ -175,7 +175,7 @@ ReportLayout build(const QString& name, const QJsonObject& object) {
     const Node bands = root[u"bands"];
     QStringList known;
     for (size_t i = 0; i < bandNames.size(); ++i) {
-        known.append(QString(bandNames.at(i)));
+        known.append(bandNames.at(i).toString());
         if (bands.has(bandNames.at(i))) layout.bands.at(i) = readBand(bands[bandNames.at(i)], fonts);
     }
     bands.allow(known);

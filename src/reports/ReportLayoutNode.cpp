@@ -26,7 +26,7 @@ bool ReportLayoutNode::has(QStringView key) const { return m_value.toObject().co
 
 ReportLayoutNode ReportLayoutNode::operator[](QStringView key) const {
     if (!absent() && !m_value.isObject()) fail(u"{ } で囲んでください。"_qs);
-    const QString place = m_place.isEmpty() ? key.toString() : m_place + u'.' + key;
+    const QString place = m_place.isEmpty() ? key.toString() : m_place + u'.' + key.toString();
     return {m_value.toObject().value(key), m_file, place};
 }
 

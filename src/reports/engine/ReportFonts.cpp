@@ -46,7 +46,6 @@ QFont paperFont(const ReportFont& font) {
     QFont type;
     type.setFamilies({wanted.family, wanted.japanese});
     type.setPixelSize(static_cast<int>(std::lround(font.size * 20)));
-    type.setBold(font.bold);
     type.setHintingPreference(QFont::PreferNoHinting);
     type.setKerning(false);
     return type;

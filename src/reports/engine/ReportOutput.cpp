@@ -25,7 +25,7 @@ constexpr std::array paperBins{
 };
 
 QPageSize paperOf(int width, int height) {
-    return {QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {}, QPageSize::FuzzyMatch};
+    return QPageSize(QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {}, QPageSize::FuzzyMatch);
 }
 
 void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {

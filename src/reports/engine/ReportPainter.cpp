@@ -4,12 +4,14 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <cmath>
 
 namespace {
 
 constexpr double twipsPerInch = 1440;
+constexpr double boldness = 0.7; // twips of outline for each point of size
 
 QPen pen(int width, bool dashed) {
     QPen pen(Qt::black, width, dashed ? Qt::CustomDashLine : Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
@@ -26,17 +28,21 @@ void paintBox(QPainter& painter, const ReportPageBox& box) {
     painter.drawRect(at);
 }
 
+// The types have no bold cut, so the outline of the letters is drawn over them.
+void thicken(QPainter& painter, const ReportPageText& text) {
+    QPainterPath letters;
+    letters.addText(QPointF(0, 0), paperFont(text.font), text.text);
+    painter.strokePath(letters, QPen(Qt::black, text.font.size * boldness, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+}
+
 void paintText(QPainter& painter, const ReportPageText& text) {
-    painter.setPen(Qt::black);
-    painter.setFont(paperFont(text.font));
-    if (text.squeeze == 1) {
-        painter.drawText(QPointF(text.x, text.baseline), text.text);
-        return;
-    }
     painter.save();
     painter.translate(text.x, text.baseline);
     painter.scale(text.squeeze, 1);
+    painter.setPen(Qt::black);
+    painter.setFont(paperFont(text.font));
     painter.drawText(QPointF(0, 0), text.text);
+    if (text.font.bold) thicken(painter, text);
     painter.restore();
 }
 

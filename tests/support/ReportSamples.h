@@ -1,0 +1,19 @@
+#pragma once
+
+#include "reports/DocumentReport.h"
+
+// Documents for the report tests: one as an office would print it, and one whose texts are all as long as their fields.
+namespace ReportSamples {
+
+// One estimate with its make rows, subtotal, discount and complete parts, for a claim and a copy number.
+void addDocument(ReportRecordset& records, int askNo = 1, int copy = 1);
+ReportRecordset ordinary();
+// Every kind of row that the data method makes, each text at its full size in wide characters, amounts of nine digits.
+ReportRecordset longest();
+// `rows` rows of one document that show their number as quantity.
+ReportRecordset rows(int rows);
+
+DocumentSetup ordinarySetup(int linesPerPage = 20);
+DocumentSetup longestSetup(int linesPerPage = 20);
+
+} // namespace ReportSamples
