@@ -1,6 +1,7 @@
 #include "reports/ReportLayout.h"
 
 #include "base/AppError.h"
+#include "reports/JsonKeys.h"
 #include "reports/ReportLayoutNode.h"
 
 #include <QFile>
@@ -41,6 +42,7 @@ QJsonObject parsed(const QString& file, const ReportLayoutSource& source) {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError) failAt(file, json, error.offset, error.errorString());
+    if (const auto repeated = repeatedJsonKey(json)) failAt(file, json, *repeated, u"同じ名前が二度あります。"_qs);
     if (!document.isObject()) failAt(file, json, 0, u"全体を { } で囲んでください。"_qs);
     return document.object();
 }
