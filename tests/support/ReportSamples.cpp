@@ -140,9 +140,10 @@ DocumentSetup ordinarySetup(int linesPerPage) {
         {u"lblAddr1"_qs, u"神奈川県横浜市西区みなと2-3-4"_qs}, {u"lblAddr2"_qs, u"みなとビル 2階"_qs},
         {u"lblTel"_qs, u"045-987-6543"_qs},             {u"lblFax"_qs, u"045-987-6544"_qs},
         {u"lblBank"_qs, u"みなと銀行　横浜支店"_qs},    {u"lblAcntNo"_qs, u"1234567"_qs},
-        {u"lblChkAcnt"_qs, u"ハルカゼギシセイサクショ"_qs}, {u"lblBank2"_qs, u"山手信用金庫　本店"_qs},
-        {u"lblChkAcnt2"_qs, u"普通 7654321"_qs},        {u"lblBank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
-        {u"lblChkAcnt3"_qs, u"普通 1122334"_qs},
+        {u"lblChkAcnt"_qs, u"ハルカゼギシセイサクショ"_qs}, {u"Bank1"_qs, u"みなと銀行　横浜支店"_qs},
+        {u"Account1"_qs, u"普通 1234567"_qs},           {u"Bank2"_qs, u"山手信用金庫　本店"_qs},
+        {u"Account2"_qs, u"普通 7654321"_qs},           {u"Bank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
+        {u"Account3"_qs, u"普通 1122334"_qs},
     };
     return setup;
 }
@@ -151,8 +152,8 @@ DocumentSetup longestSetup(int linesPerPage) {
     DocumentSetup setup = ordinarySetup(linesPerPage);
     const QHash<QString, int> sizes{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},     {u"lblFax"_qs, 20},
                                     {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60},  {u"lblChkAcnt"_qs, 60},
-                                    {u"lblBank2"_qs, 60},  {u"lblChkAcnt2"_qs, 60}, {u"lblBank3"_qs, 60},
-                                    {u"lblChkAcnt3"_qs, 60}};
+                                    {u"Bank1"_qs, 60},     {u"Bank2"_qs, 60},      {u"Bank3"_qs, 60},
+                                    {u"Account1"_qs, 59},  {u"Account2"_qs, 59},   {u"Account3"_qs, 59}};
     for (auto label = setup.office.begin(); label != setup.office.end(); ++label)
         label.value() = wide(sizes.value(label.key(), 40));
     return setup;
