@@ -1,0 +1,180 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "reports/ReportClasses.h"
+#include "reports/ReportLayout.h"
+
+#include <QRandomGenerator>
+
+namespace {
+
+const QByteArray whole = R"({
+  "paper": "A4",
+  "margins": {"top": 1, "bottom": 2, "left": 3, "right": 4},
+  "fonts": {"body": {"family": "gothic", "size": 9.5}},
+  "bands": {
+    "detail": {
+      "height": 260,
+      "items": {
+        "txtPrice": {"at": [10, 20, 300, 240], "align": "right", "format": "#,##0"},
+        "lblOffice": {"at": [0, 0, 10, 10], "showIf": "Office"},
+        "lblTitle": {"field": "Copy", "words": {"2": "copy"}, "otherwise": "original", "at": [0, 0, 10, 10]},
+        "txtBoth": {"field": "Pref+City", "at": [0, 0, 10, 10], "fit": "wrap", "sizes": [[14, 7]]},
+        "linRow": {"line": [0, 260, 100, 260], "dash": true},
+        "boxAll": {"box": [0, 0, 100, 260], "width": 20, "shade": 10}
+      }
+    }
+  }
+})";
+
+QByteArray changed(const char* from, const char* to) { return QByteArray(whole).replace(from, to); }
+
+// A source of two files: the layout asked for and what it may be based on.
+ReportLayoutSource files(const QByteArray& layout, const QByteArray& base = {}) {
+    return [=](const QString& name) { return name == u"layout" ? layout : name == u"base" ? base : QByteArray(); };
+}
+
+QString fault(const QByteArray& layout, const QByteArray& base = {}) {
+    try {
+        loadReportLayout(u"layout"_qs, files(layout, base));
+        return u"no fault"_qs;
+    } catch (const AppError& error) {
+        return error.description();
+    }
+}
+
+const ReportTextItem& textNamed(const ReportLayout& layout, const QString& name) {
+    for (const ReportTextItem& item : layout.band(ReportBandKind::Detail).texts)
+        if (item.name == name) return item;
+    throw AppError(u"no text "_qs + name);
+}
+
+} // namespace
+
+class ReportLayoutTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyPartIsRead() {
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(whole));
+        QCOMPARE(layout.paperWidth, 11906);
+        QCOMPARE(layout.paperHeight, 16838);
+        QCOMPARE(layout.margins.right, 4);
+        QVERIFY(!layout.groupOnNewPage);
+        const ReportBand& detail = layout.band(ReportBandKind::Detail);
+        QCOMPARE(detail.height, 260);
+        QCOMPARE(detail.lines.size(), 1);
+        QVERIFY(detail.lines.first().dashed);
+        QCOMPARE(detail.boxes.first().shade, 10);
+        const ReportTextItem price = textNamed(layout, u"txtPrice"_qs);
+        QCOMPARE(price.at, (ReportRect{10, 20, 300, 240}));
+        QCOMPARE(price.fields, QStringList{u"Price"_qs});
+        QCOMPARE(price.align, ReportAlign::Right);
+        QCOMPARE(price.font, (ReportFont{true, 9.5, false}));
+        QCOMPARE(textNamed(layout, u"lblOffice"_qs).parameter, u"lblOffice"_qs);
+        QCOMPARE(textNamed(layout, u"lblTitle"_qs).words.value(u"2"_qs), u"copy"_qs);
+        QCOMPARE(textNamed(layout, u"txtBoth"_qs).fields, (QStringList{u"Pref"_qs, u"City"_qs}));
+        QCOMPARE(textNamed(layout, u"txtBoth"_qs).sizes.first().overBytes, 14);
+    }
+
+    void aVariantChangesAddsAndTakesAway() {
+        const QByteArray variant = R"({"base": "base", "paper": "B5", "bands": {"detail": {"items": {
+            "txtPrice": {"at": [1, 2, 3, 4]}, "lblOffice": null, "lblNew": {"text": "new", "at": [0, 0, 1, 1]}}}}})";
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(variant, whole));
+        QCOMPARE(layout.paperWidth, 10318);
+        QCOMPARE(layout.paperHeight, 14570);
+        QCOMPARE(textNamed(layout, u"txtPrice"_qs).at, (ReportRect{1, 2, 3, 4}));
+        QCOMPARE(textNamed(layout, u"txtPrice"_qs).format, u"#,##0"_qs);
+        QCOMPARE(textNamed(layout, u"lblNew"_qs).text, u"new"_qs);
+        QVERIFY_EXCEPTION_THROWN(textNamed(layout, u"lblOffice"_qs), AppError);
+    }
+
+    void faultsNameFileAndPlace_data() {
+        QTest::addColumn<QByteArray>("layout");
+        QTest::addColumn<QStringList>("told");
+        const auto row = [](const char* name, const QByteArray& layout, const QStringList& told) {
+            QTest::newRow(name) << layout << told;
+        };
+        row("broken text", changed("\"paper\": \"A4\",", "\"paper\": \"A4\""), {u"layout.json"_qs, u"3 行"_qs});
+        row("no object", "[1, 2]", {u"layout.json"_qs, u"1 行"_qs});
+        row("empty file", "", {u"layout.json"_qs, u"1 行 1 桁"_qs});
+        row("a name twice", changed("\"lblOffice\"", "\"txtPrice\""), {u"layout.json"_qs, u"10 行 9 桁"_qs, u"二度"_qs});
+        row("unknown paper", changed("A4", "A3"), {u"paper"_qs});
+        row("unknown key", changed("\"align\"", "\"allign\""), {u"bands.detail.items.txtPrice.allign"_qs});
+        row("unknown band", changed("\"detail\"", "\"details\""), {u"bands.details"_qs});
+        row("unknown choice", changed("\"right\", \"format\"", "\"middle\", \"format\""), {u"txtPrice.align"_qs, u"center"_qs});
+        row("fraction of a twip", changed("[10, 20,", "[10.5, 20,"), {u"txtPrice.at[0]"_qs, u"整数"_qs});
+        row("too few numbers", changed("[10, 20, 300, 240]", "[10, 20, 300]"), {u"txtPrice.at"_qs, u"4 個"_qs});
+        row("negative width", changed("300, 240", "-300, 240"), {u"txtPrice.at"_qs});
+        row("no place", changed("\"at\": [10, 20, 300, 240], ", ""), {u"txtPrice.at"_qs});
+        row("text for a number", changed("\"height\": 260", "\"height\": \"260\""), {u"bands.detail.height"_qs});
+        row("no height", changed("\"height\": 260,", ""), {u"bands.detail.height"_qs});
+        row("no fonts", changed("\"body\"", "\"other\""), {u"body"_qs, u"fonts"_qs});
+        row("size of nothing", changed("9.5", "0"), {u"fonts.body.size"_qs});
+        row("two values", changed("\"field\": \"Copy\"", "\"field\": \"Copy\", \"text\": \"x\""), {u"lblTitle"_qs});
+        row("shade beyond black", changed("\"shade\": 10", "\"shade\": 101"), {u"boxAll.shade"_qs});
+        row("margins as a number", changed("{\"top\": 1, \"bottom\": 2, \"left\": 3, \"right\": 4}", "5"), {u"margins"_qs});
+        row("beyond any paper", changed("[10, 20,", "[1e300, 20,"), {u"txtPrice.at[0]"_qs});
+        row("missing base", R"({"base": "nowhere"})", {u"nowhere.json"_qs});
+        row("based on itself", R"({"base": "layout"})", {u"layout.json"_qs, u"base"_qs, u"循環"_qs});
+    }
+    void faultsNameFileAndPlace() {
+        QFETCH(QByteArray, layout);
+        QFETCH(QStringList, told);
+        const QString message = fault(layout);
+        for (const QString& words : told) QVERIFY2(message.contains(words), qPrintable(message));
+    }
+
+    void aFaultOfTheBaseIsToldWithItsOwnName() {
+        const QString message = fault(R"({"base": "base"})", changed("\"height\": 260", "\"height\": -1"));
+        QVERIFY2(message.contains(u"base.json") && message.contains(u"detail.height"), qPrintable(message));
+    }
+
+    void layoutsBasedOnEachOtherAreAFault() {
+        QVERIFY(fault(R"({"base": "base"})", R"({"base": "layout"})").contains(u"循環"));
+    }
+
+    void aMissingLayoutIsNamed() {
+        try {
+            loadReportLayout(u"repNothing"_qs);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QVERIFY(error.description().contains(u"repNothing.json"));
+        }
+    }
+
+    // Whatever is broken in the file, loading ends in a layout or in an error that can be shown.
+    void aDamagedFileNeverDoesMoreThanRaiseAnError() {
+        QRandomGenerator random(20241103);
+        int faults = 0;
+        constexpr int rounds = 4000;
+        for (int round = 0; round < rounds; ++round) {
+            QByteArray damaged = whole;
+            for (int blow = random.bounded(1, 6); blow > 0 && !damaged.isEmpty(); --blow) {
+                const int at = random.bounded(static_cast<int>(damaged.size()));
+                switch (random.bounded(4)) {
+                case 0: damaged[at] = static_cast<char>(random.bounded(256)); break;
+                case 1: damaged.remove(at, random.bounded(1, 40)); break;
+                case 2: damaged.insert(at, damaged.mid(random.bounded(static_cast<int>(damaged.size())), 30)); break;
+                default: damaged.truncate(at); break;
+                }
+            }
+            if (fault(damaged) != u"no fault") ++faults;
+        }
+        QVERIFY(faults > rounds / 2);
+    }
+
+    void everyReportClassHasItsLayout() {
+        for (const ReportClass& report : reportClasses()) {
+            const ReportLayout layout = loadReportLayout(report.name);
+            QCOMPARE(layout.name, report.name);
+            QVERIFY(layout.groupOnNewPage);
+            const bool small = report.name.contains(u"B5");
+            QCOMPARE(layout.paperWidth, small ? 10318 : 11906);
+            if (!small) QCOMPARE(layout.band(ReportBandKind::Detail).height, 260);
+        }
+    }
+};
+
+HALVANE_TEST(ReportLayoutTest)
+#include "ReportLayoutTest.moc"

@@ -1,0 +1,124 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "reports/ReportRows.h"
+
+namespace {
+
+// "r0" is the first record, "b0" a blank row that belongs to it.
+QString spelled(const QList<ReportRow>& rows) {
+    QStringList words;
+    for (const ReportRow& row : rows) words.append((row.blank ? u'b' : u'r') + QString::number(row.record));
+    return words.join(u' ');
+}
+
+// A page as the letters of its bands: P H D F Q R for page header, group header, detail, group footer, page footer and
+// report footer, with its number within the document.
+QString spelled(const QList<PlannedPage>& pages) {
+    QStringList words;
+    for (const PlannedPage& page : pages) {
+        QString word;
+        for (const PlacedBand& band : page.bands) word += u"PHDFQR"[static_cast<int>(band.kind)];
+        words.append(u"%1 %2/%3"_qs.arg(word).arg(page.number).arg(page.count));
+    }
+    return words.join(u", "_qs);
+}
+
+// Paper of 1000 twips without margins.
+ReportLayout layout(int detail, bool groupOnNewPage, int groupHeader = 100, int groupFooter = 100) {
+    ReportLayout layout;
+    layout.paperWidth = 1000;
+    layout.paperHeight = 1000;
+    layout.groupOnNewPage = groupOnNewPage;
+    const auto height = [&](ReportBandKind kind) -> int& { return layout.bands.at(static_cast<size_t>(kind)).height; };
+    height(ReportBandKind::Detail) = detail;
+    height(ReportBandKind::GroupHeader) = groupHeader;
+    height(ReportBandKind::GroupFooter) = groupFooter;
+    return layout;
+}
+
+} // namespace
+
+class ReportRowsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void rowsArePaddedToFullPages_data() {
+        QTest::addColumn<QString>("documents");
+        QTest::addColumn<int>("lines");
+        QTest::addColumn<QString>("rows");
+        QTest::newRow("no rows") << QString() << 3 << QString();
+        QTest::newRow("one row") << u"A"_qs << 3 << u"r0 b0 b0"_qs;
+        QTest::newRow("one below a page") << u"A A"_qs << 3 << u"r0 r1 b1"_qs;
+        QTest::newRow("one above a page") << u"A A A A"_qs << 3 << u"r0 r1 r2 r3 b3 b3"_qs;
+        QTest::newRow("two documents") << u"A B B"_qs << 2 << u"r0 b0 r1 r2"_qs;
+        QTest::newRow("first document full") << u"A A B"_qs << 2 << u"r0 r1 r2 b2"_qs;
+        QTest::newRow("lines per page 1") << u"A B B"_qs << 1 << u"r0 r1 r2"_qs;
+    }
+    void rowsArePaddedToFullPages() {
+        QFETCH(QString, documents);
+        QFETCH(int, lines);
+        QTEST(spelled(paddedRows(documents.split(u' ', Qt::SkipEmptyParts), lines)), "rows");
+    }
+
+    void anExactMultipleGetsNoPaddingAndNoExtraPage() {
+        const QStringList documents(6, u"A"_qs);
+        const QList<ReportRow> rows = paddedRows(documents, 3);
+        QCOMPARE(spelled(rows), u"r0 r1 r2 r3 r4 r5"_qs);
+        QCOMPARE(spelled(planPages(layout(100, true), documents, rows, 3)), u"QPHDDD 1/2, QPHDDDF 2/2"_qs);
+    }
+
+    void linesPerPageOfZeroIsAnErrorThatNamesTheSetting() {
+        for (const int lines : {0, -1}) {
+            try {
+                paddedRows({u"A"_qs}, lines);
+                QFAIL("no error");
+            } catch (const AppError& error) {
+                QVERIFY(error.description().contains(u"No.13"));
+            }
+        }
+    }
+
+    void pagesBreak_data() {
+        QTest::addColumn<ReportLayout>("layout");
+        QTest::addColumn<QString>("groups"); // of each record
+        QTest::addColumn<int>("lines");
+        QTest::addColumn<QString>("pages");
+        QTest::newRow("no rows make no page") << layout(100, true) << QString() << 0 << QString();
+        QTest::newRow("after the lines per page") << layout(100, true) << u"A A A"_qs << 2
+                                                  << u"QPHDD 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("when the paper is full") << layout(400, true) << u"A A A"_qs << 9 << u"QPHDD 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("a group starts a page") << layout(100, true) << u"A B B"_qs << 0 << u"QPHDF 1/1, QPHDDF 1/1"_qs;
+        QTest::newRow("a group goes on below") << layout(100, false) << u"A B B"_qs << 0 << u"QPHDFHDDF 1/1"_qs;
+        QTest::newRow("no room for header and detail") << layout(300, false) << u"A B C"_qs << 0
+                                                       << u"QPHDFHDF 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("footer without room") << layout(450, true) << u"A A"_qs << 0 << u"QPHDD 1/2, QPHF 2/2"_qs;
+        QTest::newRow("a detail higher than the paper") << layout(2000, true) << u"A A"_qs << 0
+                                                        << u"QPHD 1/3, QPHD 2/3, QPHF 3/3"_qs;
+    }
+    void pagesBreak() {
+        QFETCH(ReportLayout, layout);
+        QFETCH(QString, groups);
+        QFETCH(int, lines);
+        const QStringList group = groups.split(u' ', Qt::SkipEmptyParts);
+        QTEST(spelled(planPages(layout, group, plainRows(static_cast<int>(group.size())), lines)), "pages");
+    }
+
+    void bandsStandBelowEachOtherWithinTheMargins() {
+        ReportLayout paper = layout(200, true);
+        paper.margins = {50, 60, 0, 0};
+        const QList<PlannedPage> pages = planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2));
+        QList<int> tops;
+        for (const PlacedBand& band : pages.first().bands) tops.append(band.top);
+        QCOMPARE(tops, (QList<int>{940, 50, 50, 150, 350, 550}));
+    }
+
+    void theReportFooterComesOnceAtTheEnd() {
+        ReportLayout paper = layout(100, true);
+        paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 100;
+        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"B"_qs}, plainRows(2))), u"QPHDF 1/1, QPHDFR 1/1"_qs);
+    }
+};
+
+HALVANE_TEST(ReportRowsTest)
+#include "ReportRowsTest.moc"

@@ -1,0 +1,96 @@
+#include "HalvaneTest.h"
+
+#include "base/clsProfile.h"
+#include "reports/basReportUtil.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+class basReportUtilTest : public QObject {
+    Q_OBJECT
+
+    // The settings of a section with these lines.
+    static ReportPrintSettings settings(const QByteArray& lines) {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"Halvane.ini"_qs));
+        if (!file.open(QIODevice::WriteOnly)) qFatal("no file");
+        file.write("[repCsEstimateA4]\r\n" + lines + "\r\n[repCsEstPayA4]\r\nCopies=9\r\n");
+        file.close();
+        return readReportPrintSettings(clsProfile(file.fileName()), u"repCsEstimateA4"_qs);
+    }
+
+private slots:
+    void lengthsBecomeTwips_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("twips");
+        QTest::newRow("millimetres") << u"297mm"_qs << 16838;
+        QTest::newRow("large letters") << u"210MM"_qs << 11906;
+        QTest::newRow("fraction") << u"12.7mm"_qs << 720;
+        QTest::newRow("inches") << u"0.5inch"_qs << 720;
+        QTest::newRow("large inches") << u"1INCH"_qs << 1440;
+        QTest::newRow("twips") << u"567"_qs << 567;
+        QTest::newRow("zero") << u"0"_qs << 0;
+        QTest::newRow("negative") << u"-5"_qs << -5;
+        QTest::newRow("unit without number") << u"mm"_qs << 0;
+        QTest::newRow("empty") << QString() << -1;
+        QTest::newRow("another unit") << u"5cm"_qs << -1;
+        QTest::newRow("beyond any paper") << u"99999999999mm"_qs << -1;
+    }
+    void lengthsBecomeTwips() {
+        QFETCH(QString, text);
+        QTEST(reportLength(text), "twips");
+    }
+
+    void aPageHeightOf297MillimetresWithPageSize256Is16838Twips() {
+        const ReportPrintSettings read = settings("PageSize=256\r\nPageHeight=297mm\r\nPageWidth=210mm");
+        QCOMPARE(read.pageHeight, 16838);
+        QCOMPARE(read.pageWidth, 11906);
+    }
+
+    void aPageHeightWithPageSize9IsNotApplied() {
+        const ReportPrintSettings read = settings("PageSize=9\r\nPageHeight=297mm");
+        QCOMPARE(read.pageSize, 9);
+        QVERIFY(!read.pageHeight);
+    }
+
+    void aLengthOfAbcLeavesTheMarginAlone() {
+        QCOMPARE(reportLength(u"abc"_qs), -1);
+        QVERIFY(!settings("PageTopMargin=abc").topMargin);
+    }
+
+    void aMarginOfZeroIsApplied() { QCOMPARE(settings("PageLeftMargin=0").leftMargin, 0); }
+
+    void codesOfZeroOrBelowAreNotApplied() {
+        const ReportPrintSettings read = settings("PaperBin=0\r\nOrientation=-1\r\nCopies=abc");
+        QVERIFY(!read.paperBin);
+        QVERIFY(!read.orientation);
+        QVERIFY(!read.copies);
+        QVERIFY(!read.pageSize);
+    }
+
+    void everyKeyIsRead() {
+        const ReportPrintSettings read = settings(
+            "RepName=Estimate\r\nPaperBin=1\r\nOrientation=2\r\nPageSize=9\r\nCopies=3\r\nPrtId=7\r\nPageTopMargin=1\r\n"
+            "PageBottomMargin=2\r\nPageLeftMargin=3\r\nPageRightMargin=4\r\nDevice=dev\r\nPrinter=prn\r\nPort=prt");
+        QCOMPARE(read.repName, u"Estimate"_qs);
+        QCOMPARE(read.paperBin, 1);
+        QCOMPARE(read.orientation, 2);
+        QCOMPARE(read.pageSize, 9);
+        QCOMPARE(read.copies, 3);
+        QCOMPARE(read.prtId, 7);
+        QCOMPARE(read.topMargin, 1);
+        QCOMPARE(read.bottomMargin, 2);
+        QCOMPARE(read.leftMargin, 3);
+        QCOMPARE(read.rightMargin, 4);
+        QCOMPARE(read.device, u"dev"_qs);
+        QCOMPARE(read.printer, u"prn"_qs);
+        QCOMPARE(read.port, u"prt"_qs);
+    }
+
+    void aCodeBeyondTheRangeLeavesThePrintersOwn() { QVERIFY(!settings("Copies=99999999999").copies); }
+
+    void eachReportHasItsOwnSection() { QVERIFY(!settings("").copies); }
+};
+
+HALVANE_TEST(basReportUtilTest)
+#include "basReportUtilTest.moc"

@@ -1,0 +1,123 @@
+#include "HalvaneTest.h"
+
+#include "reports/CsEstimateFields.h"
+#include "reports/ReportClasses.h"
+#include "reports/engine/ReportFonts.h"
+#include "support/ReportSamples.h"
+
+#include <QFontMetricsF>
+#include <QRectF>
+
+namespace {
+
+QList<ReportPage> longestPages(const QString& report, int prtType) {
+    return documentPages(report, loadReportLayout(report), ReportSamples::longest(), prtType,
+                         ReportSamples::longestSetup(), measurePaperText);
+}
+
+// Where the ink of a text stands on the page.
+QRectF inkOf(const ReportPageText& text) {
+    const QRectF ink = QFontMetricsF(paperFont(text.font)).tightBoundingRect(text.text);
+    return {text.x + ink.x() * text.squeeze, text.baseline + ink.y(), ink.width() * text.squeeze, ink.height()};
+}
+
+QString told(const ReportPageText& text) { return u"%1 \"%2\""_qs.arg(text.control, text.text); }
+
+} // namespace
+
+// Every layout with all its texts as long as their fields: what fits here fits always.
+class ReportLayoutsTest : public QObject {
+    Q_OBJECT
+
+    static void everyReport() {
+        QTest::addColumn<QString>("report");
+        QTest::addColumn<int>("prtType");
+        for (const ReportClass& report : reportClasses())
+            for (const int prtType : {1, 2})
+                QTest::addRow("%s %d", qPrintable(report.name), prtType) << report.name << prtType;
+    }
+
+private slots:
+    void initTestCase() { assertPaperFonts(); }
+
+    void everyFieldOfALayoutIsInTheRecordSet() {
+        const ReportRecordset records = csEstimateRecordset();
+        int fields = 0;
+        for (const ReportClass& report : reportClasses())
+            for (const ReportBand& band : loadReportLayout(report.name).bands)
+                for (const ReportTextItem& item : band.texts)
+                    for (const QString& field : item.fields) {
+                        QVERIFY2(records.hasField(field), qPrintable(report.name + u' ' + field));
+                        ++fields;
+                    }
+        QVERIFY(fields > 300);
+    }
+
+    void noTextLeavesItsControl_data() { everyReport(); }
+    void noTextLeavesItsControl() {
+        QFETCH(QString, report);
+        QFETCH(int, prtType);
+        constexpr double hair = 12; // twips: a stroke's swing beyond the advance
+        for (const ReportPage& page : longestPages(report, prtType))
+            for (const ReportPageText& text : page.texts) {
+                const ReportRect& room = text.room;
+                const QRectF allowed = QRectF(room.x, room.y, room.width, room.height).adjusted(-hair, -hair, hair, hair);
+                QVERIFY2(allowed.contains(inkOf(text)), qPrintable(told(text)));
+            }
+    }
+
+    void noTwoTextsOverlap_data() { everyReport(); }
+    void noTwoTextsOverlap() {
+        QFETCH(QString, report);
+        QFETCH(int, prtType);
+        for (const ReportPage& page : longestPages(report, prtType))
+            for (qsizetype i = 0; i < page.texts.size(); ++i)
+                for (qsizetype j = i + 1; j < page.texts.size(); ++j) {
+                    const ReportPageText &a = page.texts.at(i), &b = page.texts.at(j);
+                    QVERIFY2(!inkOf(a).intersects(inkOf(b)), qPrintable(told(a) + u" / "_qs + told(b)));
+                }
+    }
+
+    void everythingStaysOnThePaper_data() { everyReport(); }
+    void everythingStaysOnThePaper() {
+        QFETCH(QString, report);
+        QFETCH(int, prtType);
+        for (const ReportPage& page : longestPages(report, prtType)) {
+            const QRectF paper(0, 0, page.paperWidth, page.paperHeight);
+            for (const ReportPageText& text : page.texts) QVERIFY2(paper.contains(inkOf(text)), qPrintable(told(text)));
+            for (const ReportPageBox& box : page.boxes)
+                QVERIFY(paper.contains(QRectF(box.at.x, box.at.y, box.at.width, box.at.height)));
+            for (const ReportPageLine& line : page.lines)
+                QVERIFY(paper.contains(QPointF(line.x1, line.y1)) && paper.contains(QPointF(line.x2, line.y2)));
+        }
+    }
+
+    // A label whose words do not fit is a fault of the layout, not of the data.
+    void theLayoutsOwnWordsAreNeverShrunk_data() { everyReport(); }
+    void theLayoutsOwnWordsAreNeverShrunk() {
+        QFETCH(QString, report);
+        QFETCH(int, prtType);
+        QHash<QString, double> sizes;
+        for (const ReportBand& band : loadReportLayout(report).bands)
+            for (const ReportTextItem& item : band.texts)
+                if (!item.text.isEmpty() || item.hasWords) sizes.insert(item.name, item.font.size);
+        for (const ReportPage& page : longestPages(report, prtType))
+            for (const ReportPageText& text : page.texts)
+                if (sizes.contains(text.control)) QCOMPARE(text.font.size, sizes.value(text.control));
+    }
+
+    // Smaller than this nobody reads; what is left to do is narrow the letters, and not by much.
+    void theLongestTextsStayLegible_data() { everyReport(); }
+    void theLongestTextsStayLegible() {
+        QFETCH(QString, report);
+        QFETCH(int, prtType);
+        for (const ReportPage& page : longestPages(report, prtType))
+            for (const ReportPageText& text : page.texts) {
+                QVERIFY2(text.font.size >= 5, qPrintable(told(text)));
+                QVERIFY2(text.squeeze >= 0.65, qPrintable(u"%1 %2"_qs.arg(told(text)).arg(text.squeeze)));
+            }
+    }
+};
+
+HALVANE_TEST(ReportLayoutsTest)
+#include "ReportLayoutsTest.moc"

@@ -1,0 +1,136 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "reports/engine/PdfTextTable.h"
+#include "reports/engine/ReportFonts.h"
+#include "reports/engine/ReportPdf.h"
+#include "support/ReportSamples.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+ReportPage pageOf(const QString& text, bool gothic) {
+    ReportPage page;
+    page.paperWidth = 11906;
+    page.paperHeight = 16838;
+    const ReportFont font{gothic, 10, false};
+    // A line of its own every forty characters, so that nothing runs off the paper.
+    for (int start = 0, baseline = 600; start < text.size(); start += 40, baseline += 300)
+        page.texts.append({u"line"_qs, text.mid(start, 40), font, 600, baseline, 8000, 1, {}});
+    return page;
+}
+
+// What a reader of the file finds when it copies its text, without blanks and line breaks.
+QString textIn(const QByteArray& pdf, const QStringList& options = {}) {
+    QProcess reader;
+    reader.start(u"pdftotext"_qs, options + QStringList{u"-enc"_qs, u"UTF-8"_qs, u"-"_qs, u"-"_qs});
+    reader.write(pdf);
+    reader.closeWriteChannel();
+    if (!reader.waitForFinished() || reader.exitCode() != 0) return u"pdftotext failed: "_qs + QString::fromUtf8(reader.readAllStandardError());
+    const QByteArray warnings = reader.readAllStandardError();
+    if (!warnings.isEmpty()) return QString::fromUtf8(warnings);
+    return QString::fromUtf8(reader.readAllStandardOutput()).remove(u' ').remove(u'\n').remove(u'\f').remove(u'　');
+}
+
+// The characters of a font that share their glyph with a radical.
+QString ideographsWithRadicals(bool gothic) {
+    const QRawFont font = QRawFont::fromFont(paperFont({gothic, 10, false}));
+    const auto glyph = [&](char32_t character) {
+        return font.glyphIndexesForString(QString::fromUcs4(&character, 1)).value(0);
+    };
+    QHash<quint32, char32_t> ideographs;
+    for (char32_t character = 0x4E00; character < 0xA000; ++character) ideographs.insert(glyph(character), character);
+    QString found;
+    for (char32_t radical = 0x2E80; radical < 0x2FE0; ++radical)
+        if (const quint32 shared = glyph(radical); shared != 0 && ideographs.contains(shared))
+            found += QString::fromUcs4(&ideographs[shared], 1);
+    return found;
+}
+
+} // namespace
+
+class ReportPdfTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { assertPaperFonts(); }
+
+    void textIsFoundAsItWasWritten_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("gothic");
+        for (const bool gothic : {false, true}) {
+            QTest::addRow("radicals %d", gothic) << u"令和六年十一月三日金額車長門東京都見積書一二三"_qs << gothic;
+            QTest::addRow("signs %d", gothic) << u"〒￥−－～〜ー―・（円未満は切り捨て）"_qs << gothic;
+            QTest::addRow("names %d", gothic) << u"髙橋﨑𠮟濱邊齋藤廣"_qs.remove(u"𠮟"_qs) << gothic;
+            QTest::addRow("kana and letters %d", gothic) << u"ｿｹｯﾄソケットABC-123/45%"_qs << gothic;
+        }
+    }
+    void textIsFoundAsItWasWritten() {
+        QFETCH(QString, text);
+        QFETCH(bool, gothic);
+        QCOMPARE(textIn(pdfOfPages({pageOf(text, gothic)}, u"test"_qs)), text);
+    }
+
+    void everyIdeographThatSharesARadicalsGlyphIsFound_data() {
+        QTest::addColumn<bool>("gothic");
+        QTest::newRow("mincho") << false;
+        QTest::newRow("gothic") << true;
+    }
+    void everyIdeographThatSharesARadicalsGlyphIsFound() {
+        QFETCH(bool, gothic);
+        const QString text = ideographsWithRadicals(gothic);
+        QVERIFY(text.size() > 100);
+        QCOMPARE(textIn(pdfOfPages({pageOf(text, gothic)}, u"test"_qs)), text);
+    }
+
+    void aWholeDocumentIsFoundPageByPage() {
+        ReportRecordset records = ReportSamples::ordinary();
+        ReportSamples::addDocument(records, 2);
+        const QList<ReportPage> pages =
+            documentPages(u"repCsEstAskA4NoM"_qs, loadReportLayout(u"repCsEstAskA4NoM"_qs), records, 0,
+                          ReportSamples::ordinarySetup(), measurePaperText);
+        QCOMPARE(pages.size(), 2);
+        const QByteArray pdf = pdfOfPages(pages, u"repCsEstAskA4NoM"_qs);
+        for (const QString& page : {u"1"_qs, u"2"_qs}) {
+            const QString text = textIn(pdf, {u"-f"_qs, page, u"-l"_qs, page});
+            for (const ReportPageText& printed : pages.first().texts) {
+                const QString wanted = QString(printed.text).remove(u' ').remove(u'　');
+                QVERIFY2(text.contains(wanted), qPrintable(wanted + u" in "_qs + text));
+            }
+        }
+    }
+
+    void everyObjectStandsWhereTheFileSays() {
+        const QByteArray pdf = pdfOfPages({pageOf(u"月日金車長"_qs, false)}, u"test"_qs);
+        const qsizetype table = pdf.mid(pdf.lastIndexOf("startxref\n") + 10).split('\n').first().toLongLong();
+        QCOMPARE(pdf.mid(table, 5), QByteArray("xref\n"));
+        const QByteArrayList lines = pdf.mid(table).split('\n');
+        const int count = lines.at(1).split(' ').at(1).toInt();
+        QVERIFY(count > 10);
+        for (int object = 1; object < count; ++object) {
+            const qsizetype offset = lines.at(2 + object).left(10).toLongLong();
+            const QByteArray head = QByteArray::number(object) + " 0 obj";
+            QCOMPARE(pdf.mid(offset, head.size()), head);
+        }
+    }
+
+    void aFileWithoutTablesStaysAsItIs() {
+        QCOMPARE(withPrintedCharacters("no PDF at all", {{"IPAexMincho", {}}}), QByteArray("no PDF at all"));
+    }
+
+    void noPagesAreAnError() { QVERIFY_EXCEPTION_THROWN(pdfOfPages({}, u"test"_qs), AppError); }
+
+    void aFolderThatIsNotThereIsNamedInTheError() {
+        try {
+            savePdf({pageOf(u"月"_qs, false)}, u"test"_qs, u"/nowhere/at/all.pdf"_qs);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QVERIFY(error.description().contains(u"/nowhere/at/all.pdf"));
+        }
+    }
+};
+
+HALVANE_TEST(ReportPdfTest)
+#include "ReportPdfTest.moc"
