@@ -2,7 +2,12 @@
 
 #include "base/Application.h"
 #include "base/basCommon.h"
+#include "base/clsProfile.h"
+#include "db/clsOfficeManager.h"
+#include "db/clsSysSettingManager.h"
 #include "reports/ReportClasses.h"
+
+#include <QRegularExpression>
 
 namespace {
 
@@ -24,7 +29,40 @@ int linesOnPage(const ReportClass& report, int setting) {
 // For the stamp of the receiving office: the era of today, the rest for the pen.
 QString blankDate() { return FormatEraDate(dateText(gSysDate), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
 
+// An office with three accounts writes each into one field, the bank and behind a "／" or line break the account.
+void addAccounts(ReportParameters& parameters, const clsOffice& office) {
+    static const QRegularExpression divider(u"／|\\r?\\n"_qs);
+    int number = 0;
+    for (const QString& field : {office.Bank, office.AcntNo, office.ChkAcnt}) {
+        ++number;
+        parameters.insert(u"Bank%1"_qs.arg(number), field.section(divider, 0, 0));
+        parameters.insert(u"Account%1"_qs.arg(number), field.section(divider, 1));
+    }
+}
+
+ReportParameters officeBlock(const clsOffice& office) {
+    ReportParameters block{
+        {u"lblTradeNm"_qs, office.TradeNm}, {u"lblTradeNo"_qs, office.TradeNo}, {u"lblOffice"_qs, office.office},
+        {u"lblUserNm"_qs, office.UserNm},   {u"lblAddr1"_qs, office.Addr1},     {u"lblAddr2"_qs, office.Addr2},
+        {u"lblTel"_qs, office.Tel},         {u"lblFax"_qs, office.Fax},         {u"lblBank"_qs, office.Bank},
+        {u"lblAcntNo"_qs, office.AcntNo},   {u"lblChkAcnt"_qs, office.ChkAcnt},
+    };
+    addAccounts(block, office);
+    return block;
+}
+
 } // namespace
+
+DocumentSetup readDocumentSetup() {
+    clsOffice office;
+    gOfficeManager.GetData(1, office);
+    DocumentSetup setup;
+    setup.office = officeBlock(office);
+    setup.linesPerPage = ToInt(Val(gSysSettingManager.value(13)));
+    setup.accountKind = gSysSettingManager.value(42);
+    setup.insurersInHeader = clsProfile().GetValue(u"Ins"_qs, u"InsDisp"_qs).compare(u"off", Qt::CaseInsensitive) != 0;
+    return setup;
+}
 
 QString documentGroupKey(int askNo, int copy, const QString& estNo) {
     return u"%1%2%3"_qs.arg(askNo, 3, 10, QChar(u'0')).arg(copy == copyMarked ? u"控"_qs : u"見"_qs, estNo);

@@ -2,8 +2,6 @@
 
 #include "reports/ReportComposer.h"
 
-class clsOffice;
-
 // The row loop that the five ordinary documents share: what the report start read, and how the record set becomes
 // pages.
 
@@ -13,6 +11,9 @@ struct DocumentSetup {
     QString accountKind;          // setting No 42
     bool insurersInHeader = true; // unless the profile's Ins/InsDisp is "off"
 };
+
+// What the report start reads from the database and the INI file: office No 1, settings No 13 and 42, Ins/InsDisp.
+DocumentSetup readDocumentSetup();
 
 // The group that a layout breaks on: "001", 見 or 控, the estimate number.
 QString documentGroupKey(int askNo, int copy, const QString& estNo);

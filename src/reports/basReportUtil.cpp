@@ -78,3 +78,11 @@ ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QSt
     settings.port = section.text(u"Port"_qs);
     return settings;
 }
+
+ReportLayout withMargins(ReportLayout layout, const ReportPrintSettings& settings) {
+    layout.margins.top = settings.topMargin.value_or(layout.margins.top);
+    layout.margins.bottom = settings.bottomMargin.value_or(layout.margins.bottom);
+    layout.margins.left = settings.leftMargin.value_or(layout.margins.left);
+    layout.margins.right = settings.rightMargin.value_or(layout.margins.right);
+    return layout;
+}

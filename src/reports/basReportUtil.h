@@ -1,5 +1,7 @@
 #pragma once
 
+#include "reports/ReportLayout.h"
+
 #include <QString>
 
 #include <optional>
@@ -19,5 +21,8 @@ struct ReportPrintSettings {
 
 // "297mm", "11inch" or twips as they stand; -1 for a text that is no length.
 int reportLength(const QString& text);
+
+// The layout with the margins that are set; positions are relative to them, so the whole page moves along.
+ReportLayout withMargins(ReportLayout layout, const ReportPrintSettings& settings);
 
 ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QString& reportClass);

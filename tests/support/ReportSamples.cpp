@@ -152,8 +152,8 @@ DocumentSetup longestSetup(int linesPerPage) {
     DocumentSetup setup = ordinarySetup(linesPerPage);
     const QHash<QString, int> sizes{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},     {u"lblFax"_qs, 20},
                                     {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60},  {u"lblChkAcnt"_qs, 60},
-                                    {u"Bank1"_qs, 60},     {u"Bank2"_qs, 60},      {u"Bank3"_qs, 60},
-                                    {u"Account1"_qs, 59},  {u"Account2"_qs, 59},   {u"Account3"_qs, 59}};
+                                    {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},      {u"Bank3"_qs, 30},
+                                    {u"Account1"_qs, 29},  {u"Account2"_qs, 29},   {u"Account3"_qs, 29}};
     for (auto label = setup.office.begin(); label != setup.office.end(); ++label)
         label.value() = wide(sizes.value(label.key(), 40));
     return setup;

@@ -152,5 +152,5 @@ QByteArray withPrintedCharacters(const QByteArray& pdf, const QMap<QByteArray, P
         if (!found.hasMatch() || printed == fonts.constEnd()) continue;
         edits += streamEdits(pdf, objects.offset(found.captured(2).toLongLong()), *printed);
     }
-    return objects.edited(edits);
+    return edits.isEmpty() ? pdf : objects.edited(edits);
 }

@@ -59,8 +59,8 @@ void paintPage(QPainter& painter, const ReportPage& page) {
 
 QImage pageImage(const ReportPage& page, double dotsPerInch) {
     const double scale = dotsPerInch / twipsPerInch;
-    QImage image(static_cast<int>(std::ceil(page.paperWidth * scale)),
-                 static_cast<int>(std::ceil(page.paperHeight * scale)), QImage::Format_RGB32);
+    QImage image(static_cast<int>(std::lround(page.paperWidth * scale)),
+                 static_cast<int>(std::lround(page.paperHeight * scale)), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);

@@ -1,0 +1,86 @@
+#include "reports/clsReportManager.h"
+
+#include "base/AppError.h"
+#include "base/basCommon.h"
+#include "base/clsProfile.h"
+#include "db/clsAssistManager.h"
+#include "db/clsSysSettingManager.h"
+#include "reference/ReferenceManagers.h"
+
+namespace {
+
+constexpr int yes = 1;
+
+// A fault of any kind reaches the screen as one error under the operation's name.
+template <class Work> auto underSource(const QString& source, Work&& work) {
+    try {
+        return work();
+    } catch (const AppError& error) {
+        throw AppError(error.description(), source);
+    } catch (const std::exception& error) {
+        throw AppError(QString::fromLocal8Bit(error.what()), source);
+    }
+}
+
+int dateFormSetting(DocumentKind kind) { return 20 + 2 * static_cast<int>(kind); }
+
+bool insurersOff(DocumentKind kind) {
+    return kind == DocumentKind::Invoice &&
+           clsProfile().GetValue(u"Ins"_qs, u"InsDisp"_qs).compare(u"off", Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+void clsReportManager::Prepare(Connection& connection) { m_connection = &connection; }
+
+DocumentSwitches clsReportManager::readSwitches(DocumentKind kind) {
+    clsSysSettingManager settings;
+    settings.Prepare(*m_connection);
+    const auto value = [&](int number) { return ToInt(Val(settings.value(number, u"1"_qs))); };
+    DocumentSwitches switches;
+    switches.sex = value(7) == yes;
+    switches.birth = value(8);
+    switches.insured = value(9) == yes;
+    switches.address = value(10) == yes;
+    switches.tel = value(11) == yes;
+    switches.dateForm = value(dateFormSetting(kind));
+    return switches;
+}
+
+InsNames clsReportManager::readInsNames(const QList<clsCsEstAsk>& claims) {
+    clsInsManager laws;
+    laws.Prepare(*m_connection);
+    InsNames names;
+    for (const clsCsEstAsk& claim : claims) {
+        if (Val(claim.InsNo) == 0) continue;
+        clsIns law;
+        if (!laws.GetData(claim.InsNo, law))
+            throw AppError(u"法別No %1 が法別マスタにありません。"_qs.arg(claim.InsNo));
+        names.insert(claim.InsNo, law.InsNm);
+    }
+    return names;
+}
+
+QHash<QString, QString> clsReportManager::readAssistViews(int group) {
+    clsAssistManager assists;
+    assists.Prepare(*m_connection);
+    QHash<QString, QString> views;
+    for (const clsAssist& assist : assists.group(group))
+        if (!views.contains(assist.AsstData)) views.insert(assist.AsstData, assist.AsstView);
+    return views;
+}
+
+void clsReportManager::GetCsEstimateData(DocumentKind kind, int copies, const QList<int>& rowList,
+                                         const clsCsEstimate& estimate, const clsCustomer& customer,
+                                         const QList<clsCsItem>& items, const QList<clsCsMakeElmt>& makeElements,
+                                         const QList<clsCsCmpltElmt>& completeElements,
+                                         const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset,
+                                         bool wholeSumFlag) {
+    outRecordset = underSource(u"GetCsEstA4Data"_qs, [&] {
+        const QHash<QString, QString> families = readAssistViews(AssistGroup::FamilyType);
+        return csEstimateRows({kind, copies, rowList, estimate, customer, items, makeElements, completeElements, claims,
+                               wholeSumFlag, readSwitches(kind), readInsNames(claims),
+                               readAssistViews(AssistGroup::PickStyle),
+                               families.value(customer.FamilyType, customer.FamilyType), insurersOff(kind)});
+    });
+}

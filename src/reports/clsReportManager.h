@@ -1,0 +1,28 @@
+#pragma once
+
+#include "reports/CsEstimateDocument.h"
+
+class Connection;
+
+// Builds the record sets of the printed documents from what the screens hold. It keeps nothing but the connection, so
+// that a changed setting counts from the next print on. An operation that fails raises one error with its own source.
+class clsReportManager {
+public:
+    // Keeps the open connection; to be called before every other operation.
+    void Prepare(Connection& connection);
+
+    // The rows of an estimate's document of one kind. `rowList` holds the 請求No of the claims ticked for it;
+    // `wholeSumFlag` makes a receipt over the grand total. Reads settings, 法別 and 補助設定, but no estimate.
+    void GetCsEstimateData(DocumentKind kind, int copies, const QList<int>& rowList, const clsCsEstimate& estimate,
+                           const clsCustomer& customer, const QList<clsCsItem>& items,
+                           const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                           const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset, bool wholeSumFlag = false);
+
+private:
+    DocumentSwitches readSwitches(DocumentKind kind);
+    InsNames readInsNames(const QList<clsCsEstAsk>& claims);
+    // The display words of a group of 補助設定 by its values; of two rows with one value the first counts.
+    QHash<QString, QString> readAssistViews(int group);
+
+    Connection* m_connection = nullptr;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "reports/ReportRecordset.h"
+#include "reports/engine/ReportOutput.h"
+
+#include <optional>
+
+// One document on its way from the record set to paper: created by a screen under the name of its report class, given
+// the record set, then printed or shown. Without a record set, or with an empty one, nothing happens.
+class Report {
+public:
+    // Raises an error for a class that the system does not have.
+    explicit Report(const QString& reportClass);
+
+    void Recordset(ReportRecordset records) { m_records = std::move(records); }
+    // 1 titles an item sheet 内訳書, any other 明細書.
+    void PrtType(int type) { m_prtType = type; }
+
+    void PrintReport(bool withDialog);
+    // The preview; it is always modal, which the argument 1 asks for.
+    void Show(int modal = 1);
+
+private:
+    ReportJob job() const;
+
+    QString m_class;
+    std::optional<ReportRecordset> m_records;
+    int m_prtType = 0;
+};
