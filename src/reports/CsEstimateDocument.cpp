@@ -39,7 +39,8 @@ public:
         const double makeSum = addMakeRows();
         const QStringList rates = reducingRates({m_source.estimate.Discount1, m_source.estimate.Discount2});
         if (!rates.isEmpty())
-            addDiscount(makeSum, rates, percentage(m_source.estimate.Discount1), percentage(m_source.estimate.Discount2));
+            addDiscount(makeSum, rates, percentage(m_source.estimate.Discount1),
+                        percentage(m_source.estimate.Discount2));
         else if (!m_source.completeElements.isEmpty())
             addRow({});
         if (m_source.completeElements.isEmpty()) return;
@@ -133,11 +134,16 @@ private:
 
 QString issueDateOf(const CsEstimateSource& source, const clsCsEstAsk& claim) {
     switch (source.kind) {
-    case DocumentKind::Estimate: return source.estimate.EstPrtDate;
-    case DocumentKind::Breakdown: return source.estimate.ItmPrtDate;
-    case DocumentKind::Detail: return source.estimate.DtlPrtDate;
-    case DocumentKind::Invoice: return claim.AskPrtDate;
-    case DocumentKind::Receipt: return claim.PayPrtDate;
+    case DocumentKind::Estimate:
+        return source.estimate.EstPrtDate;
+    case DocumentKind::Breakdown:
+        return source.estimate.ItmPrtDate;
+    case DocumentKind::Detail:
+        return source.estimate.DtlPrtDate;
+    case DocumentKind::Invoice:
+        return claim.AskPrtDate;
+    case DocumentKind::Receipt:
+        return claim.PayPrtDate;
     }
     return {};
 }
@@ -185,8 +191,11 @@ Values customerValues(const CsEstimateSource& source) {
         {u"Birthday"_qs, birthdayText(customer, prints.birth)},
     };
     if (prints.address)
-        values += Values{{u"Zip"_qs, u'〒' + customer.Zip}, {u"Pref"_qs, customer.Pref}, {u"City"_qs, customer.City},
-                         {u"Addr1"_qs, customer.Addr1},     {u"Addr2"_qs, customer.Addr2}};
+        values += Values{{u"Zip"_qs, u'〒' + customer.Zip},
+                         {u"Pref"_qs, customer.Pref},
+                         {u"City"_qs, customer.City},
+                         {u"Addr1"_qs, customer.Addr1},
+                         {u"Addr2"_qs, customer.Addr2}};
     if (prints.tel) values.append({u"Tel"_qs, u"電話番号："_qs + customer.Tel});
     if (prints.sex) values.append({u"Sex"_qs, u"性別："_qs + customer.Sex});
     if (!source.familyType.isEmpty()) values.append({u"FamilyType"_qs, u"本人区分："_qs + source.familyType});

@@ -18,7 +18,7 @@ DocumentSetup readDocumentSetup();
 // The group that a layout breaks on: "001", 見 or 控, the estimate number.
 QString documentGroupKey(int askNo, int copy, const QString& estNo);
 
-// The pages of one report class. `prtType` 1 titles an item sheet 内訳書, any other 明細書. Lines per page below 1 raise
-// an error; an empty record set has no pages.
+// The pages of one report class. `prtType` 1 titles an item sheet 内訳書, any other 明細書. Lines per page below 1
+// raise an error; an empty record set has no pages.
 QList<ReportPage> documentPages(const QString& reportClass, const ReportLayout& layout, const ReportRecordset& records,
                                 int prtType, const DocumentSetup& setup, const ReportMeasure& measure);

@@ -25,11 +25,13 @@ DocumentChoice accidentChoice(DocumentKind kind, const DocumentChoiceSettings& s
         if (needsContractReceipt(estSum, settings.contractLimit)) classes.append(u"repCsEstReceipt"_qs);
         return {Outcome::AccidentSheets, classes};
     }
-    case DocumentKind::Detail: return {Outcome::SkipAccident, {}};
+    case DocumentKind::Detail:
+        return {Outcome::SkipAccident, {}};
     case DocumentKind::Invoice:
         return {Outcome::AccidentSheets,
                 {settings.accidentInvoice ? u"repCsEstWorkAskA4"_qs : u"repCsEstWorkAsk2A4"_qs}};
-    default: return {Outcome::AccidentSheets, {}};
+    default:
+        return {Outcome::AccidentSheets, {}};
     }
 }
 
@@ -37,9 +39,12 @@ bool takesAccidentSheets(DocumentKind kind, const DocumentChoiceSettings& settin
     switch (kind) {
     case DocumentKind::Estimate:
     case DocumentKind::Breakdown:
-    case DocumentKind::Detail: return settings.value(41) == accidentForms;
-    case DocumentKind::Invoice: return settings.accidentInvoice || settings.value(43) == accidentForms;
-    case DocumentKind::Receipt: return false;
+    case DocumentKind::Detail:
+        return settings.value(41) == accidentForms;
+    case DocumentKind::Invoice:
+        return settings.accidentInvoice || settings.value(43) == accidentForms;
+    case DocumentKind::Receipt:
+        return false;
     }
     return false;
 }
@@ -65,22 +70,25 @@ DocumentChoice ordinaryChoice(DocumentKind kind, const DocumentChoiceSettings& s
     case DocumentKind::Estimate:
         return {DocumentChoice::Outcome::Print,
                 {standardOrVariant(small(21), settings.estimateVariant, u"repCsEstimate"_qs)}};
-    case DocumentKind::Breakdown: return itemSheet(23, 1);
-    case DocumentKind::Detail: return itemSheet(25, 2);
-    case DocumentKind::Invoice: return {DocumentChoice::Outcome::Print, {invoiceClass(settings, receivedMark)}};
-    case DocumentKind::Receipt: break;
+    case DocumentKind::Breakdown:
+        return itemSheet(23, 1);
+    case DocumentKind::Detail:
+        return itemSheet(25, 2);
+    case DocumentKind::Invoice:
+        return {DocumentChoice::Outcome::Print, {invoiceClass(settings, receivedMark)}};
+    case DocumentKind::Receipt:
+        break;
     }
-    return {DocumentChoice::Outcome::Print,
-            {standardOrVariant(small(29), settings.receiptVariant, u"repCsEstPay"_qs)}};
+    return {DocumentChoice::Outcome::Print, {standardOrVariant(small(29), settings.receiptVariant, u"repCsEstPay"_qs)}};
 }
 
 } // namespace
 
 const QList<ReportClass>& reportClasses() {
     static const QList<ReportClass> classes{
-        {u"repCsEstimateA4"_qs},     {u"repCsEstimate2A4"_qs}, {u"repCsEstimateB5"_qs},  {u"repCsEstItemA4"_qs},
-        {u"repCsEstItemB5"_qs},      {u"repCsEstAskA4OnM"_qs, 3}, {u"repCsEstAskA4NoM"_qs}, {u"repCsEstAskA4NoM2"_qs},
-        {u"repCsEstAskB5"_qs},       {u"repCsEstPayA4"_qs},    {u"repCsEstPay2A4"_qs},   {u"repCsEstPayB5"_qs},
+        {u"repCsEstimateA4"_qs}, {u"repCsEstimate2A4"_qs},    {u"repCsEstimateB5"_qs},  {u"repCsEstItemA4"_qs},
+        {u"repCsEstItemB5"_qs},  {u"repCsEstAskA4OnM"_qs, 3}, {u"repCsEstAskA4NoM"_qs}, {u"repCsEstAskA4NoM2"_qs},
+        {u"repCsEstAskB5"_qs},   {u"repCsEstPayA4"_qs},       {u"repCsEstPay2A4"_qs},   {u"repCsEstPayB5"_qs},
     };
     return classes;
 }
@@ -93,8 +101,7 @@ const ReportClass& reportClass(const QString& name) {
 
 DocumentChoiceSettings readDocumentChoiceSettings(const clsProfile& profile) {
     DocumentChoiceSettings settings;
-    settings.estimateVariant =
-        variantInForce(profile, u"repCsEstimate2A4"_qs, u"EstimateKind"_qs, u"ImateName"_qs);
+    settings.estimateVariant = variantInForce(profile, u"repCsEstimate2A4"_qs, u"EstimateKind"_qs, u"ImateName"_qs);
     settings.receiptVariant = variantInForce(profile, u"repCsEstPay2A4"_qs, u"EstPayKind"_qs, u"PayName"_qs);
     settings.accidentInvoice = isTrue(profile.GetValue(u"WorkAsk"_qs, u"WorkOutPut"_qs));
     settings.threeAccounts = isTrue(profile.GetValue(u"PayBank"_qs, u"Plural"_qs));

@@ -12,7 +12,7 @@ class clsProfile;
 enum class DocumentKind { Estimate = 1, Breakdown = 2, Detail = 3, Invoice = 4, Receipt = 5 };
 
 struct ReportClass {
-    QString name; // also that of its layout and of its INI section
+    QString name;       // also that of its layout and of its INI section
     int fewerLines = 0; // rows that a taller header takes from each page
 };
 
@@ -22,11 +22,11 @@ const QList<ReportClass>& reportClasses();
 
 // The settings that the choice depends on, by their numbers, and the entries of the installation.
 struct DocumentChoiceSettings {
-    QHash<int, int> values;     // No 21, 23, 25, 27, 29, 41, 43; a missing one counts as 1
-    bool estimateVariant = false; // repCsEstimate2A4 in place of repCsEstimateA4
-    bool receiptVariant = false;  // repCsEstPay2A4 in place of repCsEstPayA4
-    bool accidentInvoice = false; // profile WorkAsk/WorkOutPut
-    bool threeAccounts = false;   // profile PayBank/Plural
+    QHash<int, int> values;                           // No 21, 23, 25, 27, 29, 41, 43; a missing one counts as 1
+    bool estimateVariant = false;                     // repCsEstimate2A4 in place of repCsEstimateA4
+    bool receiptVariant = false;                      // repCsEstPay2A4 in place of repCsEstPayA4
+    bool accidentInvoice = false;                     // profile WorkAsk/WorkOutPut
+    bool threeAccounts = false;                       // profile PayBank/Plural
     QString contractLimit = QStringLiteral("500000"); // profile Receipt/Price, whole yen
 
     int value(int number) const { return values.value(number, 1); }

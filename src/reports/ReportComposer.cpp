@@ -15,7 +15,8 @@ public:
         : m_layout(layout), m_content(content), m_measure(measure), m_parameters(content.parameters) {}
 
     ReportPage page(const PlannedPage& planned) {
-        m_parameters[u"PageOf"_qs] = planned.count > 1 ? u"%1 / %2"_qs.arg(planned.number).arg(planned.count) : QString();
+        m_parameters[u"PageOf"_qs] =
+            planned.count > 1 ? u"%1 / %2"_qs.arg(planned.number).arg(planned.count) : QString();
         m_page = {};
         m_page.paperWidth = m_layout.paperWidth;
         m_page.paperHeight = m_layout.paperHeight;
@@ -32,11 +33,12 @@ private:
             if (shown(box.showIf)) m_page.boxes.append({box.at.moved(m_left, m_top), box.width, box.dashed, box.shade});
         for (const ReportLineItem& line : band.lines)
             if (shown(line.showIf))
-                m_page.lines.append({line.x1 + m_left, line.y1 + m_top, line.x2 + m_left, line.y2 + m_top, line.width,
-                                     line.dashed});
+                m_page.lines.append(
+                    {line.x1 + m_left, line.y1 + m_top, line.x2 + m_left, line.y2 + m_top, line.width, line.dashed});
         const bool blankDetail = placed.kind == ReportBandKind::Detail && placed.row.blank;
         for (const ReportTextItem& item : band.texts)
-            if (shown(item.showIf) && !(blankDetail && !item.fields.isEmpty())) addText(item, valueOf(item, placed.row));
+            if (shown(item.showIf) && !(blankDetail && !item.fields.isEmpty()))
+                addText(item, valueOf(item, placed.row));
     }
 
     bool shown(const QString& condition) const { return condition.isEmpty() || !parameter(condition).isEmpty(); }
@@ -44,7 +46,8 @@ private:
     QString parameter(const QString& name) const {
         const auto found = m_parameters.constFind(name);
         if (found == m_parameters.constEnd())
-            throw AppError(u"帳票レイアウト %1 の値「%2」がありません。"_qs.arg(m_layout.name, name), u"composePages"_qs);
+            throw AppError(u"帳票レイアウト %1 の値「%2」がありません。"_qs.arg(m_layout.name, name),
+                           u"composePages"_qs);
         return *found;
     }
 

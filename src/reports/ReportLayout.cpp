@@ -24,7 +24,8 @@ const QHash<QString, PaperSize>& paperSizes() {
     return sizes;
 }
 
-constexpr std::array<QStringView, 6> bandNames{u"pageHeader", u"groupHeader", u"detail", u"groupFooter", u"pageFooter", u"reportFooter"};
+constexpr std::array<QStringView, 6> bandNames{u"pageHeader",  u"groupHeader", u"detail",
+                                               u"groupFooter", u"pageFooter",  u"reportFooter"};
 
 // --- JSON ---
 
@@ -32,8 +33,9 @@ constexpr std::array<QStringView, 6> bandNames{u"pageHeader", u"groupHeader", u"
     const QByteArray before = json.left(offset);
     const qsizetype line = before.count('\n') + 1;
     const qsizetype column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
-    throw AppError(u"帳票レイアウト %1.json の %2 行 %3 桁を読めません: %4"_qs.arg(file).arg(line).arg(column).arg(reason),
-                   u"ReportLayout"_qs);
+    throw AppError(
+        u"帳票レイアウト %1.json の %2 行 %3 桁を読めません: %4"_qs.arg(file).arg(line).arg(column).arg(reason),
+        u"ReportLayout"_qs);
 }
 
 QJsonObject parsed(const QString& file, const ReportLayoutSource& source) {
@@ -127,7 +129,13 @@ ReportTextItem readText(const Node& node, const QString& name, const Fonts& font
 ReportLineItem readLine(const Node& node, const QString& name) {
     node.allow({u"line"_qs, u"width"_qs, u"dash"_qs, u"showIf"_qs});
     const QList<int> ends = node[u"line"].twipsList(4);
-    return {name,         ends.at(0), ends.at(1), ends.at(2), ends.at(3), node[u"width"].twips(10), node[u"dash"].flag(),
+    return {name,
+            ends.at(0),
+            ends.at(1),
+            ends.at(2),
+            ends.at(3),
+            node[u"width"].twips(10),
+            node[u"dash"].flag(),
             node[u"showIf"].text()};
 }
 
@@ -135,7 +143,8 @@ ReportBoxItem readBox(const Node& node, const QString& name) {
     node.allow({u"box"_qs, u"width"_qs, u"dash"_qs, u"shade"_qs, u"showIf"_qs});
     const int shade = node[u"shade"].twips(0);
     if (shade < 0 || shade > 100) node[u"shade"].fail(u"0 から 100 までにしてください。"_qs);
-    return {name, readRect(node[u"box"]), node[u"width"].twips(10), node[u"dash"].flag(), shade, node[u"showIf"].text()};
+    return {name,  readRect(node[u"box"]), node[u"width"].twips(10), node[u"dash"].flag(),
+            shade, node[u"showIf"].text()};
 }
 
 ReportBand readBand(const Node& node, const Fonts& fonts) {

@@ -49,11 +49,11 @@ struct ReportTextItem {
     QString text;
     QStringList fields; // several are joined, as in Pref+City
     QString parameter;
-    QString format;                 // number form, see ReportText::number
-    QHash<QString, QString> words;  // the words for a value, such as 2 and 請求書(控)
+    QString format;                // number form, see ReportText::number
+    QHash<QString, QString> words; // the words for a value, such as 2 and 請求書(控)
     bool hasWords = false;
-    QString otherwise;              // for a value that is not among the words
-    QString showIf;                 // the item stands only when this parameter is not empty
+    QString otherwise; // for a value that is not among the words
+    QString showIf;    // the item stands only when this parameter is not empty
 };
 
 struct ReportLineItem {

@@ -11,9 +11,9 @@ struct ReportPageText {
     ReportFont font;
     int x = 0;
     int baseline = 0;
-    int width = 0;        // as printed
-    double squeeze = 1;   // horizontal scale, below 1 only when the smallest size is still too wide
-    ReportRect room;      // the control on the page
+    int width = 0;      // as printed
+    double squeeze = 1; // horizontal scale, below 1 only when the smallest size is still too wide
+    ReportRect room;    // the control on the page
 };
 
 struct ReportPageLine {

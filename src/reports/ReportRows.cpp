@@ -12,8 +12,9 @@ QList<ReportRow> plainRows(int records) {
 
 QList<ReportRow> paddedRows(const QStringList& documentOfRecord, int linesPerPage) {
     if (linesPerPage < 1)
-        throw AppError(u"１ページの明細行数（システム設定 No.13）が %1 です。1 以上にしてください。"_qs.arg(linesPerPage),
-                       u"paddedRows"_qs);
+        throw AppError(
+            u"１ページの明細行数（システム設定 No.13）が %1 です。1 以上にしてください。"_qs.arg(linesPerPage),
+            u"paddedRows"_qs);
     QList<ReportRow> rows;
     const auto fillPage = [&](int record) {
         while (rows.size() % linesPerPage != 0) rows.append({record, true});
@@ -59,9 +60,7 @@ public:
 
 private:
     int height(ReportBandKind kind) const { return m_layout.band(kind).height; }
-    int bottom() const {
-        return m_layout.paperHeight - m_layout.margins.bottom - height(ReportBandKind::PageFooter);
-    }
+    int bottom() const { return m_layout.paperHeight - m_layout.margins.bottom - height(ReportBandKind::PageFooter); }
     bool fits(int needed) const { return m_y + needed <= bottom(); }
 
     void place(ReportBandKind kind, const ReportRow& row) {

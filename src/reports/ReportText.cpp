@@ -48,10 +48,17 @@ QString issueDate(const QString& date, int form, bool blankForm) {
     const QString day = twoPlaces(FormatEraDate(date, u"d"_qs));
     QString text = FormatEraDate(date, u"ggg"_qs);
     switch (form) {
-    case 1: text += year + u"年"_qs + month + u"月"_qs + day + u"日"_qs; break;
-    case 2: text += year + u"年"_qs + month + u"月  日"_qs; break;
-    case 3: text += year + u"年  月  日"_qs; break;
-    default: text += u"  年  月  日"_qs;
+    case 1:
+        text += year + u"年"_qs + month + u"月"_qs + day + u"日"_qs;
+        break;
+    case 2:
+        text += year + u"年"_qs + month + u"月  日"_qs;
+        break;
+    case 3:
+        text += year + u"年  月  日"_qs;
+        break;
+    default:
+        text += u"  年  月  日"_qs;
     }
     return Text::toFullWidth(text);
 }

@@ -10,7 +10,8 @@ namespace {
 
 double narrow(const QString& text, const ReportFont& font) { return double(text.size()) * font.size * 12; }
 
-QList<ReportPage> pages(const QString& report, const ReportRecordset& records, const DocumentSetup& setup, int prtType = 0) {
+QList<ReportPage> pages(const QString& report, const ReportRecordset& records, const DocumentSetup& setup,
+                        int prtType = 0) {
     return documentPages(report, loadReportLayout(report), records, prtType, setup, narrow);
 }
 
@@ -63,14 +64,16 @@ private slots:
         QFETCH(QString, report);
         QFETCH(int, rows);
         QFETCH(int, lines);
-        QTEST(static_cast<int>(pages(report, ReportSamples::rows(rows), ReportSamples::ordinarySetup(lines)).size()), "count");
+        QTEST(static_cast<int>(pages(report, ReportSamples::rows(rows), ReportSamples::ordinarySetup(lines)).size()),
+              "count");
     }
 
     // Header, rows and footer stand on one page for every setting that an office would choose.
     void twentyFiveLinesFitOnOnePageOfEveryLayout() {
         for (const ReportClass& report : reportClasses())
             for (int lines = 1; lines <= 25; ++lines) {
-                const QList<ReportPage> made = pages(report.name, ReportSamples::rows(1), ReportSamples::ordinarySetup(lines));
+                const QList<ReportPage> made =
+                    pages(report.name, ReportSamples::rows(1), ReportSamples::ordinarySetup(lines));
                 QVERIFY2(made.size() == 1, qPrintable(u"%1 with %2 lines"_qs.arg(report.name).arg(lines)));
             }
     }
@@ -80,7 +83,8 @@ private slots:
     }
 
     void everyPageRepeatsTheHeaderAndTellsItsNumber() {
-        const QList<ReportPage> made = pages(u"repCsEstimateA4"_qs, ReportSamples::rows(21), ReportSamples::ordinarySetup());
+        const QList<ReportPage> made =
+            pages(u"repCsEstimateA4"_qs, ReportSamples::rows(21), ReportSamples::ordinarySetup());
         for (const ReportPage& page : made) QCOMPARE(textsOf(page, u"lblTitle"_qs), QStringList{u"見　積　書"_qs});
         QCOMPARE(textsOf(made.at(0), u"lblPageOf"_qs), QStringList{u"1 / 2"_qs});
         QCOMPARE(textsOf(made.at(1), u"lblPageOf"_qs), QStringList{u"2 / 2"_qs});
@@ -119,7 +123,8 @@ private slots:
     }
 
     void blankRowsPrintNothingButTheirLines() {
-        const QList<ReportPage> made = pages(u"repCsEstimateA4"_qs, ReportSamples::rows(2), ReportSamples::ordinarySetup());
+        const QList<ReportPage> made =
+            pages(u"repCsEstimateA4"_qs, ReportSamples::rows(2), ReportSamples::ordinarySetup());
         QCOMPARE(textsOf(made.first(), u"txtSuryo"_qs), (QStringList{u"1"_qs, u"2"_qs}));
         int rules = 0;
         for (const ReportPageLine& line : made.first().lines) rules += line.width == 5 ? 1 : 0;
@@ -129,8 +134,9 @@ private slots:
     void prtTypeChoosesTheTitleOfAnItemSheet() {
         for (const QString& report : {u"repCsEstItemA4"_qs, u"repCsEstItemB5"_qs}) {
             const auto title = [&](int prtType) {
-                return textsOf(pages(report, ReportSamples::ordinary(), ReportSamples::ordinarySetup(), prtType).first(),
-                               u"lblTitle"_qs);
+                return textsOf(
+                    pages(report, ReportSamples::ordinary(), ReportSamples::ordinarySetup(), prtType).first(),
+                    u"lblTitle"_qs);
             };
             QCOMPARE(title(1), QStringList{u"内　訳　書"_qs});
             QCOMPARE(title(2), QStringList{u"明　細　書"_qs});
@@ -177,22 +183,31 @@ private slots:
         QTest::addColumn<QStringList>("shown");
         QTest::addColumn<QStringList>("absent");
         const QStringList person{u"txtTel"_qs, u"txtSex"_qs, u"txtBirthday"_qs, u"txtFamilyType"_qs, u"txtInsured"_qs};
-        QTest::newRow("estimate") << u"repCsEstimateA4"_qs << QStringList{u"txtCustNo"_qs, u"lblAddr"_qs} + person << QStringList{u"lblStamp"_qs};
-        QTest::newRow("estimate 2") << u"repCsEstimate2A4"_qs << QStringList{u"txtCustNo"_qs, u"lblAddr"_qs} + person << QStringList();
+        QTest::newRow("estimate") << u"repCsEstimateA4"_qs << QStringList{u"txtCustNo"_qs, u"lblAddr"_qs} + person
+                                  << QStringList{u"lblStamp"_qs};
+        QTest::newRow("estimate 2") << u"repCsEstimate2A4"_qs << QStringList{u"txtCustNo"_qs, u"lblAddr"_qs} + person
+                                    << QStringList();
         QTest::newRow("estimate B5") << u"repCsEstimateB5"_qs << QStringList{u"txtZip"_qs, u"txtAddr1"_qs}
                                      << QStringList{u"txtCustNo"_qs, u"lblAddr"_qs} + person;
-        QTest::newRow("invoice") << u"repCsEstAskA4NoM"_qs << QStringList{u"lblAddr2"_qs, u"txtAskPrice1"_qs, u"lblChkAcntHead"_qs} << QStringList{u"lblReceived"_qs};
-        QTest::newRow("invoice with accounts") << u"repCsEstAskA4NoM2"_qs
-                                               << QStringList{u"lblBank"_qs, u"lblBank2"_qs, u"lblBank3"_qs, u"lblChkAcnt"_qs, u"lblChkAcnt2"_qs, u"lblChkAcnt3"_qs}
-                                               << QStringList{u"lblAccountKind"_qs};
+        QTest::newRow("invoice") << u"repCsEstAskA4NoM"_qs
+                                 << QStringList{u"lblAddr2"_qs, u"txtAskPrice1"_qs, u"lblChkAcntHead"_qs}
+                                 << QStringList{u"lblReceived"_qs};
+        QTest::newRow("invoice with accounts")
+            << u"repCsEstAskA4NoM2"_qs << QStringList{u"lblBank"_qs,    u"lblBank2"_qs,    u"lblBank3"_qs,
+                                                      u"lblChkAcnt"_qs, u"lblChkAcnt2"_qs, u"lblChkAcnt3"_qs}
+            << QStringList{u"lblAccountKind"_qs};
         QTest::newRow("invoice B5") << u"repCsEstAskB5"_qs << QStringList{u"lblBank"_qs, u"lblCutOff"_qs}
                                     << QStringList{u"txtIns1"_qs, u"txtAskPrice1"_qs, u"txtSex"_qs, u"txtBirthday"_qs};
-        QTest::newRow("receipt") << u"repCsEstPayA4"_qs << QStringList{u"lblStamp"_qs} << QStringList{u"lblNotValid"_qs};
-        QTest::newRow("receipt 2") << u"repCsEstPay2A4"_qs << QStringList{u"lblStamp"_qs, u"lblNotValid"_qs} << QStringList();
-        QTest::newRow("receipt B5") << u"repCsEstPayB5"_qs << QStringList{u"lblStamp"_qs, u"lblNoReissue"_qs} << QStringList();
+        QTest::newRow("receipt") << u"repCsEstPayA4"_qs << QStringList{u"lblStamp"_qs}
+                                 << QStringList{u"lblNotValid"_qs};
+        QTest::newRow("receipt 2") << u"repCsEstPay2A4"_qs << QStringList{u"lblStamp"_qs, u"lblNotValid"_qs}
+                                   << QStringList();
+        QTest::newRow("receipt B5") << u"repCsEstPayB5"_qs << QStringList{u"lblStamp"_qs, u"lblNoReissue"_qs}
+                                    << QStringList();
         QTest::newRow("item") << u"repCsEstItemA4"_qs << QStringList{u"txtClaimNm"_qs, u"lblSamaBun"_qs}
                               << QStringList{u"txtPrtPrice"_qs, u"txtZip"_qs, u"txtAddr1"_qs, u"lblSentence"_qs};
-        QTest::newRow("item B5") << u"repCsEstItemB5"_qs << QStringList{u"txtZip"_qs, u"txtAddr1"_qs, u"txtAddr2"_qs, u"lblCutOff"_qs}
+        QTest::newRow("item B5") << u"repCsEstItemB5"_qs
+                                 << QStringList{u"txtZip"_qs, u"txtAddr1"_qs, u"txtAddr2"_qs, u"lblCutOff"_qs}
                                  << QStringList{u"txtPrtPrice"_qs};
     }
     void layoutsShowAndLeaveOutWhatTheirFamilyAsks() {
@@ -205,7 +220,8 @@ private slots:
 
     void amountsHaveYenBehindOnSmallPaperAndInvoices() {
         const auto sum = [](const QString& report) {
-            return textsOf(pages(report, ReportSamples::ordinary(), ReportSamples::ordinarySetup()).first(), u"txtEstSum"_qs);
+            return textsOf(pages(report, ReportSamples::ordinary(), ReportSamples::ordinarySetup()).first(),
+                           u"txtEstSum"_qs);
         };
         QCOMPARE(sum(u"repCsEstimateA4"_qs), QStringList{u"312,540"_qs});
         QCOMPARE(sum(u"repCsEstimateB5"_qs), QStringList{u"312,540円"_qs});

@@ -81,13 +81,18 @@ private slots:
         DocumentChoiceSettings profile;
         profile.accidentInvoice = true;
         const DocumentChoiceSettings sheets = withValues({{41, 2}, {43, 2}});
-        QTest::newRow("estimate, off") << 1 << withValues({{41, 1}}) << int(Outcome::Print) << QStringList{u"repCsEstimateA4"_qs};
-        QTest::newRow("estimate") << 1 << sheets << int(Outcome::AccidentSheets) << QStringList{u"repCsEstWorkimateA4"_qs};
+        QTest::newRow("estimate, off") << 1 << withValues({{41, 1}}) << int(Outcome::Print)
+                                       << QStringList{u"repCsEstimateA4"_qs};
+        QTest::newRow("estimate") << 1 << sheets << int(Outcome::AccidentSheets)
+                                  << QStringList{u"repCsEstWorkimateA4"_qs};
         QTest::newRow("breakdown") << 2 << sheets << int(Outcome::AccidentSheets) << QStringList();
         QTest::newRow("detail") << 3 << sheets << int(Outcome::SkipAccident) << QStringList();
-        QTest::newRow("invoice, off") << 4 << withValues({{41, 2}}) << int(Outcome::Print) << QStringList{u"repCsEstAskA4NoM"_qs};
-        QTest::newRow("invoice") << 4 << sheets << int(Outcome::AccidentSheets) << QStringList{u"repCsEstWorkAsk2A4"_qs};
-        QTest::newRow("invoice by profile") << 4 << profile << int(Outcome::AccidentSheets) << QStringList{u"repCsEstWorkAskA4"_qs};
+        QTest::newRow("invoice, off") << 4 << withValues({{41, 2}}) << int(Outcome::Print)
+                                      << QStringList{u"repCsEstAskA4NoM"_qs};
+        QTest::newRow("invoice") << 4 << sheets << int(Outcome::AccidentSheets)
+                                 << QStringList{u"repCsEstWorkAsk2A4"_qs};
+        QTest::newRow("invoice by profile")
+            << 4 << profile << int(Outcome::AccidentSheets) << QStringList{u"repCsEstWorkAskA4"_qs};
         QTest::newRow("receipt") << 5 << sheets << int(Outcome::Print) << QStringList{u"repCsEstPayA4"_qs};
     }
     void accidentRowsTakeTheirSheetsOnlyWhenTheSettingSaysSo() {
@@ -130,9 +135,7 @@ private slots:
         QCOMPARE(documentCopies(DocumentKind::Receipt, 0), 2);
     }
 
-    void aClassThatTheSystemLacksIsAnError() {
-        QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceipt"_qs), AppError);
-    }
+    void aClassThatTheSystemLacksIsAnError() { QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceipt"_qs), AppError); }
 };
 
 HALVANE_TEST(ReportClassesTest)

@@ -98,11 +98,13 @@ private slots:
         row("broken text", changed("\"paper\": \"A4\",", "\"paper\": \"A4\""), {u"layout.json"_qs, u"3 行"_qs});
         row("no object", "[1, 2]", {u"layout.json"_qs, u"1 行"_qs});
         row("empty file", "", {u"layout.json"_qs, u"1 行 1 桁"_qs});
-        row("a name twice", changed("\"lblOffice\"", "\"txtPrice\""), {u"layout.json"_qs, u"10 行 9 桁"_qs, u"二度"_qs});
+        row("a name twice", changed("\"lblOffice\"", "\"txtPrice\""),
+            {u"layout.json"_qs, u"10 行 9 桁"_qs, u"二度"_qs});
         row("unknown paper", changed("A4", "A3"), {u"paper"_qs});
         row("unknown key", changed("\"align\"", "\"allign\""), {u"bands.detail.items.txtPrice.allign"_qs});
         row("unknown band", changed("\"detail\"", "\"details\""), {u"bands.details"_qs});
-        row("unknown choice", changed("\"right\", \"format\"", "\"middle\", \"format\""), {u"txtPrice.align"_qs, u"center"_qs});
+        row("unknown choice", changed("\"right\", \"format\"", "\"middle\", \"format\""),
+            {u"txtPrice.align"_qs, u"center"_qs});
         row("fraction of a twip", changed("[10, 20,", "[10.5, 20,"), {u"txtPrice.at[0]"_qs, u"整数"_qs});
         row("too few numbers", changed("[10, 20, 300, 240]", "[10, 20, 300]"), {u"txtPrice.at"_qs, u"4 個"_qs});
         row("negative width", changed("300, 240", "-300, 240"), {u"txtPrice.at"_qs});
@@ -113,7 +115,8 @@ private slots:
         row("size of nothing", changed("9.5", "0"), {u"fonts.body.size"_qs});
         row("two values", changed("\"field\": \"Copy\"", "\"field\": \"Copy\", \"text\": \"x\""), {u"lblTitle"_qs});
         row("shade beyond black", changed("\"shade\": 10", "\"shade\": 101"), {u"boxAll.shade"_qs});
-        row("margins as a number", changed("{\"top\": 1, \"bottom\": 2, \"left\": 3, \"right\": 4}", "5"), {u"margins"_qs});
+        row("margins as a number", changed("{\"top\": 1, \"bottom\": 2, \"left\": 3, \"right\": 4}", "5"),
+            {u"margins"_qs});
         row("beyond any paper", changed("[10, 20,", "[1e300, 20,"), {u"txtPrice.at[0]"_qs});
         row("missing base", R"({"base": "nowhere"})", {u"nowhere.json"_qs});
         row("based on itself", R"({"base": "layout"})", {u"layout.json"_qs, u"base"_qs, u"循環"_qs});
@@ -153,10 +156,18 @@ private slots:
             for (int blow = random.bounded(1, 6); blow > 0 && !damaged.isEmpty(); --blow) {
                 const int at = random.bounded(static_cast<int>(damaged.size()));
                 switch (random.bounded(4)) {
-                case 0: damaged[at] = static_cast<char>(random.bounded(256)); break;
-                case 1: damaged.remove(at, random.bounded(1, 40)); break;
-                case 2: damaged.insert(at, damaged.mid(random.bounded(static_cast<int>(damaged.size())), 30)); break;
-                default: damaged.truncate(at); break;
+                case 0:
+                    damaged[at] = static_cast<char>(random.bounded(256));
+                    break;
+                case 1:
+                    damaged.remove(at, random.bounded(1, 40));
+                    break;
+                case 2:
+                    damaged.insert(at, damaged.mid(random.bounded(static_cast<int>(damaged.size())), 30));
+                    break;
+                default:
+                    damaged.truncate(at);
+                    break;
                 }
             }
             if (fault(damaged) != u"no fault") ++faults;

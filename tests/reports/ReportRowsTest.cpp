@@ -85,16 +85,16 @@ private slots:
         QTest::addColumn<int>("lines");
         QTest::addColumn<QString>("pages");
         QTest::newRow("no rows make no page") << layout(100, true) << QString() << 0 << QString();
-        QTest::newRow("after the lines per page") << layout(100, true) << u"A A A"_qs << 2
-                                                  << u"QPHDD 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("after the lines per page")
+            << layout(100, true) << u"A A A"_qs << 2 << u"QPHDD 1/2, QPHDF 2/2"_qs;
         QTest::newRow("when the paper is full") << layout(400, true) << u"A A A"_qs << 9 << u"QPHDD 1/2, QPHDF 2/2"_qs;
         QTest::newRow("a group starts a page") << layout(100, true) << u"A B B"_qs << 0 << u"QPHDF 1/1, QPHDDF 1/1"_qs;
         QTest::newRow("a group goes on below") << layout(100, false) << u"A B B"_qs << 0 << u"QPHDFHDDF 1/1"_qs;
-        QTest::newRow("no room for header and detail") << layout(300, false) << u"A B C"_qs << 0
-                                                       << u"QPHDFHDF 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("no room for header and detail")
+            << layout(300, false) << u"A B C"_qs << 0 << u"QPHDFHDF 1/2, QPHDF 2/2"_qs;
         QTest::newRow("footer without room") << layout(450, true) << u"A A"_qs << 0 << u"QPHDD 1/2, QPHF 2/2"_qs;
-        QTest::newRow("a detail higher than the paper") << layout(2000, true) << u"A A"_qs << 0
-                                                        << u"QPHD 1/3, QPHD 2/3, QPHF 3/3"_qs;
+        QTest::newRow("a detail higher than the paper")
+            << layout(2000, true) << u"A A"_qs << 0 << u"QPHD 1/3, QPHD 2/3, QPHF 3/3"_qs;
     }
     void pagesBreak() {
         QFETCH(ReportLayout, layout);

@@ -32,14 +32,18 @@ private slots:
         QTest::newRow("with room") << u"あいう"_qs << control(600, 260, 10, false) << u"あいう @10 x1.00"_qs;
         QTest::newRow("shrinks") << u"あいう"_qs << control(500, 260, 10, false) << u"あいう @8 x1.00"_qs;
         QTest::newRow("too high for the strip") << u"あ"_qs << control(500, 120, 10, false) << u"あ @6 x1.00"_qs;
-        QTest::newRow("squeezed at the smallest size") << u"あいうえお"_qs << control(250, 260, 10, false)
-                                                       << u"あいうえお @5 x0.50"_qs;
-        QTest::newRow("wraps before it shrinks") << u"あいうえ"_qs << control(400, 400, 10, true) << u"あい/うえ @10 x1.00"_qs;
-        QTest::newRow("shrinks, then wraps") << u"あいうえ"_qs << control(300, 260, 10, true) << u"あい/うえ @6.5 x1.00"_qs;
-        QTest::newRow("keeps words together") << u"abc def"_qs << control(800, 400, 10, true) << u"abc /def @10 x1.00"_qs;
-        QTest::newRow("breaks a word that is too wide") << u"abcdef"_qs << control(600, 400, 10, true) << u"abc/def @10 x1.00"_qs;
-        QTest::newRow("no closing mark at the start") << u"あい、うえ"_qs << control(600, 400, 10, true)
-                                                      << u"あい、/うえ @10 x1.00"_qs;
+        QTest::newRow("squeezed at the smallest size")
+            << u"あいうえお"_qs << control(250, 260, 10, false) << u"あいうえお @5 x0.50"_qs;
+        QTest::newRow("wraps before it shrinks")
+            << u"あいうえ"_qs << control(400, 400, 10, true) << u"あい/うえ @10 x1.00"_qs;
+        QTest::newRow("shrinks, then wraps")
+            << u"あいうえ"_qs << control(300, 260, 10, true) << u"あい/うえ @6.5 x1.00"_qs;
+        QTest::newRow("keeps words together")
+            << u"abc def"_qs << control(800, 400, 10, true) << u"abc /def @10 x1.00"_qs;
+        QTest::newRow("breaks a word that is too wide")
+            << u"abcdef"_qs << control(600, 400, 10, true) << u"abc/def @10 x1.00"_qs;
+        QTest::newRow("no closing mark at the start")
+            << u"あい、うえ"_qs << control(600, 400, 10, true) << u"あい、/うえ @10 x1.00"_qs;
     }
     void textsFit() {
         QFETCH(QString, text);

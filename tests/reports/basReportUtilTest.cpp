@@ -70,7 +70,8 @@ private slots:
 
     void everyKeyIsRead() {
         const ReportPrintSettings read = settings(
-            "RepName=Estimate\r\nPaperBin=1\r\nOrientation=2\r\nPageSize=9\r\nCopies=3\r\nPrtId=7\r\nPageTopMargin=1\r\n"
+            "RepName=Estimate\r\nPaperBin=1\r\nOrientation=2\r\nPageSize=9\r\nCopies=3\r\nPrtId=7\r\nPageTopMargin="
+            "1\r\n"
             "PageBottomMargin=2\r\nPageLeftMargin=3\r\nPageRightMargin=4\r\nDevice=dev\r\nPrinter=prn\r\nPort=prt");
         QCOMPARE(read.repName, u"Estimate"_qs);
         QCOMPARE(read.paperBin, 1);

@@ -15,9 +15,9 @@ void addRow(ReportRecordset& records, const Values& header, const Values& row) {
 }
 
 const QStringList& detailTexts() {
-    static const QStringList names{u"Elmt"_qs,      u"Item"_qs,      u"PickKbn"_qs, u"Name"_qs,     u"PickStyle"_qs,
-                                   u"Materials"_qs, u"PartsForm"_qs, u"MakerNm"_qs, u"PartsCd"_qs,  u"SumTitle"_qs,
-                                   u"SumCal"_qs};
+    static const QStringList names{u"Elmt"_qs,      u"Item"_qs,      u"PickKbn"_qs,   u"Name"_qs,
+                                   u"PickStyle"_qs, u"Materials"_qs, u"PartsForm"_qs, u"MakerNm"_qs,
+                                   u"PartsCd"_qs,   u"SumTitle"_qs,  u"SumCal"_qs};
     return names;
 }
 
@@ -31,10 +31,14 @@ QString wide(int length) {
 
 QVariant largest(const ReportField& field) {
     switch (field.type) {
-    case ReportFieldType::Text: return wide(field.size);
-    case ReportFieldType::Integer: return 99;
-    case ReportFieldType::Float: return field.name == u"TaxRate" ? 10.5 : 9'876'543.0;
-    case ReportFieldType::Currency: return 987'654'321;
+    case ReportFieldType::Text:
+        return wide(field.size);
+    case ReportFieldType::Integer:
+        return 99;
+    case ReportFieldType::Float:
+        return field.name == u"TaxRate" ? 10.5 : 9'876'543.0;
+    case ReportFieldType::Currency:
+        return 987'654'321;
     }
     return {};
 }
@@ -83,19 +87,45 @@ void addDocument(ReportRecordset& records, int askNo, int copy) {
         {u"AskPrice4"_qs, 31'254},
     };
     addRow(records, header,
-           {{u"Elmt"_qs, u"基本価格"_qs}, {u"Item"_qs, u"下腿義足"_qs}, {u"PickKbn"_qs, u"B-4"_qs}, {u"Name"_qs, u"PTB式"_qs},
-            {u"PickStyle"_qs, u"採型"_qs}, {u"Suryo"_qs, 1}, {u"Unit"_qs, 84'300}, {u"Price"_qs, 84'300}});
-    addRow(records, header, {{u"Elmt"_qs, u"ソケット"_qs}, {u"Materials"_qs, u"熱硬化性樹脂"_qs}, {u"Suryo"_qs, 1},
-                             {u"Unit"_qs, 41'700}, {u"Price"_qs, 41'700}});
-    addRow(records, header, {{u"Elmt"_qs, u"ソフトインサート"_qs}, {u"Materials"_qs, u"軟性発泡樹脂"_qs}, {u"Suryo"_qs, 1},
-                             {u"Unit"_qs, 18'250}, {u"Price"_qs, 18'250}});
+           {{u"Elmt"_qs, u"基本価格"_qs},
+            {u"Item"_qs, u"下腿義足"_qs},
+            {u"PickKbn"_qs, u"B-4"_qs},
+            {u"Name"_qs, u"PTB式"_qs},
+            {u"PickStyle"_qs, u"採型"_qs},
+            {u"Suryo"_qs, 1},
+            {u"Unit"_qs, 84'300},
+            {u"Price"_qs, 84'300}});
+    addRow(records, header,
+           {{u"Elmt"_qs, u"ソケット"_qs},
+            {u"Materials"_qs, u"熱硬化性樹脂"_qs},
+            {u"Suryo"_qs, 1},
+            {u"Unit"_qs, 41'700},
+            {u"Price"_qs, 41'700}});
+    addRow(records, header,
+           {{u"Elmt"_qs, u"ソフトインサート"_qs},
+            {u"Materials"_qs, u"軟性発泡樹脂"_qs},
+            {u"Suryo"_qs, 1},
+            {u"Unit"_qs, 18'250},
+            {u"Price"_qs, 18'250}});
     addRow(records, header, {{u"SumTitle"_qs, u"小　　　計"_qs}, {u"Price"_qs, 144'250}});
     addRow(records, header, {{u"SumCal"_qs, u"( 小計 × 95/100 )"_qs}, {u"Price"_qs, 137'038}});
     addRow(records, header, {{u"Elmt"_qs, u"完成用部品"_qs}});
-    addRow(records, header, {{u"Elmt"_qs, u"足部"_qs}, {u"PartsForm"_qs, u"1S90=26"_qs}, {u"MakerNm"_qs, u"東西ケア"_qs},
-                             {u"PartsCd"_qs, u"F-101"_qs}, {u"Suryo"_qs, 1}, {u"Unit"_qs, 53'900}, {u"Price"_qs, 53'900}});
-    addRow(records, header, {{u"Elmt"_qs, u"下腿チューブ"_qs}, {u"PartsForm"_qs, u"アルミ合金 φ30 200mm"_qs}, {u"MakerNm"_qs, u"南北製作所"_qs},
-                             {u"PartsCd"_qs, u"T-2200"_qs}, {u"Suryo"_qs, 2}, {u"Unit"_qs, 53'360}, {u"Price"_qs, 106'719}});
+    addRow(records, header,
+           {{u"Elmt"_qs, u"足部"_qs},
+            {u"PartsForm"_qs, u"1S90=26"_qs},
+            {u"MakerNm"_qs, u"東西ケア"_qs},
+            {u"PartsCd"_qs, u"F-101"_qs},
+            {u"Suryo"_qs, 1},
+            {u"Unit"_qs, 53'900},
+            {u"Price"_qs, 53'900}});
+    addRow(records, header,
+           {{u"Elmt"_qs, u"下腿チューブ"_qs},
+            {u"PartsForm"_qs, u"アルミ合金 φ30 200mm"_qs},
+            {u"MakerNm"_qs, u"南北製作所"_qs},
+            {u"PartsCd"_qs, u"T-2200"_qs},
+            {u"Suryo"_qs, 2},
+            {u"Unit"_qs, 53'360},
+            {u"Price"_qs, 106'719}});
 }
 
 ReportRecordset ordinary() {
@@ -107,8 +137,8 @@ ReportRecordset ordinary() {
 ReportRecordset longest() {
     const QList<QStringList> kinds{
         {u"Elmt"_qs, u"Item"_qs, u"PickKbn"_qs, u"Name"_qs, u"PickStyle"_qs}, // basic price
-        {u"Elmt"_qs, u"Materials"_qs},                                         // make element
-        {u"Elmt"_qs, u"PartsForm"_qs, u"MakerNm"_qs, u"PartsCd"_qs},           // complete part
+        {u"Elmt"_qs, u"Materials"_qs},                                        // make element
+        {u"Elmt"_qs, u"PartsForm"_qs, u"MakerNm"_qs, u"PartsCd"_qs},          // complete part
         {u"SumTitle"_qs},
         {u"SumCal"_qs},
     };
@@ -135,14 +165,22 @@ DocumentSetup ordinarySetup(int linesPerPage) {
     setup.linesPerPage = linesPerPage;
     setup.accountKind = u"2"_qs;
     setup.office = {
-        {u"lblTradeNm"_qs, u"適格請求書発行事業者"_qs}, {u"lblTradeNo"_qs, u"T1234567890123"_qs},
-        {u"lblOffice"_qs, u"はるかぜ義肢製作所"_qs},    {u"lblUserNm"_qs, u"代表　春野　風太"_qs},
-        {u"lblAddr1"_qs, u"神奈川県横浜市西区みなと2-3-4"_qs}, {u"lblAddr2"_qs, u"みなとビル 2階"_qs},
-        {u"lblTel"_qs, u"045-987-6543"_qs},             {u"lblFax"_qs, u"045-987-6544"_qs},
-        {u"lblBank"_qs, u"みなと銀行　横浜支店"_qs},    {u"lblAcntNo"_qs, u"1234567"_qs},
-        {u"lblChkAcnt"_qs, u"ハルカゼギシセイサクショ"_qs}, {u"Bank1"_qs, u"みなと銀行　横浜支店"_qs},
-        {u"Account1"_qs, u"普通 1234567"_qs},           {u"Bank2"_qs, u"山手信用金庫　本店"_qs},
-        {u"Account2"_qs, u"普通 7654321"_qs},           {u"Bank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
+        {u"lblTradeNm"_qs, u"適格請求書発行事業者"_qs},
+        {u"lblTradeNo"_qs, u"T1234567890123"_qs},
+        {u"lblOffice"_qs, u"はるかぜ義肢製作所"_qs},
+        {u"lblUserNm"_qs, u"代表　春野　風太"_qs},
+        {u"lblAddr1"_qs, u"神奈川県横浜市西区みなと2-3-4"_qs},
+        {u"lblAddr2"_qs, u"みなとビル 2階"_qs},
+        {u"lblTel"_qs, u"045-987-6543"_qs},
+        {u"lblFax"_qs, u"045-987-6544"_qs},
+        {u"lblBank"_qs, u"みなと銀行　横浜支店"_qs},
+        {u"lblAcntNo"_qs, u"1234567"_qs},
+        {u"lblChkAcnt"_qs, u"ハルカゼギシセイサクショ"_qs},
+        {u"Bank1"_qs, u"みなと銀行　横浜支店"_qs},
+        {u"Account1"_qs, u"普通 1234567"_qs},
+        {u"Bank2"_qs, u"山手信用金庫　本店"_qs},
+        {u"Account2"_qs, u"普通 7654321"_qs},
+        {u"Bank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
         {u"Account3"_qs, u"普通 1122334"_qs},
     };
     return setup;
@@ -150,10 +188,10 @@ DocumentSetup ordinarySetup(int linesPerPage) {
 
 DocumentSetup longestSetup(int linesPerPage) {
     DocumentSetup setup = ordinarySetup(linesPerPage);
-    const QHash<QString, int> sizes{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},     {u"lblFax"_qs, 20},
-                                    {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60},  {u"lblChkAcnt"_qs, 60},
-                                    {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},      {u"Bank3"_qs, 30},
-                                    {u"Account1"_qs, 29},  {u"Account2"_qs, 29},   {u"Account3"_qs, 29}};
+    const QHash<QString, int> sizes{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},    {u"lblFax"_qs, 20},
+                                    {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60}, {u"lblChkAcnt"_qs, 60},
+                                    {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},     {u"Bank3"_qs, 30},
+                                    {u"Account1"_qs, 29},  {u"Account2"_qs, 29},  {u"Account3"_qs, 29}};
     for (auto label = setup.office.begin(); label != setup.office.end(); ++label)
         label.value() = wide(sizes.value(label.key(), 40));
     return setup;

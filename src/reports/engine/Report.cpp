@@ -11,7 +11,8 @@ ReportJob Report::job() const {
     if (!m_records || m_records->isEmpty()) return {m_class, {}, {}};
     const ReportPrintSettings settings = readReportPrintSettings(clsProfile(), m_class);
     const ReportLayout layout = withMargins(loadReportLayout(m_class), settings);
-    return {m_class, documentPages(m_class, layout, *m_records, m_prtType, readDocumentSetup(), measurePaperText), settings};
+    return {m_class, documentPages(m_class, layout, *m_records, m_prtType, readDocumentSetup(), measurePaperText),
+            settings};
 }
 
 void Report::PrintReport(bool withDialog) {

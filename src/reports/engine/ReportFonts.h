@@ -12,7 +12,8 @@ void assertPaperFonts();
 // The missing ones among the families given, each told by its Japanese name.
 QStringList missingFonts(const QStringList& installedFamilies);
 
-// A type without its weight (see ReportPainter) and with the twip as its pixel, so that one unit of a page is one unit of the painter.
+// A type without its weight (see ReportPainter) and with the twip as its pixel, so that one unit of a page is one unit
+// of the painter.
 QFont paperFont(const ReportFont& font);
 
 // The measuring seam of the layouts, filled with the real types.

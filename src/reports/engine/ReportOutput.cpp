@@ -18,14 +18,15 @@ constexpr int landscapeCode = 2;
 
 // The driver's code of a paper bin is the place of the bin in this list.
 constexpr std::array paperBins{
-    QPrinter::Auto,         QPrinter::Upper,          QPrinter::Lower,         QPrinter::Middle,
-    QPrinter::Manual,       QPrinter::Envelope,       QPrinter::EnvelopeManual, QPrinter::Auto,
-    QPrinter::Tractor,      QPrinter::SmallFormat,    QPrinter::LargeFormat,   QPrinter::LargeCapacity,
-    QPrinter::Auto,         QPrinter::Auto,           QPrinter::Cassette,      QPrinter::FormSource,
+    QPrinter::Auto,    QPrinter::Upper,       QPrinter::Lower,          QPrinter::Middle,
+    QPrinter::Manual,  QPrinter::Envelope,    QPrinter::EnvelopeManual, QPrinter::Auto,
+    QPrinter::Tractor, QPrinter::SmallFormat, QPrinter::LargeFormat,    QPrinter::LargeCapacity,
+    QPrinter::Auto,    QPrinter::Auto,        QPrinter::Cassette,       QPrinter::FormSource,
 };
 
 QPageSize paperOf(int width, int height) {
-    return QPageSize(QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {}, QPageSize::FuzzyMatch);
+    return QPageSize(QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {},
+                     QPageSize::FuzzyMatch);
 }
 
 void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {
@@ -41,7 +42,8 @@ void paintJob(const ReportJob& job, QPrinter& printer) {
     const double scale = printer.resolution() / twipsPerInch;
     bool first = true;
     for (const ReportPage& page : job.pages) {
-        if (!first && !printer.newPage()) throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
+        if (!first && !printer.newPage())
+            throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
         first = false;
         painter.save();
         painter.scale(scale, scale);
@@ -71,8 +73,9 @@ void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) 
 void printOnPaper(const ReportJob& job, bool withDialog) {
     if (job.pages.isEmpty()) return;
     if (QPrinterInfo::availablePrinterNames().isEmpty())
-        throw AppError(u"プリンターが見つかりません。プリンターを設定するか、プレビューから PDF に保存してください。"_qs,
-                       u"PrintReport"_qs);
+        throw AppError(
+            u"プリンターが見つかりません。プリンターを設定するか、プレビューから PDF に保存してください。"_qs,
+            u"PrintReport"_qs);
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
     printer.setDocName(job.reportClass);

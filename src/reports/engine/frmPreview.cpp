@@ -78,7 +78,8 @@ void frmPreview::applyZoom() {
     const int choice = ui->cboZoom->currentIndex();
     const QSize room = ui->scrPage->maximumViewportSize();
     if (choice == pageWidth)
-        ui->sheet->setZoom(ui->sheet->zoomForWidth(room.width() - ui->scrPage->verticalScrollBar()->sizeHint().width()));
+        ui->sheet->setZoom(
+            ui->sheet->zoomForWidth(room.width() - ui->scrPage->verticalScrollBar()->sizeHint().width()));
     else if (choice == wholePage)
         ui->sheet->setZoom(ui->sheet->zoomForWhole(room));
     else

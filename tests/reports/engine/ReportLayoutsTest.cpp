@@ -61,7 +61,8 @@ private slots:
         for (const ReportPage& page : longestPages(report, prtType))
             for (const ReportPageText& text : page.texts) {
                 const ReportRect& room = text.room;
-                const QRectF allowed = QRectF(room.x, room.y, room.width, room.height).adjusted(-hair, -hair, hair, hair);
+                const QRectF allowed =
+                    QRectF(room.x, room.y, room.width, room.height).adjusted(-hair, -hair, hair, hair);
                 QVERIFY2(allowed.contains(inkOf(text)), qPrintable(told(text)));
             }
     }

@@ -28,7 +28,8 @@ QString textIn(const QByteArray& pdf, const QStringList& options = {}) {
     reader.start(u"pdftotext"_qs, options + QStringList{u"-enc"_qs, u"UTF-8"_qs, u"-"_qs, u"-"_qs});
     reader.write(pdf);
     reader.closeWriteChannel();
-    if (!reader.waitForFinished() || reader.exitCode() != 0) return u"pdftotext failed: "_qs + QString::fromUtf8(reader.readAllStandardError());
+    if (!reader.waitForFinished() || reader.exitCode() != 0)
+        return u"pdftotext failed: "_qs + QString::fromUtf8(reader.readAllStandardError());
     const QByteArray warnings = reader.readAllStandardError();
     if (!warnings.isEmpty()) return QString::fromUtf8(warnings);
     return QString::fromUtf8(reader.readAllStandardOutput()).remove(u' ').remove(u'\n').remove(u'\f').remove(u'　');
@@ -89,9 +90,8 @@ private slots:
     void aWholeDocumentIsFoundPageByPage() {
         ReportRecordset records = ReportSamples::ordinary();
         ReportSamples::addDocument(records, 2);
-        const QList<ReportPage> pages =
-            documentPages(u"repCsEstAskA4NoM"_qs, loadReportLayout(u"repCsEstAskA4NoM"_qs), records, 0,
-                          ReportSamples::ordinarySetup(), measurePaperText);
+        const QList<ReportPage> pages = documentPages(u"repCsEstAskA4NoM"_qs, loadReportLayout(u"repCsEstAskA4NoM"_qs),
+                                                      records, 0, ReportSamples::ordinarySetup(), measurePaperText);
         QCOMPARE(pages.size(), 2);
         const QByteArray pdf = pdfOfPages(pages, u"repCsEstAskA4NoM"_qs);
         for (const QString& page : {u"1"_qs, u"2"_qs}) {

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/Money.h"
+#include "reports/ReportClasses.h"
+
+#include <array>
+#include <optional>
+
+// What the operator asked for in the print grid, and whether it can be printed.
+
+// One row of the grid: a claim and its tick boxes in the order of the document kinds.
+struct PrintGridRow {
+    int askNo = 0;
+    std::array<bool, 5> ticked{};
+    bool hasLaw = false; // a 法別 was chosen
+    Money askPrice;
+    Money payPrice;
+};
+
+struct DocumentOrder {
+    enum class Outcome {
+        Print,      // the kinds with their claims
+        PrintWhole, // no claim was entered: all five kinds for one claim of number 1 over the total, never saved
+        Refused     // `message` says why; `row` is where to go, -1 for none
+    };
+    Outcome outcome = Outcome::Print;
+    std::array<QList<int>, 5> claims; // 請求No for each kind, in the order of the kinds
+    QString message;
+    int row = -1;
+
+    const QList<int>& claimsOf(DocumentKind kind) const { return claims.at(static_cast<size_t>(kind) - 1); }
+};
+
+DocumentOrder orderDocuments(const QList<PrintGridRow>& rows);

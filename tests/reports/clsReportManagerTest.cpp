@@ -1,0 +1,169 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "base/Application.h"
+#include "reports/DocumentReport.h"
+#include "reports/clsReportManager.h"
+#include "support/TestDatabase.h"
+
+namespace {
+
+struct Order {
+    clsCsEstimate estimate;
+    clsCustomer customer;
+    QList<clsCsItem> items;
+    QList<clsCsMakeElmt> makes;
+    QList<clsCsEstAsk> claims;
+};
+
+Order sample() {
+    Order order;
+    order.estimate.EstNo = u"R06-1"_qs;
+    order.estimate.Discount1 = order.estimate.Discount2 = order.estimate.Discount3 = u"100"_qs;
+    order.estimate.Total = order.estimate.EstSum = u"1000"_qs;
+    order.estimate.EstPrtDate = u"2024/11/03"_qs;
+    order.customer.Sex = u"男"_qs;
+    order.customer.Tel = u"045-1"_qs;
+    order.customer.FamilyType = u"1"_qs;
+    clsCsItem item;
+    item.EstItemNo = u"1"_qs;
+    item.Item = u"下肢装具"_qs;
+    item.PickStyle = u"2"_qs;
+    order.items = {item};
+    clsCsMakeElmt make;
+    make.EstItemNo = u"1"_qs;
+    make.MakeElmt = u"基本価格"_qs;
+    make.Suryo = u"1"_qs;
+    make.Price = u"1000"_qs;
+    order.makes = {make};
+    clsCsEstAsk claim;
+    claim.AskNo = u"1"_qs;
+    claim.InsNo = u"1"_qs;
+    claim.AskPrice = u"1000"_qs;
+    order.claims = {claim};
+    return order;
+}
+
+} // namespace
+
+class clsReportManagerTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_database;
+
+    ReportRecordset rows(const Order& order, DocumentKind kind = DocumentKind::Estimate, int copies = 1,
+                         const QList<int>& claims = {1}) {
+        clsReportManager manager;
+        manager.Prepare(m_database->connection());
+        ReportRecordset records;
+        manager.GetCsEstimateData(kind, copies, claims, order.estimate, order.customer, order.items, order.makes, {},
+                                  order.claims, records);
+        return records;
+    }
+
+    void set(int number, const QString& value) {
+        m_database->connection().execute(
+            u"UPDATE [システム設定] SET [設定値] = '%1' WHERE [No] = %2"_qs.arg(value).arg(number));
+    }
+
+private slots:
+    void init() {
+        m_database = std::make_unique<TestDatabase>();
+        m_database->writeProfile();
+        m_database->prepareManagers();
+        setSystemDate(u"2024/11/03"_qs);
+    }
+    void cleanup() { m_database.reset(); }
+
+    void wordsComeFromTheSettingTables() {
+        const ReportRecordset records = rows(sample());
+        QCOMPARE(records.text(0, u"PickStyle"_qs), u"採寸"_qs);
+        QCOMPARE(records.text(0, u"FamilyType"_qs), u"本人区分：本人"_qs);
+        QCOMPARE(records.text(0, u"Ins1"_qs), u"社会保険"_qs);
+        QCOMPARE(records.text(0, u"PrtDate"_qs), u"令和　６年１１月　３日"_qs);
+    }
+
+    void aChangedSettingCountsFromTheNextPrint() {
+        QCOMPARE(rows(sample()).text(0, u"Sex"_qs), u"性別：男"_qs);
+        set(7, u"2"_qs);
+        set(11, u"2"_qs);
+        set(22, u"3"_qs);
+        const ReportRecordset records = rows(sample());
+        QCOMPARE(records.text(0, u"Sex"_qs), QString());
+        QCOMPARE(records.text(0, u"Tel"_qs), QString());
+        QCOMPARE(records.text(0, u"PrtDate"_qs), u"令和　６年　　月　　日"_qs);
+    }
+
+    void aSettingWithoutARowCountsAs1() {
+        m_database->connection().execute(u"DELETE FROM [システム設定] WHERE [No] IN (7,11,22)"_qs);
+        const ReportRecordset records = rows(sample());
+        QCOMPARE(records.text(0, u"Sex"_qs), u"性別：男"_qs);
+        QCOMPARE(records.text(0, u"PrtDate"_qs), u"令和　６年１１月　３日"_qs);
+    }
+
+    void insurersAreTurnedOffOnInvoicesAlone() {
+        m_database->writeProfile(u"[Ins]\r\nInsDisp=OFF\r\n"_qs);
+        QCOMPARE(rows(sample(), DocumentKind::Invoice).text(0, u"Ins1"_qs), QString());
+        QCOMPARE(rows(sample(), DocumentKind::Estimate).text(0, u"Ins1"_qs), u"社会保険"_qs);
+    }
+
+    // What the screen asks for when no claim was entered.
+    void aTemporaryClaimPrintsTheEstimateTotal() {
+        Order order = sample();
+        order.claims.first().InsNo.clear();
+        order.claims.first().AskPrice = order.estimate.EstSum;
+        for (int kind = 1; kind <= 4; ++kind)
+            QCOMPARE(rows(order, static_cast<DocumentKind>(kind)).text(0, u"PrtPrice"_qs), u"1000"_qs);
+    }
+
+    void aLawThatIsMissingEndsUnderTheOperationsName() {
+        Order order = sample();
+        order.claims.first().InsNo = u"77"_qs;
+        try {
+            rows(order);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QCOMPARE(error.number(), qint64(0x80040201));
+            QCOMPARE(error.source(), u"GetCsEstA4Data"_qs);
+            QVERIFY(error.description().contains(u"77"));
+        }
+    }
+
+    void anAmountBeyondTheRangeEndsUnderTheOperationsName() {
+        Order order = sample();
+        order.estimate.Discount1 = u"95"_qs;
+        order.makes.first().Price = u"99999999999"_qs;
+        try {
+            rows(order);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QCOMPARE(error.number(), qint64(0x80040201));
+            QCOMPARE(error.source(), u"GetCsEstA4Data"_qs);
+        }
+    }
+
+    void setting39Of2LeavesOutTheCopy() {
+        const Order order = sample();
+        QCOMPARE(rows(order, DocumentKind::Invoice, documentCopies(DocumentKind::Invoice, 2)).rowCount(), 1);
+        QCOMPARE(rows(order, DocumentKind::Invoice, documentCopies(DocumentKind::Invoice, 1)).rowCount(), 2);
+    }
+
+    void theReportStartReadsOfficeAndSettings() {
+        m_database->connection().execute(
+            u"UPDATE [企業情報] SET [企業名] = 'はるかぜ', [振込先1] = 'みなと銀行／普通 1', [当座名] = 'ハルカゼ' WHERE [番号] = 1"_qs);
+        set(13, u"18"_qs);
+        set(42, u"1"_qs);
+        m_database->writeProfile(u"[Ins]\r\nInsDisp=off\r\n"_qs);
+        const DocumentSetup setup = readDocumentSetup();
+        QCOMPARE(setup.office.value(u"lblOffice"_qs), u"はるかぜ"_qs);
+        QCOMPARE(setup.office.value(u"lblChkAcnt"_qs), u"ハルカゼ"_qs);
+        QCOMPARE(setup.office.value(u"Bank1"_qs), u"みなと銀行"_qs);
+        QCOMPARE(setup.office.value(u"Account1"_qs), u"普通 1"_qs);
+        QCOMPARE(setup.linesPerPage, 18);
+        QCOMPARE(setup.accountKind, u"1"_qs);
+        QVERIFY(!setup.insurersInHeader);
+    }
+};
+
+HALVANE_TEST(clsReportManagerTest)
+#include "clsReportManagerTest.moc"

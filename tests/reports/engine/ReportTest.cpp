@@ -1,0 +1,63 @@
+#include "HalvaneTest.h"
+
+#include "base/AppError.h"
+#include "reports/CsEstimateFields.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportRecorder.h"
+#include "support/ReportSamples.h"
+#include "support/TestDatabase.h"
+
+class ReportTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_database;
+
+private slots:
+    void init() {
+        m_database = std::make_unique<TestDatabase>();
+        m_database->writeProfile();
+        m_database->prepareManagers();
+    }
+    void cleanup() { m_database.reset(); }
+
+    void documentsOfOneCommandFollowEachOther() {
+        ReportRecorder recorder;
+        Report estimate(u"repCsEstimateA4"_qs);
+        estimate.Recordset(ReportSamples::ordinary());
+        estimate.PrintReport(false);
+        Report item(u"repCsEstItemB5"_qs);
+        item.Recordset(ReportSamples::ordinary());
+        item.PrtType(1);
+        item.Show(1);
+        QCOMPARE(recorder.documents(), (QStringList{u"repCsEstimateA4"_qs, u"repCsEstItemB5"_qs}));
+        QVERIFY(recorder.pages().at(0).plainText().contains(u"見　積　書"));
+        QVERIFY(recorder.pages().at(1).plainText().contains(u"内　訳　書"));
+    }
+
+    void aReportWithoutARecordSetEndsWithoutAPage() {
+        ReportRecorder recorder;
+        Report(u"repCsEstimateA4"_qs).PrintReport(false);
+        Report empty(u"repCsEstPayA4"_qs);
+        empty.Recordset(csEstimateRecordset());
+        empty.Show(1);
+        QVERIFY(recorder.documents().isEmpty());
+    }
+
+    void theSectionOfTheReportSetsItsMarginsAndCopies() {
+        m_database->writeProfile(u"[repCsEstimateA4]\r\nCopies=2\r\nPageLeftMargin=0\r\nPageTopMargin=1000\r\n"_qs);
+        ReportRecorder recorder;
+        Report report(u"repCsEstimateA4"_qs);
+        report.Recordset(ReportSamples::ordinary());
+        report.PrintReport(false);
+        const ReportJob& job = recorder.jobs().first();
+        QCOMPARE(job.settings.copies, 2);
+        for (const ReportPageText& text : job.pages.first().texts)
+            if (text.control == u"txtClaimNm") QCOMPARE(text.room.x, 100);
+        for (const ReportPageText& text : job.pages.first().texts) QVERIFY(text.room.y >= 1000);
+    }
+
+    void anUnknownClassIsAnError() { QVERIFY_EXCEPTION_THROWN(Report(u"repNothing"_qs), AppError); }
+};
+
+HALVANE_TEST(ReportTest)
+#include "ReportTest.moc"
