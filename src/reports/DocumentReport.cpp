@@ -5,7 +5,6 @@
 #include "base/clsProfile.h"
 #include "db/clsOfficeManager.h"
 #include "db/clsSysSettingManager.h"
-#include "reports/ReportClasses.h"
 
 #include <QRegularExpression>
 
@@ -68,11 +67,10 @@ QString documentGroupKey(int askNo, int copy, const QString& estNo) {
     return u"%1%2%3"_qs.arg(askNo, 3, 10, QChar(u'0')).arg(copy == copyMarked ? u"控"_qs : u"見"_qs, estNo);
 }
 
-QList<ReportPage> documentPages(const QString& reportClassName, const ReportLayout& layout,
-                                const ReportRecordset& records, int prtType, const DocumentSetup& setup,
-                                const ReportMeasure& measure) {
+QList<ReportPage> documentPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
+                                int prtType, const DocumentSetup& setup, const ReportMeasure& measure) {
     const QStringList groups = groupKeys(records);
-    const int lines = linesOnPage(reportClass(reportClassName), setup.linesPerPage);
+    const int lines = linesOnPage(report, setup.linesPerPage);
     ReportContent content{records, groups, paddedRows(groups, lines), setup.office, lines};
     content.parameters.insert(u"AccountKind"_qs, setup.accountKind);
     content.parameters.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());

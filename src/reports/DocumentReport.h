@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/ReportClasses.h"
 #include "reports/ReportComposer.h"
 
 // The row loop that the five ordinary documents share: what the report start read, and how the record set becomes
@@ -20,5 +21,5 @@ QString documentGroupKey(int askNo, int copy, const QString& estNo);
 
 // The pages of one report class. `prtType` 1 titles an item sheet 内訳書, any other 明細書. Lines per page below 1
 // raise an error; an empty record set has no pages.
-QList<ReportPage> documentPages(const QString& reportClass, const ReportLayout& layout, const ReportRecordset& records,
+QList<ReportPage> documentPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
                                 int prtType, const DocumentSetup& setup, const ReportMeasure& measure);

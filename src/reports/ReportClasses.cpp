@@ -26,7 +26,9 @@ DocumentChoice accidentChoice(DocumentKind kind, const DocumentChoiceSettings& s
         return {Outcome::AccidentSheets, classes};
     }
     case DocumentKind::Detail:
-        return {Outcome::SkipAccident, {}};
+        return {Outcome::SkipAccident,
+                {},
+                u"保険種類が労災となっています。明細書を出力するには内訳書を選択してください。"_qs};
     case DocumentKind::Invoice:
         return {Outcome::AccidentSheets,
                 {settings.accidentInvoice ? u"repCsEstWorkAskA4"_qs : u"repCsEstWorkAsk2A4"_qs}};
@@ -64,7 +66,7 @@ DocumentChoice ordinaryChoice(DocumentKind kind, const DocumentChoiceSettings& s
     const auto small = [&](int number) { return settings.value(number) == paperB5; };
     const auto itemSheet = [&](int number, int prtType) {
         const QString name = standardOrVariant(small(number), false, u"repCsEstItem"_qs);
-        return DocumentChoice{DocumentChoice::Outcome::Print, {name}, prtType};
+        return DocumentChoice{DocumentChoice::Outcome::Print, {name}, {}, prtType};
     };
     switch (kind) {
     case DocumentKind::Estimate:
@@ -85,12 +87,19 @@ DocumentChoice ordinaryChoice(DocumentKind kind, const DocumentChoiceSettings& s
 } // namespace
 
 const QList<ReportClass>& reportClasses() {
+    const QString estimate = u"見積書"_qs, invoice = u"請求書"_qs, receipt = u"領収書"_qs, item;
     static const QList<ReportClass> classes{
-        {u"repCsEstimateA4"_qs}, {u"repCsEstimate2A4"_qs},    {u"repCsEstimateB5"_qs},  {u"repCsEstItemA4"_qs},
-        {u"repCsEstItemB5"_qs},  {u"repCsEstAskA4OnM"_qs, 3}, {u"repCsEstAskA4NoM"_qs}, {u"repCsEstAskA4NoM2"_qs},
-        {u"repCsEstAskB5"_qs},   {u"repCsEstPayA4"_qs},       {u"repCsEstPay2A4"_qs},   {u"repCsEstPayB5"_qs},
+        {u"repCsEstimateA4"_qs, estimate}, {u"repCsEstimate2A4"_qs, estimate}, {u"repCsEstimateB5"_qs, estimate},
+        {u"repCsEstItemA4"_qs, item},      {u"repCsEstItemB5"_qs, item},       {u"repCsEstAskA4OnM"_qs, invoice, 3},
+        {u"repCsEstAskA4NoM"_qs, invoice}, {u"repCsEstAskA4NoM2"_qs, invoice}, {u"repCsEstAskB5"_qs, invoice},
+        {u"repCsEstPayA4"_qs, receipt},    {u"repCsEstPay2A4"_qs, receipt},    {u"repCsEstPayB5"_qs, receipt},
     };
     return classes;
+}
+
+QString documentTitle(const ReportClass& report, int prtType) {
+    if (!report.title.isEmpty()) return report.title;
+    return prtType == 1 ? u"内訳書"_qs : u"明細書"_qs;
 }
 
 const ReportClass& reportClass(const QString& name) {

@@ -13,8 +13,12 @@ enum class DocumentKind { Estimate = 1, Breakdown = 2, Detail = 3, Invoice = 4, 
 
 struct ReportClass {
     QString name;       // also that of its layout and of its INI section
+    QString title;      // what the operator calls the document; empty: PrtType decides
     int fewerLines = 0; // rows that a taller header takes from each page
 };
+
+// The document's name in windows, files and the printer's queue.
+QString documentTitle(const ReportClass& report, int prtType);
 
 // Raises an error for a class that the system does not have.
 const ReportClass& reportClass(const QString& name);
@@ -43,8 +47,9 @@ struct DocumentChoice {
         SkipAccident    // accident rows have no detail sheet: they are left out, and the operator is told
     };
     Outcome outcome = Outcome::Print;
-    QStringList classes;
-    int prtType = 0; // of the sheets that serve two documents: 1 内訳書, 2 明細書; else 0
+    QStringList classes{};
+    QString message{}; // what the operator is told when rows are left out
+    int prtType = 0;   // of the sheets that serve two documents: 1 内訳書, 2 明細書; else 0
     bool operator==(const DocumentChoice&) const = default;
 };
 

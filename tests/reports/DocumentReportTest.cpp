@@ -12,7 +12,7 @@ double narrow(const QString& text, const ReportFont& font) { return double(text.
 
 QList<ReportPage> pages(const QString& report, const ReportRecordset& records, const DocumentSetup& setup,
                         int prtType = 0) {
-    return documentPages(report, loadReportLayout(report), records, prtType, setup, narrow);
+    return documentPages(reportClass(report), loadReportLayout(report), records, prtType, setup, narrow);
 }
 
 QStringList textsOf(const ReportPage& page, const QString& control) {

@@ -69,7 +69,7 @@ private slots:
         QFETCH(int, prtType);
         const DocumentChoice choice =
             chooseDocument(static_cast<DocumentKind>(kind), false, settings, receivedMark, anySum);
-        QCOMPARE(choice, (DocumentChoice{Outcome::Print, {report}, prtType}));
+        QCOMPARE(choice, (DocumentChoice{Outcome::Print, {report}, {}, prtType}));
         QCOMPARE(reportClass(report).name, report);
     }
 
@@ -103,6 +103,7 @@ private slots:
         const DocumentChoice choice = chooseDocument(static_cast<DocumentKind>(kind), true, settings, false, anySum);
         QCOMPARE(int(choice.outcome), outcome);
         QCOMPARE(choice.classes, classes);
+        QCOMPARE(!choice.message.isEmpty(), choice.outcome == Outcome::SkipAccident);
     }
 
     void anEstimateOfExactly500000NeedsNoContractReceipt() {
@@ -133,6 +134,12 @@ private slots:
         QCOMPARE(documentCopies(DocumentKind::Invoice, 2), 1);
         QCOMPARE(documentCopies(DocumentKind::Invoice, 1), 2);
         QCOMPARE(documentCopies(DocumentKind::Receipt, 0), 2);
+    }
+
+    void everyDocumentHasItsTitle() {
+        QCOMPARE(documentTitle(reportClass(u"repCsEstimate2A4"_qs), 0), u"見積書"_qs);
+        QCOMPARE(documentTitle(reportClass(u"repCsEstItemA4"_qs), 1), u"内訳書"_qs);
+        QCOMPARE(documentTitle(reportClass(u"repCsEstItemB5"_qs), 2), u"明細書"_qs);
     }
 
     void aClassThatTheSystemLacksIsAnError() { QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceipt"_qs), AppError); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/ReportClasses.h"
 #include "reports/ReportRecordset.h"
 #include "reports/engine/ReportOutput.h"
 
@@ -22,8 +23,9 @@ public:
 
 private:
     ReportJob job() const;
+    QString title() const;
 
-    QString m_class;
+    const ReportClass& m_class;
     std::optional<ReportRecordset> m_records;
     int m_prtType = 0;
 };

@@ -78,7 +78,7 @@ void printOnPaper(const ReportJob& job, bool withDialog) {
             u"PrintReport"_qs);
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
-    printer.setDocName(job.reportClass);
+    printer.setDocName(job.title);
     printer.setPageSize(paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight));
     applyPrintSettings(job.settings, printer);
     if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;

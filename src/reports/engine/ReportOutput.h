@@ -12,6 +12,7 @@ struct ReportJob {
     QString reportClass;
     QList<ReportPage> pages;
     ReportPrintSettings settings;
+    QString title; // for the printer's queue and as a file name
 };
 
 // Where documents go. The program fills both with the printer and the preview screen; tests and scenarios record.
@@ -26,5 +27,6 @@ ReportOutput& reportOutput();
 // or it refuses the work; a cancelled dialog prints nothing.
 void printOnPaper(const ReportJob& job, bool withDialog);
 
-// Puts the settings into force, in their order; what is empty stays as the printer has it.
+// Puts the settings into force, in their order; what is empty stays as the printer has it. A port has no meaning to Qt,
+// which finds the printer by its name; the margins are already in the pages.
 void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer);

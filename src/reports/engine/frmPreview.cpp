@@ -22,6 +22,7 @@ constexpr int pageWidth = static_cast<int>(zoomPercents.size());
 frmPreview::frmPreview(ReportJob job, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmPreview>()), m_job(std::move(job)) {
     ui->setupUi(this);
+    if (!m_job.title.isEmpty()) setWindowTitle(m_job.title + u" - "_qs + windowTitle());
     for (const int percent : zoomPercents) ui->cboZoom->addItem(u"%1 %"_qs.arg(percent));
     ui->cboZoom->addItems({u"ページ幅"_qs, u"ページ全体"_qs});
     ui->cboZoom->setCurrentIndex(wholePage);
@@ -91,10 +92,10 @@ void frmPreview::print() { reportOutput().print(m_job, true); }
 void frmPreview::savePdf() {
     FileDialogRequest request;
     request.caption = u"PDF に保存"_qs;
-    request.fileName = m_job.reportClass + u".pdf"_qs;
+    request.fileName = m_job.title + u".pdf"_qs;
     request.filters = {u"PDF ファイル (*.pdf)"_qs};
     const QString path = seams().saveFile(request);
-    if (!path.isEmpty()) ::savePdf(m_job.pages, m_job.reportClass, path);
+    if (!path.isEmpty()) ::savePdf(m_job.pages, m_job.title, path);
 }
 
 void frmPreview::resizeEvent(QResizeEvent* event) {

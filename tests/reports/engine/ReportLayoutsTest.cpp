@@ -11,7 +11,7 @@
 namespace {
 
 QList<ReportPage> longestPages(const QString& report, int prtType) {
-    return documentPages(report, loadReportLayout(report), ReportSamples::longest(), prtType,
+    return documentPages(reportClass(report), loadReportLayout(report), ReportSamples::longest(), prtType,
                          ReportSamples::longestSetup(), measurePaperText);
 }
 

@@ -90,8 +90,9 @@ private slots:
     void aWholeDocumentIsFoundPageByPage() {
         ReportRecordset records = ReportSamples::ordinary();
         ReportSamples::addDocument(records, 2);
-        const QList<ReportPage> pages = documentPages(u"repCsEstAskA4NoM"_qs, loadReportLayout(u"repCsEstAskA4NoM"_qs),
-                                                      records, 0, ReportSamples::ordinarySetup(), measurePaperText);
+        const QList<ReportPage> pages =
+            documentPages(reportClass(u"repCsEstAskA4NoM"_qs), loadReportLayout(u"repCsEstAskA4NoM"_qs), records, 0,
+                          ReportSamples::ordinarySetup(), measurePaperText);
         QCOMPARE(pages.size(), 2);
         const QByteArray pdf = pdfOfPages(pages, u"repCsEstAskA4NoM"_qs);
         for (const QString& page : {u"1"_qs, u"2"_qs}) {

@@ -51,6 +51,7 @@ private slots:
         report.PrintReport(false);
         const ReportJob& job = recorder.jobs().first();
         QCOMPARE(job.settings.copies, 2);
+        QCOMPARE(job.title, u"見積書 R06-000123"_qs);
         for (const ReportPageText& text : job.pages.first().texts)
             if (text.control == u"txtClaimNm") QCOMPARE(text.room.x, 100);
         for (const ReportPageText& text : job.pages.first().texts) QVERIFY(text.room.y >= 1000);

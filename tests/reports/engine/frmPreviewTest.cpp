@@ -14,7 +14,7 @@
 namespace {
 
 ReportJob jobOf(int pages) {
-    ReportJob job{u"repCsEstimateA4"_qs, {}, {}};
+    ReportJob job{u"repCsEstimateA4"_qs, {}, {}, u"見積書 R06-1"_qs};
     for (int page = 1; page <= pages; ++page) {
         ReportPage made;
         made.paperWidth = 11906;
@@ -111,7 +111,7 @@ private slots:
         frmPreview screen(jobOf(2));
         press(screen, u"cmdPdf"_qs);
         seams() = kept;
-        QCOMPARE(proposed, u"repCsEstimateA4.pdf"_qs);
+        QCOMPARE(proposed, u"見積書 R06-1.pdf"_qs);
         QVERIFY(QFileInfo(path).size() > 1000);
     }
 

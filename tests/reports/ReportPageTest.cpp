@@ -1,0 +1,37 @@
+#include "HalvaneTest.h"
+
+#include "reports/ReportPage.h"
+
+class ReportPageTest : public QObject {
+    Q_OBJECT
+
+    static ReportPageText at(const QString& control, const QString& text, int x, int baseline, const ReportRect& room) {
+        return {control, text, {}, x, baseline, 100, 1, room};
+    }
+
+private slots:
+    void plainTextReadsFromTopToBottomAndLeftToRight() {
+        ReportPage page;
+        page.texts = {at(u"c"_qs, u"下"_qs, 0, 900, {0, 800, 1, 1}), at(u"b"_qs, u"右"_qs, 500, 100, {500, 0, 1, 1}),
+                      at(u"a"_qs, u"左"_qs, 0, 100, {0, 0, 1, 1})};
+        QCOMPARE(page.plainText(), u"左\n右\n下"_qs);
+    }
+
+    void aTextBrokenInsideOfItsControlIsWholeAgain() {
+        const ReportRect room{0, 0, 400, 400};
+        ReportPage page;
+        page.texts = {at(u"name"_qs, u"短下肢"_qs, 0, 100, room), at(u"name"_qs, u"装具"_qs, 0, 300, room),
+                      at(u"other"_qs, u"隣"_qs, 500, 200, {500, 0, 400, 400})};
+        QCOMPARE(page.plainText(), u"短下肢装具\n隣"_qs);
+    }
+
+    void theSameControlOfTwoRowsStaysApart() {
+        ReportPage page;
+        page.texts = {at(u"price"_qs, u"1"_qs, 0, 100, {0, 0, 400, 200}),
+                      at(u"price"_qs, u"2"_qs, 0, 300, {0, 200, 400, 200})};
+        QCOMPARE(page.plainText(), u"1\n2"_qs);
+    }
+};
+
+HALVANE_TEST(ReportPageTest)
+#include "ReportPageTest.moc"
