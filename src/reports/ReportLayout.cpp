@@ -24,8 +24,8 @@ const QHash<QString, PaperSize>& paperSizes() {
     return sizes;
 }
 
-constexpr std::array<QStringView, 6> bandNames{u"pageHeader",  u"groupHeader", u"detail",
-                                               u"groupFooter", u"pageFooter",  u"reportFooter"};
+constexpr std::array<QStringView, 7> bandNames{u"pageHeader", u"groupHeader",  u"detail",        u"groupFooter",
+                                               u"pageFooter", u"reportFooter", u"groupContinued"};
 
 // --- JSON ---
 

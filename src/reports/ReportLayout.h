@@ -73,7 +73,8 @@ struct ReportBoxItem {
     QString showIf;
 };
 
-enum class ReportBandKind { PageHeader, GroupHeader, Detail, GroupFooter, PageFooter, ReportFooter };
+// GroupContinued closes the details of a page whose group goes on over the leaf, where there is room for it.
+enum class ReportBandKind { PageHeader, GroupHeader, Detail, GroupFooter, PageFooter, ReportFooter, GroupContinued };
 
 struct ReportBand {
     int height = 0;
@@ -91,7 +92,7 @@ struct ReportLayout {
     int paperWidth = 0, paperHeight = 0;
     ReportMargins margins;
     bool groupOnNewPage = false;
-    std::array<ReportBand, 6> bands;
+    std::array<ReportBand, 7> bands;
 
     const ReportBand& band(ReportBandKind kind) const { return bands.at(static_cast<size_t>(kind)); }
 };

@@ -45,7 +45,11 @@ public:
     void detail(const ReportRow& row) {
         const bool full = m_linesPerPage > 0 && m_details >= m_linesPerPage;
         const bool started = m_details > 0;
-        if (started && (full || !fits(height(ReportBandKind::Detail)))) openPage(row);
+        if (started && (full || !fits(height(ReportBandKind::Detail)))) {
+            const bool room = fits(height(ReportBandKind::GroupContinued));
+            if (room && height(ReportBandKind::GroupContinued) > 0) place(ReportBandKind::GroupContinued, row);
+            openPage(row);
+        }
         place(ReportBandKind::Detail, row);
         ++m_details;
     }

@@ -13,12 +13,12 @@ QString spelled(const QList<ReportRow>& rows) {
 }
 
 // A page as the letters of its bands: P H D F Q R for page header, group header, detail, group footer, page footer and
-// report footer, with its number within the document.
+// report footer, C for the close of a page that goes on, with its number within the document.
 QString spelled(const QList<PlannedPage>& pages) {
     QStringList words;
     for (const PlannedPage& page : pages) {
         QString word;
-        for (const PlacedBand& band : page.bands) word += u"PHDFQR"[static_cast<int>(band.kind)];
+        for (const PlacedBand& band : page.bands) word += u"PHDFQRC"[static_cast<int>(band.kind)];
         words.append(u"%1 %2/%3"_qs.arg(word).arg(page.number).arg(page.count));
     }
     return words.join(u", "_qs);
@@ -111,6 +111,15 @@ private slots:
         QList<int> tops;
         for (const PlacedBand& band : pages.first().bands) tops.append(band.top);
         QCOMPARE(tops, (QList<int>{940, 50, 50, 150, 350, 550}));
+    }
+
+    void aPageThatGoesOnIsClosedWhereThereIsRoom() {
+        ReportLayout paper = layout(100, true);
+        paper.bands.at(static_cast<size_t>(ReportBandKind::GroupContinued)).height = 50;
+        const QStringList groups(3, u"A"_qs);
+        QCOMPARE(spelled(planPages(paper, groups, plainRows(3), 2)), u"QPHDDC 1/2, QPHDF 2/2"_qs);
+        paper.bands.at(static_cast<size_t>(ReportBandKind::Detail)).height = 450;
+        QCOMPARE(spelled(planPages(paper, groups, plainRows(3), 2)), u"QPHDD 1/2, QPHDF 2/2"_qs);
     }
 
     void theReportFooterComesOnceAtTheEnd() {

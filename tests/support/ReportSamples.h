@@ -14,6 +14,7 @@ ReportRecordset longest();
 ReportRecordset rows(int rows);
 
 DocumentSetup ordinarySetup(int linesPerPage = 20);
-DocumentSetup longestSetup(int linesPerPage = 20);
+// Few lines, so that the longest document has a page that goes on and one that ends.
+DocumentSetup longestSetup(int linesPerPage = 3);
 
 } // namespace ReportSamples
