@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <memory>
 
 class QLockFile;
@@ -14,6 +16,9 @@ public:
     // False when another run holds the folder.
     bool take();
     void release();
+
+    // The file that marks the folder as in use.
+    static QString path();
 
 private:
     std::unique_ptr<QLockFile> m_file;

@@ -126,19 +126,11 @@ private slots:
     void tracesOfACrashedInstanceDoNotHinder() {
         TestDatabase database;
         database.writeProfile(logHere);
-        QString path;
-        {
-            InstanceLock living;
-            QVERIFY(living.take());
-            const auto locks = QDir::temp().entryInfoList({u"halvane-*.lock"_qs}, QDir::Files, QDir::Time);
-            QVERIFY(!locks.isEmpty());
-            path = locks.first().filePath();
-        }
         QProcess dead;
         dead.start(u"true"_qs, {});
         const qint64 pid = dead.processId();
         QVERIFY(dead.waitForFinished());
-        QFile trace(path);
+        QFile trace(InstanceLock::path());
         QVERIFY(trace.open(QIODevice::WriteOnly));
         trace.write(QByteArray::number(pid) + "\nhalvane\n" + QSysInfo::machineHostName().toLocal8Bit() + '\n');
         trace.close();

@@ -36,22 +36,6 @@ void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::id(*settings.pageSize)));
 }
 
-void paintJob(const ReportJob& job, QPrinter& printer) {
-    QPainter painter(&printer);
-    if (!painter.isActive()) throw AppError(u"プリンターに送れません。"_qs, u"PrintReport"_qs);
-    const double scale = printer.resolution() / twipsPerInch;
-    bool first = true;
-    for (const ReportPage& page : job.pages) {
-        if (!first && !printer.newPage())
-            throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
-        first = false;
-        painter.save();
-        painter.scale(scale, scale);
-        paintPage(painter, page);
-        painter.restore();
-    }
-}
-
 } // namespace
 
 ReportOutput& reportOutput() {
@@ -70,6 +54,23 @@ void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) 
     if (settings.copies) printer.setCopyCount(*settings.copies);
 }
 
+void printPages(const QList<ReportPage>& pages, QPrinter& printer) {
+    printer.setFullPage(true);
+    QPainter painter(&printer);
+    if (!painter.isActive()) throw AppError(u"プリンターに送れません。"_qs, u"PrintReport"_qs);
+    const double scale = printer.resolution() / twipsPerInch;
+    bool first = true;
+    for (const ReportPage& page : pages) {
+        if (!first && !printer.newPage())
+            throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
+        first = false;
+        painter.save();
+        painter.scale(scale, scale);
+        paintPage(painter, page);
+        painter.restore();
+    }
+}
+
 void printOnPaper(const ReportJob& job, bool withDialog) {
     if (job.pages.isEmpty()) return;
     if (QPrinterInfo::availablePrinterNames().isEmpty())
@@ -77,10 +78,9 @@ void printOnPaper(const ReportJob& job, bool withDialog) {
             u"プリンターが見つかりません。プリンターを設定するか、プレビューから PDF に保存してください。"_qs,
             u"PrintReport"_qs);
     QPrinter printer(QPrinter::HighResolution);
-    printer.setFullPage(true);
     printer.setDocName(job.title);
     printer.setPageSize(paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight));
     applyPrintSettings(job.settings, printer);
     if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
-    paintJob(job, printer);
+    printPages(job.pages, printer);
 }

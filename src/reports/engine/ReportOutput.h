@@ -27,6 +27,9 @@ ReportOutput& reportOutput();
 // or it refuses the work; a cancelled dialog prints nothing.
 void printOnPaper(const ReportJob& job, bool withDialog);
 
+// Paints the pages from the corner of the paper. Raises an error when the printer refuses.
+void printPages(const QList<ReportPage>& pages, QPrinter& printer);
+
 // Puts the settings into force, in their order; what is empty stays as the printer has it. A port has no meaning to Qt,
 // which finds the printer by its name; the margins are already in the pages.
 void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer);

@@ -26,8 +26,8 @@ public:
         setObjectName(u"frmPlayed"_qs);
         setWindowTitle(u"試験"_qs);
         auto* box = new QFormLayout(this);
-        const auto add = [&](QWidget& widget, const QString& name) {
-            widget.setObjectName(name);
+        const auto add = [&](QWidget& widget, const QString& objectName) {
+            widget.setObjectName(objectName);
             box->addRow(&widget);
         };
         add(name, u"txtName"_qs);

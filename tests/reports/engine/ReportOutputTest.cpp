@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QPrinter>
+#include <QProcess>
 #include <QTemporaryDir>
 
 namespace {
@@ -57,6 +58,22 @@ private slots:
         applyPrintSettings({}, printer);
         QCOMPARE(printer.pageLayout().pageSize().id(), QPageSize::A5);
         QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Portrait);
+    }
+
+    void pagesStandOnPaperWhereTheirTwipsSay() {
+        QTemporaryDir folder;
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath(u"paper.pdf"_qs));
+        printer.setPageSize(QPageSize(QSizeF(72, 144), QPageSize::Point));
+        printPages({pageOf(u"A"_qs), pageOf(u"B"_qs)}, printer);
+        QProcess reader;
+        reader.start(u"pdftotext"_qs, {u"-bbox"_qs, printer.outputFileName(), u"-"_qs});
+        QVERIFY(reader.waitForFinished());
+        const QString boxes = QString::fromUtf8(reader.readAllStandardOutput());
+        QCOMPARE(boxes.count(u"<page width=\"72"_qs), 2);
+        QCOMPARE(boxes.count(u"<word xMin=\"10.0"_qs), 2); // 200 twips
+        QVERIFY(boxes.contains(u">B</word>"));
     }
 
     void theRecorderKeepsDocumentsInOrder() {
