@@ -56,6 +56,8 @@ private slots:
         QVERIFY(Main());
         QCOMPARE(gSysDate, QDate(2005, 4, 1));
         QCOMPARE(gSysYear, u"2005"_qs);
+        QVERIFY(!gAutoIdsManager.GetNewId(u"顧客番号"_qs).isEmpty());
+        QCOMPARE(database.connection().scalar(u"SELECT [年度] FROM [採番] WHERE [項目名] = '顧客番号'"_qs), u"2005"_qs);
         // log files keep the real date
         QVERIFY(gLogger->FileNm().endsWith(QDate::currentDate().toString(u"'Log'yyyyMMdd'.txt'"_qs)));
         menu()->close();
