@@ -2,10 +2,12 @@
 #include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Text.h"
+#include "base/basMessage.h"
 #include "base/clsProfile.h"
 #include "db/TableReference.h"
 #include "operations/DatabaseCopy.h"
 #include "operations/DatabaseCreation.h"
+#include "reports/engine/ReportFonts.h"
 #include "ui/DialogSeams.h"
 #include "ui/Style.h"
 
@@ -93,6 +95,7 @@ int runScreens(int argc, char** argv) {
     Text::assertConverters();
     Style::apply(application);
     fillSeamsWithDialogs();
+    if (!guarded([] { assertPaperFonts(); })) return EXIT_FAILURE;
     return Main() ? QApplication::exec() : EXIT_FAILURE;
 }
 

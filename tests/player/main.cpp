@@ -1,6 +1,7 @@
 #include "Player.h"
 #include "StepTable.h"
 #include "base/AppError.h"
+#include "reports/engine/ReportRecorder.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -48,6 +49,30 @@ int usage(const QString& complaint) {
     return usageError;
 }
 
+// What the screens print stays in the recorder, and previews do not open: a scenario reads the pages instead.
+PaperSource papersOf(ReportRecorder& recorder) {
+    PaperSource source;
+    source.documents = [&recorder] {
+        QList<PrintedDocument> documents;
+        for (const ReportJob& job : recorder.jobs()) {
+            PrintedDocument document{job.reportClass, {}};
+            for (const ReportPage& page : job.pages) document.pages << page.plainText();
+            documents << document;
+        }
+        return documents;
+    };
+    source.forget = [&recorder] { recorder.clear(); };
+    source.savePdf = [&recorder](const QString& file) {
+        try {
+            recorder.saveAsPdf(file);
+            return true;
+        } catch (const AppError&) {
+            return false;
+        }
+    };
+    return source;
+}
+
 // Reading alone needs no display.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
     for (int i = 1; i < argc; ++i)
@@ -84,11 +109,13 @@ int main(int argc, char** argv) {
         return noServer;
     }
 
+    std::optional<ReportRecorder> recorder;
+    if (!line.isSet(checkOnly)) recorder.emplace();
     bool allHold = true;
     for (const QString& file : line.positionalArguments()) {
         const Scenario scenario = readScenario(file);
         const bool holds =
-            line.isSet(checkOnly) ? check(scenario) : playFile(scenario, {*chosen, line.value(out), PaperSource()});
+            line.isSet(checkOnly) ? check(scenario) : playFile(scenario, {*chosen, line.value(out), papersOf(*recorder)});
         allHold = allHold && holds;
     }
     return allHold ? EXIT_SUCCESS : EXIT_FAILURE;
