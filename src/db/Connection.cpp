@@ -7,10 +7,14 @@
 #include "db/RecordsetStream.h"
 #include "db/SelectInto.h"
 
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QThread>
 #include <QUuid>
 
 #include <exception>
@@ -18,6 +22,10 @@
 namespace {
 
 constexpr int rowsPerBatch = 500;
+constexpr int shortestPause = 2; // milliseconds
+constexpr int longestPause = 10;
+
+void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shortestPause, longestPause)); }
 
 [[noreturn]] void raise(Engine::Fault fault, const QSqlError& error) {
     const QString words = error.databaseText().trimmed();
@@ -51,6 +59,9 @@ struct Connection::Private {
     std::weak_ptr<Recordset::Stream> stream;
     bool open = false;
     bool lost = false;
+    QElapsedTimer sinceRelease; // of the write lock
+
+    bool letGoJustNow() const { return sinceRelease.isValid() && sinceRelease.elapsed() < longestPause; }
 
     QSqlDatabase database() const { return QSqlDatabase::database(name, false); }
     QString savepoint(int depth) const { return u"level%1"_qs.arg(depth); }
@@ -136,7 +147,12 @@ qint64 Connection::execute(const QString& statement) {
     qint64 rows = 0;
     if (copyInto(statement, rows)) return rows;
     const QString engineStatement = m_private->engine->dialect().translate(statement);
-    return engineStatement.isEmpty() ? 0 : run(engineStatement);
+    if (engineStatement.isEmpty()) return 0;
+    if (m_depth > 0 || m_private->engine->queuesForLocks()) return run(engineStatement);
+    Transaction transaction(*this); // which waits for its turn
+    rows = run(engineStatement);
+    transaction.commit();
+    return rows;
 }
 
 Recordset Connection::query(const QString& statement) {
@@ -191,15 +207,36 @@ bool Connection::copyInto(const QString& statement, qint64& rows) {
 
 void Connection::begin() {
     ensureUsable();
-    run(m_depth == 0 ? m_private->engine->beginTransaction() : u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
+    if (m_depth > 0) run(u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
+    else if (m_private->engine->queuesForLocks()) run(m_private->engine->beginTransaction());
+    else beginInTurn();
     ++m_depth;
+}
+
+// Who waits for a file's write lock can only try again and again. The engine's own way, up to ten times a second, leaves
+// the lock to whoever lets go of it and takes it again at once. So who has just let go pauses before the next try, and
+// the pauses are short and random, so that all who wait have the same chance.
+void Connection::beginInTurn() {
+    if (m_private->letGoJustNow()) pauseForOthers();
+    const QDeadlineTimer deadline(m_settings.timeout * 1000);
+    run(m_private->engine->waitForLocks(0));
+    QSqlQuery query(m_private->database());
+    const auto begun = [&] { return query.exec(m_private->engine->beginTransaction()); };
+    const auto busy = [&] { return m_private->engine->fault(query.lastError()) == Engine::Fault::Busy; };
+    bool taken = begun();
+    while (!taken && busy() && !deadline.hasExpired()) {
+        pauseForOthers();
+        taken = begun();
+    }
+    run(m_private->engine->waitForLocks(m_settings.timeout * 1000));
+    if (!taken) raise(m_private->engine->fault(query.lastError()), query.lastError());
 }
 
 void Connection::commit() {
     if (m_depth == 0) throw AppError(u"トランザクションが開始されていません。"_qs, u"Connection"_qs);
     ensureUsable();
     run(m_depth == 1 ? u"COMMIT"_qs : u"RELEASE SAVEPOINT "_qs + m_private->savepoint(m_depth - 1));
-    --m_depth;
+    if (--m_depth == 0) m_private->sinceRelease.start();
 }
 
 void Connection::rollback() {
@@ -208,6 +245,7 @@ void Connection::rollback() {
     if (m_private->lost) return; // the server has rolled back already
     if (m_depth == 0) {
         run(u"ROLLBACK"_qs);
+        m_private->sinceRelease.start();
         return;
     }
     const QString savepoint = m_private->savepoint(m_depth);

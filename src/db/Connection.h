@@ -74,6 +74,7 @@ private:
     qint64 run(const QString& engineStatement);
     bool copyInto(const QString& statement, qint64& rows);
     void finishStream();
+    void beginInTurn();
 
     ConnectionSettings m_settings;
     std::unique_ptr<Private> m_private;

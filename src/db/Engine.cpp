@@ -27,6 +27,8 @@ public:
     }
 
     QString beginTransaction() const override { return u"BEGIN IMMEDIATE"_qs; }
+    bool queuesForLocks() const override { return false; }
+    QString waitForLocks(int milliseconds) const override { return u"PRAGMA busy_timeout = %1"_qs.arg(milliseconds); }
     QString lockTable(const QString&) const override { return {}; }
 
     QString columnType(const Schema::Column& column) const override {

@@ -25,6 +25,9 @@ public:
     // Raises an error when the database is not one that the system can work with.
     virtual void check(QSqlDatabase&) const {}
     virtual QString beginTransaction() const = 0;
+    // Whether who waits for a lock gets it in turn; if not, the statement that sets how long one waits.
+    virtual bool queuesForLocks() const { return true; }
+    virtual QString waitForLocks(int) const { return {}; }
     // Empty when the transaction itself holds the lock.
     virtual QString lockTable(const QString& table) const = 0;
     virtual QString columnType(const Schema::Column& column) const = 0;

@@ -82,7 +82,6 @@ QString sheet() {
         QTabBar::tab { background: %6; border: 1px solid %2; padding: 5px 14px; margin-right: 2px;
             border-top-left-radius: 4px; border-top-right-radius: 4px; }
         QTabBar::tab:selected { background: #FFFFFF; color: %3; border-bottom-color: #FFFFFF; }
-        QTabBar:focus { text-decoration: underline; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),
              Style::focusField.name(), Style::heading.name(), Style::ink.name());

@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr int longestStep = 10'000; // milliseconds
 constexpr int turnsOfRest = 2;
 
 // A file's text, whichever of the two codings it is in.
@@ -56,6 +55,7 @@ bool Player::play() {
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
     m_baseLoopLevel = QThread::currentThread()->loopLevel() + 1;
+    m_stepTime.start();
     schedule();
     m_loop.exec();
     QApplication::setQuitOnLastWindowClosed(quits);
@@ -78,8 +78,8 @@ void Player::tick() {
     m_watchdog.beat(m_scenario.file + u':' + QString::number(currentLine()));
     const bool leaving = QThread::currentThread()->loopLevel() > m_baseLoopLevel + Desk::modalScreens();
     if (m_busy || leaving) return schedule(1);
-    if (!m_failed && m_stepTime.isValid() && m_stepTime.elapsed() > longestStep)
-        fail({u"the step took longer than 10 seconds"_qs, u"the screens at rest"_qs});
+    if (!m_failed && m_stepTime.elapsed() > m_options.longestStep)
+        fail({u"no rest after %1 seconds"_qs.arg(m_options.longestStep / 1000.0), u"the screens at rest"_qs});
     if (!m_failed && !Desk::isAtRest()) return schedule(1);
     if (m_restingTurns++ < turnsOfRest) return schedule(); // what the last step set going had its turn
     m_restingTurns = 0;

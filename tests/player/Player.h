@@ -18,6 +18,7 @@ struct PlayOptions {
     Provider provider = Provider::SQLite;
     QString outFolder; // empty: pictures and PDFs go with the office
     PaperSource papers;
+    int longestStep = 10'000; // milliseconds
 };
 
 // Plays one scenario against the real screens. A step runs from the event loop whenever that is at rest, in whatever

@@ -220,6 +220,20 @@ private slots:
         QVERIFY2(clock.elapsed() < 3000, qPrintable(QString::number(clock.elapsed())));
     }
 
+    void stepThatFindsNoRestFailsWithItsScreen() {
+        PlayOptions options;
+        options.longestStep = 200;
+        Player player(parseScenario(u"test.scn"_qs, u"key txtName Home\nexpect text txtName \"\""_qs), options);
+        QTimer::singleShot(0, &player, [] {
+            openScreen<frmPlayed>(
+                nullptr, [](frmPlayed& screen) { screen.tell.setDown(true); }, [](frmPlayed&) {});
+        });
+        // the first step finds its screen; what holds the button down never lets go
+        QVERIFY(!player.play());
+        QVERIFY2(player.report().contains(u"no rest after 0.2 seconds"_qs), qPrintable(player.report()));
+        QVERIFY(player.report().contains(u"frmPlayed"_qs));
+    }
+
     void databaseAndFilesAreReached() {
         holds(u"sql UPDATE [システム設定] SET [設定値] = '2031' WHERE [No] = 20\n"
               "expect sql \"SELECT [設定値] FROM [システム設定] WHERE [No] = 20\" 2031\n"
