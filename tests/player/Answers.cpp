@@ -35,12 +35,6 @@ qint16 yieldingAnswer(MessageButtons buttons) {
     return buttons == MessageButtons::RetryCancel ? AnswerCancel : AnswerNo;
 }
 
-void expectOldest(QStringList& said, const QString& text, const QString& what) {
-    if (said.isEmpty()) throw StepFailure{u"no %1"_qs.arg(what), text};
-    if (!said.first().contains(text)) throw StepFailure{said.first(), text};
-    said.removeFirst();
-}
-
 } // namespace
 
 void Answers::install() {
@@ -58,18 +52,33 @@ void Answers::prepare(const QStringList& words) {
 
 void Answers::prepareFile(const QString& path) { m_files << path; }
 
-void Answers::expectMessage(const QString& text) { expectOldest(m_messages, text, u"message"_qs); }
+void Answers::expectMessage(const QString& text) {
+    for (qsizetype i = 0; i < m_boxes.size(); ++i) {
+        const Box& box = m_boxes.at(i);
+        if (box.text.contains(text)) return m_boxes.remove(0, i + 1);
+        if (!box.isQuestion) throw StepFailure{box.text, text};
+    }
+    throw StepFailure{u"no message"_qs, text};
+}
 
-void Answers::expectQuestion(const QString& text) { expectOldest(m_questions, text, u"question"_qs); }
+void Answers::expectQuestion(const QString& text) {
+    for (qsizetype i = 0; i < m_boxes.size(); ++i) {
+        if (!m_boxes.at(i).isQuestion) continue;
+        if (!m_boxes.at(i).text.contains(text)) throw StepFailure{m_boxes.at(i).text, text};
+        return m_boxes.removeAt(i);
+    }
+    throw StepFailure{u"no question"_qs, text};
+}
 
 void Answers::expectNoMessage() const {
-    if (!m_messages.isEmpty()) throw StepFailure{m_messages.first(), u"no message"_qs};
+    for (const Box& box : m_boxes)
+        if (!box.isQuestion) throw StepFailure{box.text, u"no message"_qs};
 }
 
 qint16 Answers::answer(const MessageBoxRequest& request) {
     m_said << request.text;
     if (request.buttons == MessageButtons::Ok) {
-        m_messages << request.text;
+        m_boxes << Box{request.text, false};
         return AnswerNone;
     }
     if (m_givesWay || !m_trouble.isEmpty()) return yieldingAnswer(request.buttons);
@@ -77,7 +86,7 @@ qint16 Answers::answer(const MessageBoxRequest& request) {
 }
 
 qint16 Answers::preparedAnswer(const MessageBoxRequest& request) {
-    m_questions << request.text;
+    m_boxes << Box{request.text, true};
     if (m_words.isEmpty()) {
         m_trouble = u"the question \"%1\", with no answer prepared"_qs.arg(request.text);
         return yieldingAnswer(request.buttons);

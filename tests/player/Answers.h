@@ -16,7 +16,9 @@ public:
     void prepare(const QStringList& words);
     void prepareFile(const QString& path);
 
+    // The oldest box not yet expected; questions before it, which were answered, may stay unexpected.
     void expectMessage(const QString& text);
+    // The oldest answered question not yet expected.
     void expectQuestion(const QString& text);
     void expectNoMessage() const;
 
@@ -35,8 +37,11 @@ private:
     QString m_folder;
     QStringList m_words;
     QStringList m_files;
-    QStringList m_messages;  // not yet expected
-    QStringList m_questions; // answered and not yet expected
+    struct Box {
+        QString text;
+        bool isQuestion = false;
+    };
+    QList<Box> m_boxes; // not yet expected
     QStringList m_said;
     QString m_trouble;
     bool m_givesWay = false;
