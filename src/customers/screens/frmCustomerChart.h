@@ -1,0 +1,46 @@
+#pragma once
+
+#include "customers/clsChartManager.h"
+#include "reference/ReferenceRecords.h"
+#include "ui/Screen.h"
+
+namespace Ui {
+class frmCustomerChart;
+}
+
+// Edits one chart for its caller, who stores it: nothing is written here. `Chart` goes in and comes back; `Order` and
+// `Doctor` are its ordering party and doctor as entered, without a number when they are not registered. `Updated` tells
+// that the chart was taken over, or in mode 2 that it is to be deleted.
+class frmCustomerChart : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmCustomerChart(QWidget* parent = nullptr);
+    ~frmCustomerChart() override;
+
+    qint16 EditMode = 0; // 0 add, 1 edit, 2 delete
+    clsChart Chart;
+    clsOrder Order;
+    clsDoctor Doctor;
+    bool Updated = false;
+
+protected:
+    void load() override;
+    bool queryUnload() override;
+
+private:
+    void showMode();
+    void showChart();
+    void fillDoctors();
+    void takeOrderOfCode();
+    void selectOrder();
+    bool isCodeOfAnother();
+    clsOrder enteredOrder();
+    clsDoctor enteredDoctor(const QString& orderNo);
+    bool takeOver();
+    void cancel();
+    void remove();
+
+    std::unique_ptr<Ui::frmCustomerChart> ui;
+    bool m_showing = false; // the program fills the fields
+};
