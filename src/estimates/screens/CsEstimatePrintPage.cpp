@@ -4,11 +4,7 @@
 #include "base/basMessage.h"
 #include "estimates/EstimateAmounts.h"
 #include "estimates/screens/FormPieces.h"
-#if __has_include("price/screens/frmCalcPrice.h")
 #include "price/screens/frmCalcPrice.h"
-#define HAS_CALC
-#endif
-#include "ui/Screen.h"
 #include "ui/Grid.h"
 #include "ui_CsEstimatePrintPage.h"
 
@@ -154,7 +150,6 @@ bool CsEstimatePrintPage::hasReceivedMark() const { return ui->optRcvMark_1->isC
 // A percentage of what is not claimed yet.
 void CsEstimatePrintPage::calcPrice(int row) {
     const QPoint place = m_rows.at(row).calcPrice->mapToGlobal(QPoint(0, m_rows.at(row).calcPrice->height()));
-#ifdef HAS_CALC
     openScreen<frmCalcPrice>(
         this,
         [&](frmCalcPrice& screen) {
@@ -165,5 +160,4 @@ void CsEstimatePrintPage::calcPrice(int row) {
         [&](frmCalcPrice& screen) {
             if (screen.Edited) m_rows.at(row).askPrice->setValue(screen.AskPrice);
         });
-#endif
 }

@@ -4,10 +4,7 @@
 #include "base/Application.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
-#if __has_include("customers/screens/frmCsUpdConf.h")
 #include "customers/screens/frmCsUpdConf.h"
-#define HAS_UPD
-#endif
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
@@ -331,11 +328,9 @@ void frmCsEstimate::clearEdited() {
 bool frmCsEstimate::save() {
     if (!leaveField()) return false;
     EstimateDraft draft = collect();
-#ifdef HAS_UPD
     gCustomerManager.confirmUpdate = [this](const clsCustomer& stored, const clsCustomer& typed) {
         return frmCsUpdConf::ask(this, stored, typed);
     };
-#endif
     SetWaitCursor(true);
     const SaveResult result = saveEstimate(gDbManager.Connection(), draft);
     SetWaitCursor(false);
