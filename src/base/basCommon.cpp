@@ -244,19 +244,6 @@ QString JoinWithSpace(const QString& first, const QString& second) {
     return head.isEmpty() ? tail : head + u'\u3000' + tail;
 }
 
-QString platformPath(const QString& path) {
-    QString native = path;
-    return native.replace(u'\\', QDir::separator());
-}
-
-QString ResolvePath(const QString& path) {
-    const QString native = platformPath(Text::rightTrimmed(path));
-    if (native.isEmpty() || QDir::isAbsolutePath(native)) return native;
-    static const QRegularExpression drive(u"^[A-Za-z]:"_qs);
-    if (drive.match(native).hasMatch()) return native;
-    return QDir(programFolder()).filePath(native);
-}
-
 QString GetDbFilePath() {
     const clsProfile profile;
     const QString folder = profile.GetPath(u"DB"_qs, u"Path"_qs, QString());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Paths.h"
+
 #include <QDate>
 #include <QDateTime>
 #include <QString>
@@ -74,10 +76,6 @@ QString JoinWithSpace(const QString& first, const QString& second);
 
 // --- paths ---
 
-// Empty stays empty, an absolute path stays, all else is joined under the program folder.
-QString ResolvePath(const QString& path);
-// Either separator in a configured path becomes the platform's own.
-QString platformPath(const QString& path);
 QString GetDbFilePath();
 QString GetDefaultBackupFolder();
 QString GetBackupFolder();

@@ -3,7 +3,7 @@
 #include "base/AppError.h"
 #include "base/Seams.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
+#include "base/Paths.h"
 
 #include <QDir>
 #include <QFile>

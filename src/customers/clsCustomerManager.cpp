@@ -5,6 +5,7 @@
 #include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "db/AskingOutside.h"
 #include "db/clsAutoIdsManager.h"
 
 clsCustomerManager gCustomerManager;
@@ -146,6 +147,15 @@ bool clsCustomerManager::SaveData(clsCustomer& customer) {
     return true;
 }
 
+// The question is the same one as long as stored and typed values are.
+CustomerUpdate clsCustomerManager::askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const {
+    if (!confirmUpdate) throw AppError(u"顧客登録確認の画面がありません。"_qs, u"clsCustomerManager"_qs);
+    QStringList values;
+    for (const Field<clsCustomer>& field : fields()) values << stored.*field.member << typed.*field.member;
+    return static_cast<CustomerUpdate>(AskingOutside::ask(
+        values.join(u'\t'), [this, stored, typed] { return static_cast<int>(confirmUpdate(stored, typed)); }));
+}
+
 bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
     clsCustomer stored;
     const bool known = !customer.CustId.isEmpty() && GetData(customer.CustId, customer.CustSubId, stored);
@@ -154,8 +164,7 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
         if (!drawNewId(customer)) return false;
     } else {
         if (!IsChanged(customer, stored)) return true;
-        if (!confirmUpdate) throw AppError(u"顧客登録確認の画面がありません。"_qs, u"clsCustomerManager"_qs);
-        switch (confirmUpdate(stored, customer)) {
+        switch (askConfirmation(stored, customer)) {
         case CustomerUpdate::Closed: return false;
         case CustomerUpdate::Overwrite: break;
         case CustomerUpdate::NewBranch:

@@ -50,6 +50,7 @@ public:
     std::function<CustomerUpdate(const clsCustomer& stored, const clsCustomer& typed)> confirmUpdate;
 
 private:
+    CustomerUpdate askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const;
     bool drawNewId(clsCustomer& customer);
     bool drawNumber(clsCustomer& customer);
     void insertNew(const clsCustomer& customer);

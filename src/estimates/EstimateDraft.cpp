@@ -5,6 +5,7 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/clsCsInsManager.h"
+#include "db/AskingOutside.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateManagers.h"
@@ -17,7 +18,7 @@ constexpr int taxSetting = 2;
 // The save of one draft, step by step. A step that the operator refuses answers false.
 class Saver {
 public:
-    explicit Saver(EstimateDraft draft) : m_draft(std::move(draft)) {}
+    Saver(Connection& connection, EstimateDraft draft) : m_connection(connection), m_draft(std::move(draft)) {}
 
     bool run() {
         const QString shownId = m_draft.customer.CustId;
@@ -38,6 +39,7 @@ private:
 
     // Another machine may have stored the estimate since it was loaded.
     bool mayOverwrite() {
+        m_connection.lockForWriting(gCsEstimateManager.table()); // so that nobody stores it between look and write
         clsCsEstimate stored;
         if (estimate().EstId.isEmpty() || !gCsEstimateManager.GetData(estimate().EstId, stored)) return true;
         if (stored.UpdDate == estimate().UpdDate) return true;
@@ -157,6 +159,7 @@ private:
         else manager.SaveData(lines);
     }
 
+    Connection& m_connection;
     EstimateDraft m_draft;
 };
 
@@ -208,11 +211,15 @@ SaveResult saveEstimate(Connection& connection, EstimateDraft& draft) {
         ShowMessage(124, u"見積明細(基本・製作要素／完成要素)"_qs);
         return SaveResult::Refused;
     }
-    Transaction transaction(connection);
-    Saver saver(draft);
-    if (!saver.run()) return SaveResult::Refused;
-    transaction.commit();
-    draft = saver.draft();
+    EstimateDraft saved;
+    const bool stored = AskingOutside::run(connection, [&] {
+        Saver saver(connection, draft);
+        if (!saver.run()) return false;
+        saved = saver.draft();
+        return true;
+    });
+    if (!stored) return SaveResult::Refused;
+    draft = saved;
     return SaveResult::Saved;
 }
 

@@ -115,6 +115,21 @@ private slots:
         QCOMPARE(draft.customer.CustId, QString());
     }
 
+    void noOtherMachineWaitsWhileAQuestionIsOpen() {
+        EstimateDraft draft = newOrder();
+        draft.estimate.Tax = u"10"_qs;
+        const auto other = m_database->another();
+        int depth = -1;
+        seams().message = [&](const MessageBoxRequest&) {
+            depth = connection().transactionDepth();
+            other->execute(u"UPDATE [採番] SET [最終値] = '00000041' WHERE [項目名] = '顧客ID'"_qs);
+            return qint16(AnswerYes);
+        };
+        QCOMPARE(save(draft), SaveResult::Saved);
+        QCOMPARE(depth, 0);
+        QCOMPARE(draft.customer.CustId, u"00000042"_qs);
+    }
+
     void taxOfAStoredEstimateIsNotQuestioned() {
         EstimateDraft draft = newOrder();
         save(draft);
