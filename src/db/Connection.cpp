@@ -59,12 +59,20 @@ struct Connection::Private {
     std::weak_ptr<Recordset::Stream> stream;
     bool open = false;
     bool lost = false;
+    bool failed = false; // a statement of the transaction under way
     QElapsedTimer sinceRelease; // of the write lock
 
     bool letGoJustNow() const { return sinceRelease.isValid() && sinceRelease.elapsed() < longestPause; }
 
     QSqlDatabase database() const { return QSqlDatabase::database(name, false); }
     QString savepoint(int depth) const { return u"level%1"_qs.arg(depth); }
+
+    [[noreturn]] void fail(const QSqlError& error) {
+        const Engine::Fault fault = engine->fault(error);
+        lost = lost || fault == Engine::Fault::Lost;
+        failed = true;
+        raise(fault, error);
+    }
 };
 
 Connection::Connection(ConnectionSettings settings)
@@ -78,6 +86,7 @@ Connection::~Connection() { close(); }
 
 void Connection::open() {
     close();
+    m_private->failed = false;
     {
         QSqlDatabase database = QSqlDatabase::addDatabase(m_private->engine->driver(), m_private->name);
         try {
@@ -103,8 +112,9 @@ void Connection::open() {
 }
 
 void Connection::close() {
+    m_private->lost = false;
     if (!m_private->open) return;
-    if (const auto stream = m_private->stream.lock()) stream->buffer();
+    if (const auto stream = m_private->stream.lock()) stream->detach();
     m_private->open = false;
     m_depth = 0;
     m_private->database().close();
@@ -114,12 +124,24 @@ void Connection::close() {
 bool Connection::isOpen() const { return m_private->open; }
 
 // A lost connection is opened anew by the next command, but never in the middle of a transaction, whose earlier
-// statements are gone.
+// statements are gone. A transaction with a failed statement can only be rolled back: one engine ends it by itself, and
+// the other would commit the half of it.
 void Connection::ensureUsable() {
+    if (m_private->lost && m_depth == 0) reopen();
     if (!m_private->open) throw AppError(u"データベースが開かれていません。"_qs, u"Connection"_qs);
-    if (m_private->lost && m_depth == 0) open();
     if (m_private->lost)
         throw AppError(u"データベースとの接続が切れました。もう一度実行してください。"_qs, u"Connection"_qs);
+    if (m_private->failed && m_depth > 0)
+        throw AppError(u"前の処理が失敗したため、続けて実行できません。最初からやり直してください。"_qs, u"Connection"_qs);
+}
+
+void Connection::reopen() {
+    try {
+        open();
+    } catch (const AppError&) {
+        m_private->lost = true; // the next command tries again
+        throw;
+    }
 }
 
 // --- statements ---
@@ -133,11 +155,7 @@ void Connection::finishStream() {
 qint64 Connection::run(const QString& engineStatement) {
     finishStream();
     QSqlQuery query(m_private->database());
-    if (!query.exec(engineStatement)) {
-        const Engine::Fault fault = m_private->engine->fault(query.lastError());
-        m_private->lost = m_private->lost || fault == Engine::Fault::Lost;
-        raise(fault, query.lastError());
-    }
+    if (!query.exec(engineStatement)) m_private->fail(query.lastError());
     return query.isSelect() ? 0 : qMax(0, query.numRowsAffected());
 }
 
@@ -161,12 +179,9 @@ Recordset Connection::query(const QString& statement) {
     finishStream();
     QSqlQuery query(m_private->database());
     query.setForwardOnly(true);
-    if (!query.exec(m_private->engine->dialect().translate(statement))) {
-        const Engine::Fault fault = m_private->engine->fault(query.lastError());
-        m_private->lost = m_private->lost || fault == Engine::Fault::Lost;
-        raise(fault, query.lastError());
-    }
+    if (!query.exec(m_private->engine->dialect().translate(statement))) m_private->fail(query.lastError());
     auto stream = std::make_shared<Recordset::Stream>(std::move(query));
+    stream->onError = [state = m_private.get()](const QSqlError& error) { state->fail(error); };
     m_private->stream = stream;
     return Recordset(std::move(stream));
 }
@@ -180,7 +195,7 @@ QString Connection::engineScalar(const QString& engineStatement) {
     ensureUsable();
     finishStream();
     QSqlQuery query(m_private->database());
-    if (!query.exec(engineStatement)) raise(m_private->engine->fault(query.lastError()), query.lastError());
+    if (!query.exec(engineStatement)) m_private->fail(query.lastError());
     return query.next() ? query.value(0).toString() : QString();
 }
 
@@ -207,6 +222,7 @@ bool Connection::copyInto(const QString& statement, qint64& rows) {
 
 void Connection::begin() {
     ensureUsable();
+    if (m_depth == 0) m_private->failed = false;
     if (m_depth > 0) run(u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
     else if (m_private->engine->queuesForLocks()) run(m_private->engine->beginTransaction());
     else beginInTurn();
@@ -243,6 +259,7 @@ void Connection::rollback() {
     if (m_depth == 0) throw AppError(u"トランザクションが開始されていません。"_qs, u"Connection"_qs);
     --m_depth;
     if (m_private->lost) return; // the server has rolled back already
+    m_private->failed = false;
     if (m_depth == 0) {
         run(u"ROLLBACK"_qs);
         m_private->sinceRelease.start();
@@ -283,7 +300,7 @@ QList<Schema::Column> Connection::columns(const QString& table) {
     QSqlQuery query(m_private->database());
     query.setForwardOnly(true);
     if (!query.exec(m_private->engine->columnNames(Schema::spelling(table))))
-        raise(m_private->engine->fault(query.lastError()), query.lastError());
+        m_private->fail(query.lastError());
     QList<Schema::Column> result;
     while (query.next()) {
         const QString name = query.value(0).toString();
@@ -350,7 +367,7 @@ qint64 Connection::copyRows(Connection& source, const QString& sourceTable, cons
     finishStream();
     if (!insert.prepare(u"INSERT INTO %1 (%2) VALUES (%3)"_qs.arg(dialect.name(Schema::spelling(targetTable)),
                                                                   names.join(u", "_qs), marks.join(u", "_qs))))
-        raise(m_private->engine->fault(insert.lastError()), insert.lastError());
+        m_private->fail(insert.lastError());
     const Schema::Table* known = Schema::table(targetTable);
     Recordset rows = source.query(select);
     while (rows.next()) {
@@ -358,7 +375,7 @@ qint64 Connection::copyRows(Connection& source, const QString& sourceTable, cons
             const Schema::Column* column = known ? known->column(bracketed.at(i).mid(1).chopped(1)) : nullptr;
             insert.bindValue(i, bindable(rows, i, column));
         }
-        if (!insert.exec()) raise(m_private->engine->fault(insert.lastError()), insert.lastError());
+        if (!insert.exec()) m_private->fail(insert.lastError());
         if (progress && rows.position() % rowsPerBatch == 0) progress(rows.position());
     }
     if (progress) progress(rows.position());

@@ -33,7 +33,7 @@ public:
     // The first field of the first row; empty when there is no row.
     QString scalar(const QString& statement);
 
-    // Transactions nest: inner levels are savepoints. The outermost takes the write lock when it begins. A commit or
+    // Transactions nest: inner levels are savepoints. After a failed statement a level can only be rolled back. The outermost takes the write lock when it begins. A commit or
     // rollback without a begin raises an error.
     void begin();
     void commit();
@@ -71,6 +71,7 @@ private:
     struct Private;
 
     void ensureUsable();
+    void reopen();
     qint64 run(const QString& engineStatement);
     bool copyInto(const QString& statement, qint64& rows);
     void finishStream();

@@ -33,8 +33,9 @@ public:
 
     QString columnType(const Schema::Column& column) const override {
         switch (column.type) {
+        // Not INTEGER: a key of that type would draw a number by itself where none was given.
         case Schema::SmallInteger:
-        case Schema::Integer: return u"INTEGER"_qs;
+        case Schema::Integer: return u"INT"_qs;
         case Schema::Double:
         case Schema::Currency: return u"REAL"_qs;
         case Schema::Date: return u"TEXT"_qs;
@@ -59,12 +60,13 @@ public:
                 u"INSERT INTO sqlite_sequence (name, seq) VALUES (%1, %2)"_qs.arg(name).arg(last)};
     }
 
-    bool rebuildsToAlter() const override { return true; }
 
     Fault fault(const QSqlError& error) const override {
-        const int code = error.nativeErrorCode().toInt() & 0xFF;
-        if (code == 5 || code == 6) return Fault::Busy;
-        return code == 19 ? Fault::Duplicate : Fault::Other;
+        const int code = error.nativeErrorCode().toInt();
+        const int family = code & 0xFF;
+        if (family == 5 || family == 6) return Fault::Busy;
+        const bool isKey = code == 1555 || code == 2067 || code == 2579; // primary key, unique index, row id
+        return isKey ? Fault::Duplicate : Fault::Other;
     }
 };
 
@@ -127,9 +129,10 @@ public:
             statements << u"CREATE OR REPLACE FUNCTION halvane_text(value %1) RETURNS text LANGUAGE sql IMMUTABLE "
                           u"AS $$ SELECT COALESCE(%2, '') $$"_qs.arg(type, body);
         };
-        for (const QString& type : {u"text"_qs, u"citext"_qs, u"integer"_qs, u"bigint"_qs, u"double precision"_qs})
+        for (const QString& type : {u"text"_qs, u"citext"_qs, u"integer"_qs, u"bigint"_qs})
             define(type, u"value::text"_qs);
-        define(u"numeric"_qs, u"trim_scale(value)::text"_qs);
+        for (const QString& type : {u"numeric"_qs, u"double precision"_qs})
+            define(type, u"trim_scale(round(value::numeric, 10))::text"_qs);
         define(u"timestamp"_qs, u"CASE WHEN value = date_trunc('day', value) THEN to_char(value, 'YYYY/MM/DD') "
                                 u"ELSE to_char(value, 'YYYY/MM/DD HH24:MI:SS') END"_qs);
         return statements;

@@ -42,8 +42,6 @@ public:
     virtual QStringList setLastAutoKey(const QString& table, const QString& column, qint64 last) const = 0;
     // Lists the column names of a table in order.
     virtual QString columnNames(const QString& table) const = 0;
-    // Runs ALTER COLUMN for an engine without it: the table is made anew with its rows.
-    virtual bool rebuildsToAlter() const { return false; }
 
     enum class Fault { Other, Busy, Lost, Duplicate };
     virtual Fault fault(const QSqlError& error) const = 0;

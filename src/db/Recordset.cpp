@@ -49,10 +49,14 @@ Recordset::Stream::Stream(QSqlQuery query) : m_query(std::move(query)) {
 
 bool Recordset::Stream::next() {
     if (m_buffered) {
+        if (m_rows.isEmpty() && m_error.isValid()) raise(m_error);
         if (m_rows.isEmpty()) return false;
         m_row = m_rows.takeFirst();
     } else {
-        if (!m_query.next()) return false;
+        if (!m_query.next()) {
+            if (m_query.lastError().isValid()) raise(m_query.lastError());
+            return false;
+        }
         m_row = currentRow();
     }
     ++m_position;
@@ -69,8 +73,19 @@ QVariantList Recordset::Stream::currentRow() const {
 void Recordset::Stream::buffer() {
     if (m_buffered) return;
     while (m_query.next()) m_rows << currentRow();
+    m_error = m_query.lastError();
     m_buffered = true;
     m_query.finish();
+}
+
+void Recordset::Stream::detach() {
+    buffer();
+    onError = nullptr;
+}
+
+void Recordset::Stream::raise(const QSqlError& error) const {
+    if (onError) onError(error);
+    throw AppError(u"データベースの処理に失敗しました。\n"_qs + error.databaseText().trimmed(), u"Recordset"_qs);
 }
 
 int Recordset::Stream::indexOf(const QString& field) const {
@@ -84,6 +99,7 @@ QString Recordset::Stream::text(int index) const {
     const QVariant value = m_row.value(index);
     if (value.isNull()) return {};
     switch (value.typeId()) {
+    case QMetaType::Bool: return value.toBool() ? u"1"_qs : u"0"_qs;
     case QMetaType::Double: return shortestNumber(value.toDouble());
     case QMetaType::QDateTime: return dateText(value.toDateTime());
     case QMetaType::QDate: return dateText(value.toDate());

@@ -22,6 +22,10 @@ QString SqlDialect::translate(const QString& statement) {
 
 QString SqlDialect::text(const QString& value) const { return u'\'' + QString(value).replace(u"'"_qs, u"''"_qs) + u'\''; }
 
+QString SqlDialect::choice(const QString& condition, const QString& yes, const QString& no) const {
+    return u"(CASE WHEN %1 THEN %2 ELSE %3 END)"_qs.arg(condition, yes, no);
+}
+
 // --- SQLite ---
 
 // Brackets, since an unknown name in double quotes would pass as a text.
@@ -33,14 +37,16 @@ QString SqliteDialect::date(const QDateTime& value) const {
     return text(value.toString(timed ? u"yyyy/MM/dd HH:mm:ss"_qs : u"yyyy/MM/dd"_qs));
 }
 
-QString SqliteDialect::join(const QStringList& operands) const {
-    QStringList parts;
-    for (const QString& operand : operands) parts << u"COALESCE(%1, '')"_qs.arg(operand);
-    return u"((%1) COLLATE NOCASE)"_qs.arg(parts.join(u" || "_qs));
+QString SqliteDialect::caseBlind(const QString& expression) const {
+    return u"(%1 COLLATE NOCASE)"_qs.arg(expression);
 }
 
-QString SqliteDialect::choice(const QString& condition, const QString& yes, const QString& no) const {
-    return u"(CASE WHEN %1 THEN %2 ELSE %3 END COLLATE NOCASE)"_qs.arg(condition, yes, no);
+QString SqliteDialect::asText(const QString& operand) const { return u"COALESCE(%1, '')"_qs.arg(operand); }
+
+// A whole amount joins without the decimals that the engine would write behind it.
+QString SqliteDialect::numberAsText(const QString& operand) const {
+    return u"(CASE typeof(%1) WHEN 'real' THEN RTRIM(RTRIM(PRINTF('%.10f', %1), '0'), '.') ELSE COALESCE(%1, '') END)"_qs
+        .replace(u"%1"_qs, operand);
 }
 
 QString SqliteDialect::likePattern(const QString& escaped) const {
@@ -61,15 +67,11 @@ QString PostgresDialect::date(const QDateTime& value) const {
     return u"TIMESTAMP '%1'"_qs.arg(value.toString(u"yyyy-MM-dd HH:mm:ss"_qs));
 }
 
-QString PostgresDialect::join(const QStringList& operands) const {
-    QStringList parts;
-    for (const QString& operand : operands) parts << u"halvane_text(%1)"_qs.arg(operand);
-    return u"(%1)::citext"_qs.arg(parts.join(u" || "_qs));
-}
+QString PostgresDialect::caseBlind(const QString& expression) const { return expression + u"::citext"_qs; }
 
-QString PostgresDialect::choice(const QString& condition, const QString& yes, const QString& no) const {
-    return u"(CASE WHEN %1 THEN %2 ELSE %3 END)"_qs.arg(condition, yes, no);
-}
+QString PostgresDialect::asText(const QString& operand) const { return u"halvane_text(%1)"_qs.arg(operand); }
+
+QString PostgresDialect::numberAsText(const QString& operand) const { return asText(operand); }
 
 QString PostgresDialect::likePattern(const QString& escaped) const { return text(escaped); }
 

@@ -26,10 +26,11 @@ public:
     // --- what the engines say in their own way ---
     virtual QString name(const QString& name) const = 0;
     virtual QString date(const QDateTime& value) const = 0;
-    // Text operands joined, NULL counting as empty.
-    virtual QString join(const QStringList& operands) const = 0;
-    // A choice between two values; its text compares as columns do.
-    virtual QString choice(const QString& condition, const QString& yes, const QString& no) const = 0;
+    // A value (in brackets, when it is more than one word) of text that compares as columns do, without regard to the case of Latin letters.
+    virtual QString caseBlind(const QString& expression) const = 0;
+    // A value as a part of a joined text, NULL counting as empty; a number in its one plain form.
+    virtual QString asText(const QString& operand) const = 0;
+    virtual QString numberAsText(const QString& operand) const = 0;
     // The pattern of a LIKE as a literal: `escaped` has a backslash before each sign taken as it stands.
     virtual QString likePattern(const QString& escaped) const = 0;
     // A term of an ORDER BY or of an index; NULL sorts before every value.
@@ -38,6 +39,8 @@ public:
     virtual QString alterToInteger(const QString& table, const QString& column) const = 0;
 
     QString text(const QString& value) const; // a literal in single quotes
+    // A choice between two values.
+    QString choice(const QString& condition, const QString& yes, const QString& no) const;
 
 private:
     struct Translation {
@@ -50,8 +53,9 @@ class SqliteDialect final : public SqlDialect {
 public:
     QString name(const QString& name) const override;
     QString date(const QDateTime& value) const override;
-    QString join(const QStringList& operands) const override;
-    QString choice(const QString& condition, const QString& yes, const QString& no) const override;
+    QString caseBlind(const QString& expression) const override;
+    QString asText(const QString& operand) const override;
+    QString numberAsText(const QString& operand) const override;
     QString likePattern(const QString& escaped) const override;
     QString sortTerm(const QString& expression, bool descending) const override;
     QString alterToInteger(const QString& table, const QString& column) const override;
@@ -61,8 +65,9 @@ class PostgresDialect final : public SqlDialect {
 public:
     QString name(const QString& name) const override;
     QString date(const QDateTime& value) const override;
-    QString join(const QStringList& operands) const override;
-    QString choice(const QString& condition, const QString& yes, const QString& no) const override;
+    QString caseBlind(const QString& expression) const override;
+    QString asText(const QString& operand) const override;
+    QString numberAsText(const QString& operand) const override;
     QString likePattern(const QString& escaped) const override;
     QString sortTerm(const QString& expression, bool descending) const override;
     QString alterToInteger(const QString& table, const QString& column) const override;

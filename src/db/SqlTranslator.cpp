@@ -6,6 +6,8 @@
 
 #include <QSet>
 
+#include <utility>
+
 namespace {
 
 constexpr int deepestNesting = 100;
@@ -57,8 +59,14 @@ bool startsOperand(const SqlToken& token) {
     throw AppError(u"データ型が一致しません。（位置 %1）"_qs.arg(at.position + 1), u"SQL"_qs, 13);
 }
 
-bool differInKind(const Schema::Column& left, const Schema::Column& right) {
-    return left.isText() != right.isText() || left.isDate() != right.isDate();
+// A number keeps its digits in both engines up to this many.
+constexpr int mostDigits = 15;
+
+int significantDigits(const QString& number) {
+    int digits = 0;
+    for (QChar c : number)
+        if (c.isDigit() && (digits > 0 || c != u'0')) ++digits;
+    return digits;
 }
 
 } // namespace
@@ -68,10 +76,20 @@ SqlTranslator::SqlTranslator(const SqlDialect& dialect, QList<SqlToken> tokens)
     collectTables();
 }
 
+// The tables behind FROM, JOIN, UPDATE and INTO: a column may have the name of a table that the statement never reads.
 void SqlTranslator::collectTables() {
+    bool expected = false, listed = false;
     for (const SqlToken& token : m_tokens) {
-        if (token.kind != SqlToken::Name && token.kind != SqlToken::Word) continue;
-        if (const Schema::Table* table = Schema::table(token.text)) m_tables << table;
+        if (token.isSymbol(u"(")) continue;
+        const bool isName = token.kind == SqlToken::Name || token.kind == SqlToken::Word;
+        if (token.is(u"FROM") || token.is(u"JOIN") || token.is(u"UPDATE") || token.is(u"INTO")) {
+            listed = token.is(u"FROM") || (listed && token.is(u"JOIN"));
+            expected = true;
+            continue;
+        }
+        if (isKeyword(token) && !token.is(u"AS") && !token.is(u"ON")) listed = false;
+        if (const Schema::Table* table = expected && isName ? Schema::table(token.text) : nullptr) m_tables << table;
+        expected = listed && token.isSymbol(u",");
     }
 }
 
@@ -208,6 +226,14 @@ QStringList SqlTranslator::columnList() {
     return columns;
 }
 
+QString SqlTranslator::valueFor(Kind kind) {
+    const SqlToken start = at();
+    Operand target{{}, kind, {}, false};
+    Operand value = operand(target.kind);
+    match(target, value, start);
+    return value.text;
+}
+
 QString SqlTranslator::valuesList(const QString& table, const QStringList& columns) {
     const SqlToken start = at();
     QStringList values;
@@ -215,7 +241,7 @@ QString SqlTranslator::valuesList(const QString& table, const QStringList& colum
     do {
         const QString column = columns.value(values.size());
         if (accept(u"NULL")) values << u"NULL"_qs;
-        else values << operand(findColumn(table, column)).text;
+        else values << valueFor(kindOf(table, column));
     } while (acceptSymbol(u","));
     expectSymbol(u")");
     if (!columns.isEmpty() && columns.size() != values.size())
@@ -261,8 +287,10 @@ QString SqlTranslator::expressionUntilComma() {
 QString SqlTranslator::word() {
     const SqlToken token = at();
     if (startsOperand(token)) {
-        const Operand left = operand();
-        return left.text + comparison(left);
+        Operand left = operand();
+        if (m_firstKind) *std::exchange(m_firstKind, nullptr) = left.kind;
+        const QString behind = comparison(left);
+        return left.text + behind;
     }
     if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isArithmetic(token))) {
         take();
@@ -277,44 +305,80 @@ QString SqlTranslator::word() {
     return token.text.toUpper();
 }
 
-// What may follow a value: a comparison, LIKE, IN or BETWEEN, whose literals take the type of the column.
-QString SqlTranslator::comparison(const Operand& left) {
-    if (isComparison(at())) {
-        const SqlToken sign = take();
-        if (accept(u"NULL")) return u" %1 NULL"_qs.arg(sign.text);
-        const SqlToken start = at();
-        const Operand right = operand(left.column);
-        if (left.column && right.column && differInKind(*left.column, *right.column)) raiseMismatch(start);
-        return u' ' + sign.text + u' ' + right.text;
+// What may follow a value: a comparison, LIKE, IN or BETWEEN, whose literals take the kind of the value.
+QString SqlTranslator::comparison(Operand& left) {
+    const SqlToken start = at();
+    if (isComparison(start)) {
+        take();
+        if (accept(u"NULL")) return u" %1 NULL"_qs.arg(start.text);
+        Operand right = operand(left.literal ? Kind::Unknown : left.kind);
+        match(left, right, start);
+        left.text = comparable(left);
+        return u' ' + start.text + u' ' + comparable(right);
     }
-    const bool negated = at().is(u"NOT") && (at(1).is(u"LIKE") || at(1).is(u"IN") || at(1).is(u"BETWEEN"));
+    const bool negated = start.is(u"NOT") && (at(1).is(u"LIKE") || at(1).is(u"IN") || at(1).is(u"BETWEEN"));
     if (negated) take();
     const QString prefix = negated ? u" NOT"_qs : QString();
-    if (accept(u"LIKE")) return prefix + u" LIKE "_qs + likeOf(take());
-    if (accept(u"IN")) return prefix + u" IN "_qs + listOf(left.column);
-    if (accept(u"BETWEEN")) return prefix + u" BETWEEN "_qs + between(left.column);
+    if (accept(u"LIKE")) {
+        if (left.literal || (left.kind != Kind::Text && left.kind != Kind::Unknown))
+            raiseSqlError(u"LIKE の前は文字列の項目でなければなりません。"_qs, start);
+        left.text = comparable(left);
+        return prefix + u" LIKE "_qs + likeOf(take());
+    }
+    if (accept(u"IN")) {
+        if (left.literal) raiseSqlError(u"IN の前は項目でなければなりません。"_qs, start);
+        left.text = comparable(left);
+        return prefix + u" IN "_qs + listOf(left);
+    }
+    if (accept(u"BETWEEN")) return prefix + u" BETWEEN "_qs + between(left);
     return {};
 }
 
-QString SqlTranslator::listOf(const Schema::Column* column) {
+QString SqlTranslator::comparable(const Operand& value) const {
+    return value.isSelect && value.kind == Kind::Text ? m_dialect.caseBlind(value.text) : value.text;
+}
+
+void SqlTranslator::match(Operand& left, Operand& right, const SqlToken& at) const {
+    if (left.literal && !right.literal && right.kind != Kind::Unknown) {
+        left.text = literalText(*left.literal, right.kind);
+        left.kind = right.kind;
+    } else if (right.literal && !left.literal && left.kind != Kind::Unknown) {
+        right.text = literalText(*right.literal, left.kind);
+        right.kind = left.kind;
+    }
+    if (left.kind != right.kind && left.kind != Kind::Unknown && right.kind != Kind::Unknown) raiseMismatch(at);
+}
+
+QString SqlTranslator::listOf(const Operand& left) {
     expectSymbol(u"(");
     QString text;
     if (accept(u"SELECT")) {
         text = u"SELECT"_qs + selectStatement();
     } else {
         QStringList values;
-        do values << operand(column).text;
-        while (acceptSymbol(u","));
+        do {
+            const SqlToken start = at();
+            Operand searched = left;
+            Operand value = operand(left.kind);
+            match(searched, value, start);
+            values << value.text;
+        } while (acceptSymbol(u","));
         text = values.join(u", "_qs);
     }
     expectSymbol(u")");
     return u'(' + text + u')';
 }
 
-QString SqlTranslator::between(const Schema::Column* column) {
-    const QString low = operand(column).text;
+QString SqlTranslator::between(Operand& left) {
+    const Kind expected = left.literal ? Kind::Unknown : left.kind;
+    const SqlToken start = at();
+    Operand low = operand(expected);
+    match(left, low, start);
     expect(u"AND");
-    return low + u" AND "_qs + operand(column).text;
+    Operand high = operand(expected);
+    match(left, high, start);
+    left.text = comparable(left);
+    return comparable(low) + u" AND "_qs + comparable(high);
 }
 
 QString SqlTranslator::likeOf(const SqlToken& token) const {
@@ -341,28 +405,45 @@ QString SqlTranslator::likeOf(const SqlToken& token) const {
 
 // --- values ---
 
-SqlTranslator::Operand SqlTranslator::operand(const Schema::Column* expected) {
+SqlTranslator::Operand SqlTranslator::operand(Kind expected) {
     if (++m_depth > deepestNesting) raiseSqlError(u"かっこが深すぎます。"_qs, at());
+    const SqlToken start = at();
     Operand value = joined(expected);
     while (isArithmetic(at())) {
+        requireNumber(value, start);
         const QString sign = take().text;
-        value = {value.text + u' ' + sign + u' ' + primary(nullptr).text, nullptr, false};
+        const SqlToken next = at();
+        Operand right = primary(Kind::Number);
+        requireNumber(right, next);
+        value = {value.text + u' ' + sign + u' ' + right.text, Kind::Number, {}, false};
         if (at().isSymbol(u"&")) raiseSqlError(u"& の前後の計算はかっこで囲んで下さい。"_qs, at());
     }
     --m_depth;
     return value;
 }
 
-SqlTranslator::Operand SqlTranslator::joined(const Schema::Column* expected) {
-    const Operand first = primary(expected);
-    if (!at().isSymbol(u"&")) return first;
-    QStringList operands{first.text};
-    while (acceptSymbol(u"&")) operands << primary(nullptr).text;
-    if (isArithmetic(at())) raiseSqlError(u"& の前後の計算はかっこで囲んで下さい。"_qs, at());
-    return {m_dialect.join(operands), nullptr, false};
+void SqlTranslator::requireNumber(Operand& value, const SqlToken& at) const {
+    if (value.literal) value.text = literalText(*value.literal, Kind::Number);
+    else if (value.kind != Kind::Number && value.kind != Kind::Unknown) raiseMismatch(at);
 }
 
-SqlTranslator::Operand SqlTranslator::primary(const Schema::Column* expected) {
+SqlTranslator::Operand SqlTranslator::joined(Kind expected) {
+    const SqlToken start = at();
+    const Operand first = primary(expected);
+    if (!at().isSymbol(u"&")) return first;
+    QStringList parts;
+    const auto add = [&](const Operand& part) {
+        if (part.kind == Kind::Truth) raiseMismatch(start);
+        const bool mayBeNumber = part.kind == Kind::Number || part.kind == Kind::Unknown;
+        parts << (mayBeNumber ? m_dialect.numberAsText(part.text) : m_dialect.asText(part.text));
+    };
+    add(first);
+    while (acceptSymbol(u"&")) add(primary(Kind::Unknown));
+    if (isArithmetic(at())) raiseSqlError(u"& の前後の計算はかっこで囲んで下さい。"_qs, at());
+    return {m_dialect.caseBlind(u'(' + parts.join(u" || "_qs) + u')'), Kind::Text, {}, false};
+}
+
+SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
     const bool negative = at().isSymbol(u"-") && at(1).kind == SqlToken::Number;
     const bool positive = at().isSymbol(u"+") && at(1).kind == SqlToken::Number;
     if (negative || positive) take();
@@ -370,94 +451,147 @@ SqlTranslator::Operand SqlTranslator::primary(const Schema::Column* expected) {
     switch (token.kind) {
     case SqlToken::String:
     case SqlToken::Number:
-    case SqlToken::Date: take(); return {literal(token, expected, negative), nullptr, true};
+    case SqlToken::Date: {
+        take();
+        const Literal literal{token, negative};
+        const Kind own = token.kind == SqlToken::String   ? Kind::Text
+                         : token.kind == SqlToken::Number ? Kind::Number
+                                                          : Kind::Date;
+        return {literalText(literal, expected), expected == Kind::Unknown ? own : expected, literal, false};
+    }
     case SqlToken::Name: return columnOperand();
     case SqlToken::Word:
         if (isKeyword(token)) break;
         return at(1).isSymbol(u"(") ? function() : columnOperand();
     case SqlToken::Symbol:
-        if (token.text == u"(") return {bracket(), nullptr, false};
+        if (token.text == u"(") return bracket();
         break;
     case SqlToken::End: break;
     }
     raiseSqlError(u"値がありません。"_qs, token);
 }
 
-QString SqlTranslator::bracket() {
+// A select, a join, a condition, or a value, whose kind it keeps.
+SqlTranslator::Operand SqlTranslator::bracket() {
     expectSymbol(u"(");
-    const QString inside = accept(u"SELECT") ? u"SELECT"_qs + selectStatement() : clauses();
-    if (inside.trimmed().isEmpty()) raiseSqlError(u"かっこの中が空です。"_qs, at());
+    Kind first = Kind::Unknown;
+    Kind* const outer = std::exchange(m_firstKind, nullptr);
+    if (accept(u"SELECT")) {
+        m_firstKind = &first;
+        const QString inside = u"SELECT"_qs + selectStatement();
+        m_firstKind = outer;
+        expectSymbol(u")");
+        return {u'(' + inside + u')', first, {}, true};
+    }
+    QStringList words;
+    Operand only;
+    bool isCondition = false, isJoin = false;
+    while (at().kind != SqlToken::End && !at().isSymbol(u")") && !at().isSymbol(u";")) {
+        const SqlToken token = at();
+        if (startsOperand(token)) {
+            only = operand();
+            const QString behind = comparison(only);
+            isCondition = isCondition || !behind.isEmpty();
+            words << only.text + behind;
+            continue;
+        }
+        isCondition = isCondition || token.is(u"AND") || token.is(u"OR") || token.is(u"NOT") || token.is(u"IS");
+        isJoin = isJoin || token.is(u"JOIN");
+        words << word();
+    }
+    m_firstKind = outer;
+    if (words.isEmpty()) raiseSqlError(u"かっこの中が空です。"_qs, at());
     expectSymbol(u")");
-    return u'(' + inside.trimmed() + u')';
+    const QString text = u'(' + words.join(u' ') + u')';
+    if (isCondition && !isJoin) return {text, Kind::Truth, {}, false};
+    if (words.size() > 1) return {text, Kind::Unknown, {}, false};
+    return {text, only.kind, {}, only.isSelect};
 }
 
 SqlTranslator::Operand SqlTranslator::function() {
     const SqlToken called = take();
     const QString name = called.text.toUpper();
-    if (name == u"NOW") {
-        expectSymbol(u"(");
-        expectSymbol(u")");
-        return {QString(nowMark), nullptr, false};
-    }
-    if (name == u"ISNULL") {
-        expectSymbol(u"(");
-        const QString value = operand().text;
-        expectSymbol(u")");
-        return {u"(%1 IS NULL)"_qs.arg(value), nullptr, false};
-    }
-    if (name == u"IIF") {
-        expectSymbol(u"(");
-        QString condition;
-        while (!at().isSymbol(u",") && at().kind != SqlToken::End) condition += u' ' + word();
-        expectSymbol(u",");
-        const QString yes = operand().text;
-        expectSymbol(u",");
-        const QString no = operand().text;
-        expectSymbol(u")");
-        return {m_dialect.choice(condition.trimmed(), yes, no), nullptr, false};
-    }
-    if (!aggregates().contains(name)) raiseSqlError(u"関数 %1 は使えません。"_qs.arg(called.text), called);
     expectSymbol(u"(");
-    QString inside = accept(u"DISTINCT") ? u"DISTINCT "_qs : QString();
-    inside += acceptSymbol(u"*") ? u"*"_qs : operand().text;
+    Operand result;
+    if (name == u"NOW") result = {QString(nowMark), Kind::Date, {}, false};
+    else if (name == u"ISNULL") result = {u"(%1 IS NULL)"_qs.arg(operand().text), Kind::Truth, {}, false};
+    else if (name == u"IIF") result = choice();
+    else if (aggregates().contains(name)) result = aggregate(called);
+    else raiseSqlError(u"関数 %1 は使えません。"_qs.arg(called.text), called);
     expectSymbol(u")");
-    return {name + u'(' + inside + u')', nullptr, false};
+    return result;
+}
+
+SqlTranslator::Operand SqlTranslator::choice() {
+    QStringList condition;
+    while (!at().isSymbol(u",") && !at().isSymbol(u")") && at().kind != SqlToken::End) condition << word();
+    if (condition.isEmpty()) raiseSqlError(u"条件がありません。"_qs, at());
+    expectSymbol(u",");
+    Operand yes = operand();
+    expectSymbol(u",");
+    const SqlToken start = at();
+    Operand no = operand();
+    match(yes, no, start);
+    const Kind kind = yes.kind == Kind::Unknown ? no.kind : yes.kind;
+    const QString text = m_dialect.choice(condition.join(u' '), yes.text, no.text);
+    return {kind == Kind::Text ? m_dialect.caseBlind(text) : text, kind, {}, false};
+}
+
+SqlTranslator::Operand SqlTranslator::aggregate(const SqlToken& called) {
+    const QString name = called.text.toUpper();
+    const QString distinct = accept(u"DISTINCT") ? u"DISTINCT "_qs : QString();
+    if (name == u"COUNT" && distinct.isEmpty() && acceptSymbol(u"*")) return {u"COUNT(*)"_qs, Kind::Number, {}, false};
+    const SqlToken start = at();
+    Operand inside = operand();
+    const bool ofNumbers = name == u"SUM" || name == u"AVG";
+    if (ofNumbers) requireNumber(inside, start);
+    const QString text = name + u'(' + distinct + inside.text + u')';
+    if (ofNumbers || name == u"COUNT") return {text, Kind::Number, {}, false};
+    return {inside.kind == Kind::Text ? m_dialect.caseBlind(text) : text, inside.kind, {}, false};
 }
 
 SqlTranslator::Operand SqlTranslator::columnOperand() {
     const QString first = at().text;
     QString text = takeName();
-    if (!acceptSymbol(u".")) return {text, findColumn({}, first), false};
-    if (acceptSymbol(u"*")) return {text + u".*"_qs, nullptr, false};
+    if (!acceptSymbol(u".")) return {text, kindOf(QString(), first), {}, false};
+    if (acceptSymbol(u"*")) return {text + u".*"_qs, Kind::Unknown, {}, false};
     const QString second = at().text;
     text += u'.' + takeName();
-    return {text, findColumn(first, second), false};
+    return {text, kindOf(first, second), {}, false};
 }
 
-const Schema::Column* SqlTranslator::findColumn(const QString& table, const QString& name) const {
+SqlTranslator::Kind SqlTranslator::kindOf(const QString& table, const QString& name) const {
     if (!table.isEmpty()) {
         const Schema::Table* known = Schema::table(table);
-        return known ? known->column(name) : nullptr;
+        return known ? kindOf(known->column(name)) : Kind::Unknown;
     }
-    for (const Schema::Table* candidate : m_tables)
-        if (const Schema::Column* column = candidate->column(name)) return column;
-    return nullptr;
+    Kind found = Kind::Unknown;
+    for (const Schema::Table* candidate : m_tables) {
+        const Kind kind = kindOf(candidate->column(name));
+        if (kind == Kind::Unknown) continue;
+        if (found != Kind::Unknown && found != kind) return Kind::Unknown;
+        found = kind;
+    }
+    return found;
 }
 
-QString SqlTranslator::literal(const SqlToken& token, const Schema::Column* column, bool negative) const {
-    const QString sign = negative ? u"-"_qs : QString();
-    if (!column) {
-        if (token.kind == SqlToken::Date) return dateLiteral(token);
-        return token.kind == SqlToken::Number ? sign + token.text : m_dialect.text(token.text);
-    }
-    if (column->isDate()) {
-        if (token.kind == SqlToken::Number) raiseMismatch(token);
-        return dateLiteral(token);
-    }
-    if (token.kind == SqlToken::Date) raiseMismatch(token);
-    if (column->isText()) return m_dialect.text(sign + token.text);
-    const QString number = sign + token.text.trimmed();
-    if (!isPlainNumber(number)) raiseMismatch(token);
+SqlTranslator::Kind SqlTranslator::kindOf(const Schema::Column* column) {
+    if (!column || column->type == Schema::Unknown) return Kind::Unknown;
+    if (column->isText()) return Kind::Text;
+    return column->isDate() ? Kind::Date : Kind::Number;
+}
+
+QString SqlTranslator::literalText(const Literal& literal, Kind kind) const {
+    const SqlToken& token = literal.token;
+    const QString text = (literal.negative ? u"-"_qs : QString()) + token.text;
+    if (kind == Kind::Unknown && token.kind == SqlToken::String) return m_dialect.text(text);
+    if (token.kind == SqlToken::Date && (kind == Kind::Unknown || kind == Kind::Date)) return dateLiteral(token);
+    if (kind == Kind::Date && token.kind == SqlToken::String) return dateLiteral(token);
+    if (kind == Kind::Text && token.kind != SqlToken::Date) return m_dialect.text(text);
+    const QString number = text.trimmed();
+    const bool asNumber = kind == Kind::Number || kind == Kind::Unknown;
+    if (!asNumber || token.kind == SqlToken::Date || !isPlainNumber(number)) raiseMismatch(token);
+    if (significantDigits(number) > mostDigits) raiseSqlError(u"数値の桁が多すぎます。"_qs, token);
     return number;
 }
 

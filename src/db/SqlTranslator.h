@@ -7,10 +7,13 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 class SqlDialect;
 
-// The walk over one statement's words. It makes the engine's text and checks each literal against the column that it
-// meets: a number column takes a number, a date column a date, and a text column anything as text.
+// The walk over one statement's words. It makes the engine's text and checks each literal against the value that it
+// meets: a number takes a number, a date a date, and a text anything as text. What the engines would answer differently
+// (values of different kinds compared, arithmetic on texts or dates) is refused.
 class SqlTranslator {
 public:
     SqlTranslator(const SqlDialect& dialect, QList<SqlToken> tokens);
@@ -19,11 +22,20 @@ public:
     QStringList run();
 
 private:
-    // A value in the engine's words, with the column when it is one.
+    enum class Kind { Unknown, Text, Number, Date, Truth };
+
+    // A literal as it was read, for it takes the kind of the value that it meets.
+    struct Literal {
+        SqlToken token;
+        bool negative = false;
+    };
+
+    // A value in the engine's words.
     struct Operand {
         QString text;
-        const Schema::Column* column = nullptr;
-        bool literal = false;
+        Kind kind = Kind::Unknown;
+        std::optional<Literal> literal;
+        bool isSelect = false; // a select in brackets
     };
 
     const SqlToken& at(qsizetype ahead = 0) const;
@@ -43,26 +55,36 @@ private:
     QString alterStatement();
 
     QStringList columnList();
+    QString valueFor(Kind kind);
     QString valuesList(const QString& table, const QStringList& columns);
     // Words up to the end of the statement or of the enclosing bracket.
     QString clauses();
     QString sortTerms();
     QString word();
-    QString comparison(const Operand& left);
-    QString listOf(const Schema::Column* column);
-    QString between(const Schema::Column* column);
+    // What follows a value; a literal on the left takes the kind of the value on the right.
+    QString comparison(Operand& left);
+    QString listOf(const Operand& left);
+    QString between(Operand& left);
     QString likeOf(const SqlToken& token) const;
 
-    Operand operand(const Schema::Column* expected = nullptr);
-    Operand joined(const Schema::Column* expected);
-    Operand primary(const Schema::Column* expected);
+    Operand operand(Kind expected = Kind::Unknown);
+    Operand joined(Kind expected);
+    Operand primary(Kind expected);
     Operand function();
+    Operand choice();
+    Operand aggregate(const SqlToken& called);
     Operand columnOperand();
-    QString bracket();
+    Operand bracket();
     QString expressionUntilComma();
-    QString literal(const SqlToken& token, const Schema::Column* column, bool negative) const;
+    QString comparable(const Operand& value) const;
+    // Brings two values that meet to one kind, or raises an error.
+    void match(Operand& left, Operand& right, const SqlToken& at) const;
+    void requireNumber(Operand& value, const SqlToken& at) const;
+    QString literalText(const Literal& literal, Kind kind) const;
     QString dateLiteral(const SqlToken& token) const;
-    const Schema::Column* findColumn(const QString& table, const QString& name) const;
+    static Kind kindOf(const Schema::Column* column);
+    // Of a column; unknown when the statement's tables do not agree about it.
+    Kind kindOf(const QString& table, const QString& name) const;
     void collectTables();
 
     const SqlDialect& m_dialect;
@@ -70,4 +92,5 @@ private:
     QList<const Schema::Table*> m_tables;
     qsizetype m_at = 0;
     int m_depth = 0;
+    Kind* m_firstKind = nullptr; // where the kind of a select's first column goes
 };

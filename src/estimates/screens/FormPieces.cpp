@@ -30,7 +30,8 @@ void FormPieces::applyCharacters(QWidget* form) {
 
 void FormPieces::setArrayIndex(QWidget* block, int index) {
     const QString end = u"_%1"_qs.arg(index);
-    for (QWidget* control : block->findChildren<QWidget*>()) {
+    const auto members = QList<QWidget*>{block} + block->findChildren<QWidget*>();
+    for (QWidget* control : members) {
         const QString name = control->objectName();
         // Qt's own parts of a control keep their names.
         if (!name.isEmpty() && !name.startsWith(u"qt_")) control->setObjectName(name + end);

@@ -12,7 +12,7 @@ namespace FormPieces {
 
 // Gives every control with the property `characters` its width in the form's font.
 void applyCharacters(QWidget* form);
-// Makes the controls of a block members of control arrays: lblTax becomes lblTax_2.
+// Makes a block and its controls members of control arrays: lblTax becomes lblTax_2.
 void setArrayIndex(QWidget* block, int index);
 // Exactly so high that this many rows show below the headings.
 void fixRowsShown(Grid* grid, int rows);

@@ -64,8 +64,9 @@ private slots:
             QCOMPARE(grid->column(Typed).title, u"入力"_qs);
             QStringList titles;
             for (int row = 1; row <= grid->rows(); ++row) titles << grid->text(row, Title);
-            QCOMPARE(titles.join(u'|'), u"顧客番号|名前（姓）|名前（名）|ﾌﾘｶﾞﾅ（姓）|ﾌﾘｶﾞﾅ（名）|生年月日|性別|郵便番号|都道府県|"
-                                        u"市区郡|住所1|住所2|電話|FAX|被保険者名|本人区分|備考"_qs);
+            QCOMPARE(titles.join(u'|'),
+                     u"顧客番号|名前（姓）|名前（名）|ﾌﾘｶﾞﾅ（姓）|ﾌﾘｶﾞﾅ（名）|生年月日|性別|郵便番号|都道府県|"
+                     u"市区郡|住所1|住所2|電話|FAX|被保険者名|本人区分|備考"_qs);
             screen->close();
         });
     }
