@@ -1,6 +1,7 @@
 #include "ui/DialogSeams.h"
 
 #include "base/Seams.h"
+#include "ui/NormalCursor.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -55,6 +56,7 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
 }
 
 qint16 showMessageBox(const MessageBoxRequest& request) {
+    const NormalCursor cursor;
     QMessageBox box(QApplication::activeWindow());
     prepareMessageBox(box, request);
     box.exec();

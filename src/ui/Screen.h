@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/NormalCursor.h"
 #include "ui/basFormUtil.h"
 
 #include <QDialog>
@@ -59,6 +60,7 @@ template <class S, class Prepare, class Read> bool openScreen(QWidget* parent, P
     S screen(parent);
     prepare(screen);
     if (!screen.Load()) return false;
+    const NormalCursor cursor;
     screen.exec();
     read(screen);
     return true;

@@ -158,10 +158,7 @@ void frmCsEstimate::load() {
         showEmpty();
     } else {
         EstimateDraft stored;
-        if (!loadEstimate(EstId, stored)) {
-            ShowMessage(121, u"見積"_qs);
-            throw AppError(u"見積が見つかりません。"_qs, u"frmCsEstimate"_qs);
-        }
+        if (!loadEstimate(EstId, stored)) throw AppError(GetMessageText(121, u"見積"_qs), u"frmCsEstimate"_qs);
         showOrder(stored);
     }
     setMode(EditMode);
