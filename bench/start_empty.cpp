@@ -1,10 +1,10 @@
 // What any program with a window needs to show it.
-#include "QuitWhenShown.h"
+#include "TellWhenShown.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QuitWhenShown quit;
-    application.installEventFilter(&quit);
+    TellWhenShown teller;
+    application.installEventFilter(&teller);
     QWidget window;
     window.resize(900, 600);
     window.show();

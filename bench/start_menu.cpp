@@ -1,5 +1,5 @@
 // The program's own start, up to its menu, in the program folder given as the first argument.
-#include "QuitWhenShown.h"
+#include "TellWhenShown.h"
 
 #include "app/basMain.h"
 #include "base/Seams.h"
@@ -9,8 +9,8 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QuitWhenShown quit;
-    application.installEventFilter(&quit);
+    TellWhenShown teller;
+    application.installEventFilter(&teller);
     application.setApplicationName(u"Halvane"_qs);
     Text::assertConverters();
     Style::apply(application);

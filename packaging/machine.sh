@@ -49,7 +49,7 @@ as_root() {
 
 apt() {
     as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get --quiet --yes -o DPkg::Lock::Timeout=600 "$@" </dev/null
+        apt-get -qq --yes -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 "$@" </dev/null
 }
 
 # Installs those of the named packages that the machine lacks; touches nothing when it has them all.
@@ -77,6 +77,6 @@ configure_and_build() {
     local preset=$1
     shift
     say "Building ($preset)"
-    cmake --preset "$preset" --log-level=WARNING
+    cmake --preset "$preset" --log-level=WARNING >/dev/null
     cmake --build --preset "$preset" --parallel "$(nproc)" --target "$@"
 }

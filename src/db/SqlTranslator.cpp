@@ -290,6 +290,7 @@ QString SqlTranslator::word() {
         Operand left = operand();
         if (m_firstKind) *std::exchange(m_firstKind, nullptr) = left.kind;
         const QString behind = comparison(left);
+        refuseValue();
         return left.text + behind;
     }
     if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isArithmetic(token))) {
@@ -303,6 +304,11 @@ QString SqlTranslator::word() {
         raiseSqlError(u"この語はここでは使えません。"_qs, token);
     if (token.is(u"AS")) return u"AS "_qs + takeName();
     return token.text.toUpper();
+}
+
+// A value right behind a value would be taken as its new name, under which its column is not known any more.
+void SqlTranslator::refuseValue() const {
+    if (startsOperand(at())) raiseSqlError(u"この語はここでは使えません。"_qs, at());
 }
 
 // What may follow a value: a comparison, LIKE, IN or BETWEEN, whose literals take the kind of the value.
@@ -491,6 +497,7 @@ SqlTranslator::Operand SqlTranslator::bracket() {
         if (startsOperand(token)) {
             only = operand();
             const QString behind = comparison(only);
+            refuseValue();
             isCondition = isCondition || !behind.isEmpty();
             words << only.text + behind;
             continue;
@@ -505,7 +512,7 @@ SqlTranslator::Operand SqlTranslator::bracket() {
     const QString text = u'(' + words.join(u' ') + u')';
     if (isCondition && !isJoin) return {text, Kind::Truth, {}, false};
     if (words.size() > 1) return {text, Kind::Unknown, {}, false};
-    return {text, only.kind, {}, only.isSelect};
+    return {text, only.kind, only.literal, only.isSelect};
 }
 
 SqlTranslator::Operand SqlTranslator::function() {

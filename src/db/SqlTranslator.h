@@ -61,6 +61,7 @@ private:
     QString clauses();
     QString sortTerms();
     QString word();
+    void refuseValue() const;
     // What follows a value; a literal on the left takes the kind of the value on the right.
     QString comparison(Operand& left);
     QString listOf(const Operand& left);

@@ -158,6 +158,8 @@ private slots:
         row(u"SELECT SUM(^[名前1]) FROM [顧客情報]"_qs);
         row(u"SELECT * FROM [採番] WHERE [桁] ^LIKE '1%'"_qs);
         row(u"SELECT * FROM [採番] WHERE 'a' ^LIKE 'A%'"_qs);
+        row(u"SELECT * FROM [採番] WHERE ('a') ^LIKE 'A%'"_qs);
+        row(u"SELECT [桁] ^[年度] FROM [採番]"_qs);
         row(u"SELECT * FROM [採番] WHERE 'a' ^IN (SELECT [項目名] FROM [採番])"_qs);
         row(u"SELECT * FROM [採番] WHERE [項目名] LIKE ^[年度]"_qs);
         row(u"SELECT * FROM [採番] WHERE [項目名] LIKE ^'[a'"_qs);

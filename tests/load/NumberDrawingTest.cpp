@@ -19,7 +19,7 @@ struct Worker {
     qint64 longest = 0;
 
     void start(const QStringList& words) {
-        process->start(QCoreApplication::applicationDirPath() + u"/number_worker"_qs, words);
+        process->start(QStringLiteral(HALVANE_NUMBER_WORKER), words);
     }
     bool finish() {
         const bool done = process->waitForFinished(-1) && process->exitStatus() == QProcess::NormalExit;

@@ -5,6 +5,8 @@
 //
 // Writes each number that it has got for good on a line, then "longest", the milliseconds of the longest wait. An error
 // that an operator would have seen goes to standard error, and the process fails.
+#include "support/OrderSamples.h"
+
 #include "base/AppError.h"
 #include "base/Application.h"
 #include "base/clsProfile.h"
@@ -40,38 +42,15 @@ void drawNumbers(int count) {
     }
 }
 
-clsCsEstimate newEstimate() {
-    clsCsEstimate estimate;
-    estimate.CustId = u"00000001"_qs;
-    estimate.CustSubId = u"1"_qs;
-    estimate.ChartNo = u"1"_qs;
-    estimate.EstNm = u"短下肢装具"_qs;
-    estimate.ProcKbnNo = u"9"_qs;
-    estimate.EstSum = u"54000"_qs;
-    return estimate;
-}
-
-QList<clsCsEstAsk> claimsOf(const clsCsEstimate& estimate) {
-    QList<clsCsEstAsk> claims;
-    for (const QString& number : {u"1"_qs, u"2"_qs}) {
-        clsCsEstAsk claim;
-        claim.EstId = estimate.EstId;
-        claim.AskNo = number;
-        claim.AskPrice = u"27000"_qs;
-        claims << claim;
-    }
-    return claims;
-}
-
 QString saveOrder(Connection& connection, bool takeBack) {
     Transaction transaction(connection);
-    clsCsEstimate estimate = newEstimate();
-    gCsEstimateManager.SaveData(estimate);
-    gCsEstAskManager.SaveData(claimsOf(estimate));
+    EstimateDraft draft = OrderSamples::order(5, 2);
+    saveEstimate(connection, draft);
     if (takeBack) return {};
     transaction.commit();
-    gCsEstimateManager.UpdPayDate(estimate.EstId, u"2026/10/30"_qs, u"1"_qs, false); // a write without a transaction
-    return estimate.EstId;
+    const QString number = draft.estimate.EstId;
+    gCsEstimateManager.UpdPayDate(number, u"2026/10/30"_qs, u"1"_qs, false); // a write without a transaction
+    return number;
 }
 
 void saveOrders(Connection& connection, const QString& stopFile) {
