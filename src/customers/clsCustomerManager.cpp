@@ -22,10 +22,10 @@ QString keyFilter(const QString& CustId, const QString& CustSubId) {
 }
 
 QString sameQuestion(const clsCustomer& customer) {
-    return u"  氏    名：（%1 %2）\n  生年月日：（%3）\n  住    所：（%4 %5%6）\n  電話番号：（%7）\n\n"
+    return u"  氏    名：（%1 %2）\n  生年月日：（%3）\n  住    所：（%4 %5%6%7）\n  電話番号：（%8）\n\n"
            u"が同一のデータが既に登録済みです。同一顧客として枝番管理しますか？"_qs.arg(
                customer.CustNm1, customer.CustNm2, customer.Birth, customer.Pref, customer.City, customer.Addr1,
-               customer.Tel);
+               customer.Addr2, customer.Tel);
 }
 
 } // namespace
