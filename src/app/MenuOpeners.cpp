@@ -1,10 +1,17 @@
 #include "app/MenuOpeners.h"
 
 #include "estimates/screens/frmCsEstimate.h"
+#include "estimates/screens/frmCsEstimateList.h"
 
 const QHash<QString, MenuOpener>& menuOpeners() {
     static const QHash<QString, MenuOpener> table{
         {u"cbCsEstimate"_qs, [](QWidget* menu) { openScreen<frmCsEstimate>(menu); }},
+        {u"cbCsEstimateList"_qs,
+         [](QWidget* menu) {
+             openScreen<frmCsEstimateList>(
+                 menu, [](frmCsEstimateList& list) { list.OpenMode = frmCsEstimateList::fromMenu; },
+                 [](frmCsEstimateList&) {});
+         }},
     };
     return table;
 }

@@ -219,3 +219,27 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
         result << customer;
     }
 }
+
+QString clsCustomerManager::KeysWithEst(const QString& where, const QString& order) {
+    QString sql =
+        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE EXISTS (SELECT [顧客見積情報].[見積ID]"
+        u" FROM (([顧客見積情報] LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
+        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"
+        u" WHERE ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs;
+    if (!where.isEmpty()) sql += u" AND "_qs + where;
+    sql += u')';
+    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    return sql;
+}
+
+QString clsCustomerManager::listKey(const clsCustomer& customer) { return customer.CustId + u'|' + customer.CustSubId; }
+
+QList<clsCustomer> clsCustomerManager::customersOf(const QStringList& listKeys) {
+    QStringList ids;
+    for (const QString& key : listKeys) ids << sqlText(key.section(u'|', 0, -2));
+    QList<clsCustomer> customers;
+    if (!ids.isEmpty()) GetList(customers, u"[顧客ID] IN ("_qs + ids.join(u',') + u')');
+    return customers;
+}

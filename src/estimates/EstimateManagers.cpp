@@ -22,6 +22,20 @@ const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_q
 
 QString estimateFilter(const QString& EstId) { return u"[見積ID] = "_qs + sqlText(EstId); }
 
+// The tables that a list of estimates can be filtered and sorted by.
+QString listClauses(const QString& where, const QString& order) {
+    QString sql =
+        u" FROM ((([顧客見積情報] LEFT JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
+        u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
+        u" LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
+        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
+    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    return sql;
+}
+
 QString drawn(const QString& series) {
     const QString number = gAutoIdsManager.GetNewId(series);
     if (number.isEmpty())
@@ -110,6 +124,22 @@ void clsCsEstimateManager::DeleteData(const QString& EstId) {
 
 void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers,
                                           QList<clsChart>& charts, const QString& where, const QString& order) {
+    ForEachWithMst(where, order, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+        estimates << estimate;
+        customers << customer;
+        charts << chart;
+    });
+}
+
+QString clsCsEstimateManager::KeysWithMst(const QString& where, const QString& order) {
+    return u"SELECT [顧客見積情報].[見積ID]"_qs + listClauses(where, order);
+}
+
+qint64 clsCsEstimateManager::CountWithMst(const QString& where) {
+    return connection().scalar(u"SELECT COUNT(*)"_qs + listClauses(where, {})).toLongLong();
+}
+
+void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& order, const ListRow& take) {
     static const QList<Field<clsCsEstimate>> estimateFields{
         {&clsCsEstimate::EstId, u"見積ID"_qs},          {&clsCsEstimate::CustId, u"顧客ID"_qs},
         {&clsCsEstimate::CustSubId, u"顧客枝番"_qs},    {&clsCsEstimate::EstNo, u"見積番号"_qs},
@@ -128,16 +158,7 @@ void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList
     for (const auto& field : estimateFields) columns << u"[顧客見積情報].[%1]"_qs.arg(field.column);
     for (const auto& field : customerFields) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
     columns << u"[顧客カルテ].[受注先]"_qs;
-    QString sql =
-        u"SELECT "_qs + columns.join(u", "_qs) +
-        u" FROM ((([顧客見積情報] LEFT JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
-        u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
-        u" LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
-        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
-        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
-    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
-    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    const QString sql = u"SELECT "_qs + columns.join(u", "_qs) + listClauses(where, order);
     WriteSqlLog(sql);
     Recordset rows = connection().query(sql);
     while (rows.next()) {
@@ -147,9 +168,7 @@ void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList
         for (const auto& field : estimateFields) estimate.*field.member = rows.value(field.column);
         for (const auto& field : customerFields) customer.*field.member = rows.value(field.column);
         chart.OrderNm = rows.value(u"受注先"_qs);
-        estimates << estimate;
-        customers << customer;
-        charts << chart;
+        take(estimate, customer, chart);
     }
 }
 

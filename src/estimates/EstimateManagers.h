@@ -5,6 +5,8 @@
 #include "db/TableManager.h"
 #include "estimates/EstimateRecords.h"
 
+#include <functional>
+
 // Reading and writing of estimates, one manager for each table. They start no transaction, take no decisions and do not
 // know of each other; the caller binds a whole estimate together.
 
@@ -22,6 +24,12 @@ public:
     // texts.
     void GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers, QList<clsChart>& charts,
                         const QString& where, const QString& order);
+    // The same one by one, for lists of any length.
+    using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
+    void ForEachWithMst(const QString& where, const QString& order, const ListRow& take);
+    // The statement that gives the 見積ID of the same rows, and how many they are.
+    static QString KeysWithMst(const QString& where, const QString& order);
+    qint64 CountWithMst(const QString& where);
     // Payment completed on a date, or taken back: an empty date with the flag sets 未回収.
     void UpdPayDate(const QString& EstId, const QString& PayDate, const QString& UpdUserNo, bool Flag);
     void UpUrikake(const QString& EstId, const QString& Articles, const QString& EquipMent, const QString& Payment,

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -32,8 +33,8 @@ void Grid::setColumns(const QList<GridColumn>& columns) {
     m_model->setColumns(columns);
     clearSortMark();
     for (int i = 0; i < columns.size(); ++i) QTableView::setColumnHidden(i, columns.at(i).hidden);
-    setSelectionBehavior(isReadOnly() ? SelectRows : SelectItems);
-    setProperty("list", isReadOnly()); // for the style
+    setSelectionBehavior(isList() ? SelectRows : SelectItems);
+    setProperty("list", isList()); // for the style
     style()->polish(this);
     applyWidths();
 }
@@ -49,12 +50,21 @@ void Grid::setEntries(int column, const QStringList& texts) {
 void Grid::applyWidths() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(this, column(i).width));
-    horizontalHeader()->setStretchLastSection(columns() > 0 && isReadOnly());
+    horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
 }
 
-bool Grid::isReadOnly() const {
+bool Grid::isList() const {
     const auto& all = m_model->columns();
-    return std::none_of(all.begin(), all.end(), [](const GridColumn& column) { return column.editable; });
+    const auto changes = std::count_if(all.begin(), all.end(), [](const GridColumn& column) { return column.editable; });
+    return changes == 0 || (changes == 1 && tickColumn() >= 0);
+}
+
+int Grid::tickColumn() const {
+    const auto& all = m_model->columns();
+    const auto tick = std::find_if(all.begin(), all.end(), [](const GridColumn& column) {
+        return column.editable && column.kind == GridColumn::Check;
+    });
+    return tick == all.end() ? -1 : static_cast<int>(tick - all.begin());
 }
 
 // --- rows and cells ---
@@ -62,6 +72,18 @@ bool Grid::isReadOnly() const {
 void Grid::setRows(int rows) { m_model->setRowCount(rows); }
 
 void Grid::setSource(int rows, GridModel::RowSource source) { m_model->setSource(rows, std::move(source)); }
+
+void Grid::setFilling(bool filling) {
+    m_filling = filling;
+    viewport()->update();
+}
+
+void Grid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (!m_filling || rows() > 0) return;
+    QPainter painter(viewport());
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, u"読み込んでいます…"_qs);
+}
 
 void Grid::addRow(const QStringList& values) {
     insertRow(rows() + 1);
@@ -178,14 +200,15 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     const QModelIndex index = currentIndex();
     const bool plain = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
     if (!index.isValid() || !plain) return QTableView::keyPressEvent(event);
-    const bool ticks = column(index.column()).kind == GridColumn::Check;
+    const int tick = isList() ? tickColumn() : index.column();
+    const bool ticks = tick >= 0 && column(tick).kind == GridColumn::Check;
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return isReadOnly() ? emit rowOpened(currentRow()) : goToNextCell();
+        return isList() ? emit rowOpened(currentRow()) : goToNextCell();
     case Qt::Key_Space:
         if (!ticks) break;
-        toggleCheck(currentRow(), currentColumn());
+        toggleCheck(currentRow(), tick);
         return;
     case Qt::Key_Delete:
         if (!ticks && mayEdit(index)) takeEdit(index, {});

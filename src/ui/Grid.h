@@ -8,7 +8,8 @@
 // A table of text cells. Rows count from 1 for the first data row; columns carry the numbers of the list that set them.
 //
 // Return goes to the next cell to fill; typing, F2 or a double click starts an edit, Delete empties a cell and Space
-// turns a tick box. In a read-only grid Return opens the row.
+// turns a tick box. In a list, where nothing or but one tick can be changed, Return opens the row and Space turns the
+// row's tick.
 class Grid : public QTableView {
     Q_OBJECT
 
@@ -29,8 +30,12 @@ public:
     int rows() const { return m_model->rowCount(); }
     // So many empty rows; what was there is gone.
     void setRows(int rows);
-    // Rows that are asked for as they are needed.
+    // Rows that are asked for as they are looked at, and more of them, up to so many in all.
     void setSource(int rows, GridModel::RowSource source);
+    void growSource(int rows) { m_model->growSource(rows); }
+    // While more rows are on their way; an empty grid says so.
+    void setFilling(bool filling);
+    bool isFilling() const { return m_filling; }
     void addRow(const QStringList& values);
     void insertRow(int row);
     void removeRow(int row);
@@ -93,6 +98,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void changeEvent(QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     friend class GridDelegate;
@@ -102,7 +108,8 @@ private:
     void goToNextCell();
     QModelIndex nextCellToFill(const QModelIndex& from) const;
     int firstFillColumn(int row) const;
-    bool isReadOnly() const;
+    bool isList() const;
+    int tickColumn() const; // -1: none
     void applyWidths();
     bool showsRow(int row) const { return row >= 1 && row <= rows(); }
 
@@ -110,4 +117,5 @@ private:
     mutable QPointer<QWidget> m_editor;
     int m_sortColumn = -1;
     bool m_sortUpwards = true;
+    bool m_filling = false;
 };

@@ -8,6 +8,12 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+constexpr int rowsKept = 1'000;
+
+} // namespace
+
 GridEntry GridEntry::parse(const QString& text) {
     const qsizetype separator = text.indexOf(u';');
     if (!text.startsWith(u'#') || separator < 0) return {text, text, {}};
@@ -35,6 +41,7 @@ void GridModel::setTitleMark(int column, const QString& mark) {
 void GridModel::setRowCount(int rows) {
     beginResetModel();
     m_source = nullptr;
+    m_lookedAt.clear();
     m_rows.assign(rows, {});
     endResetModel();
 }
@@ -42,9 +49,20 @@ void GridModel::setRowCount(int rows) {
 void GridModel::setSource(int rows, RowSource source) {
     beginResetModel();
     m_source = std::move(source);
-    m_rows.assign(rows, {});
-    for (int row = 0; row < rows; ++row) m_rows[row].source = row;
+    m_lookedAt.clear();
+    m_lookedAt.setMaxCost(rowsKept);
+    m_rows.clear();
+    m_rows.reserve(rows);
+    for (m_sourceRows = 0; m_sourceRows < rows; ++m_sourceRows) m_rows.push_back({m_sourceRows, false, {}});
     endResetModel();
+}
+
+void GridModel::growSource(int rows) {
+    if (rows <= m_sourceRows) return;
+    const int first = rowCount();
+    beginInsertRows({}, first, first + rows - m_sourceRows - 1);
+    for (; m_sourceRows < rows; ++m_sourceRows) m_rows.push_back({m_sourceRows, false, {}});
+    endInsertRows();
 }
 
 void GridModel::insertEmptyRow(int row) {
@@ -64,19 +82,30 @@ void GridModel::swapTwoRows(int first, int second) {
     for (const int row : {first, second}) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
-GridModel::Row& GridModel::loaded(int row) const {
-    Row& entry = m_rows[row];
-    if (entry.source >= 0) entry.values = m_source(std::exchange(entry.source, -1));
-    entry.values.resize(m_columns.size());
-    return entry;
+const QStringList& GridModel::cells(int row) const {
+    const Row& entry = m_rows[row];
+    if (entry.own) return entry.values;
+    if (const QStringList* kept = m_lookedAt.object(entry.source)) return *kept;
+    auto* values = new QStringList(m_source(entry.source));
+    m_lookedAt.insert(entry.source, values);
+    return *values;
 }
 
-QString GridModel::value(int row, int column) const { return loaded(row).values.at(column); }
+QStringList& GridModel::ownCells(int row) {
+    Row& entry = m_rows[row];
+    if (!entry.own) {
+        entry.values = cells(row);
+        entry.own = true;
+    }
+    entry.values.resize(m_columns.size());
+    return entry.values;
+}
+
+QString GridModel::value(int row, int column) const { return cells(row).value(column); }
 
 void GridModel::setValue(int row, int column, const QString& value) {
-    QString& cell = loaded(row).values[column];
-    if (cell == value) return;
-    cell = value;
+    if (this->value(row, column) == value) return;
+    ownCells(row)[column] = value;
     emit dataChanged(index(row, column), index(row, column));
 }
 

@@ -3,13 +3,14 @@
 #include "ui/GridColumn.h"
 
 #include <QAbstractTableModel>
+#include <QCache>
 
 #include <functional>
 #include <optional>
 #include <vector>
 
-// The cells of a grid as text. Rows may come from a source that is asked for a row when it is first needed; from then
-// on the row is like any other. Rows and columns count from 0 here.
+// The cells of a grid as text. Rows may come from a source that is asked for a row when it is looked at; only the rows
+// looked at last are kept, and those that were written to. Rows and columns count from 0 here.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -26,6 +27,8 @@ public:
 
     void setRowCount(int rows);
     void setSource(int rows, RowSource source);
+    // More rows of the same source, up to so many in all.
+    void growSource(int rows);
     void insertEmptyRow(int row);
     void removeOneRow(int row);
     void swapTwoRows(int first, int second);
@@ -46,16 +49,21 @@ public:
 
 private:
     struct Row {
-        int source = -1; // a row of the source that was not needed yet
+        int source = -1; // its place in the source
+        bool own = true; // its values stand here, not in the source
         QStringList values;
     };
 
-    Row& loaded(int row) const;
+    // The cells of a row, and the same to write to.
+    const QStringList& cells(int row) const;
+    QStringList& ownCells(int row);
     QVariant background(const GridColumn& column) const;
 
     QList<GridColumn> m_columns;
     RowSource m_source;
-    mutable std::vector<Row> m_rows;
+    int m_sourceRows = 0;
+    std::vector<Row> m_rows;
+    mutable QCache<int, QStringList> m_lookedAt; // by place in the source
     int m_markedColumn = -1;
     QString m_mark;
 };

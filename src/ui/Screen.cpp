@@ -79,7 +79,7 @@ void Screen::takeReturn(bool forwards) {
     if (auto* button = qobject_cast<QAbstractButton*>(current); button && forwards && isCommand(button))
         return button->click();
     const auto work = m_returnWork.value(current);
-    if (forwards && work && leaveField() && !guarded(work)) return;
+    if (forwards && work && leaveField() && (!guarded(work) || focusWidget() != current)) return;
     goToNextField(forwards);
 }
 

@@ -4,7 +4,8 @@
 #include "ui/frmSelectList.h"
 
 std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Recordset rows,
-                                      const QStringList& hidden, TellMissing tell) {
+                                      const QStringList& hidden, TellMissing tell,
+                                      const std::function<QString(QWidget* parent)>& estDetail) {
     SelectRows table;
     table.columns = rows.fields();
     while (rows.next()) {
@@ -23,6 +24,7 @@ std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Rec
             list.Recordset = table;
             list.TblName = title;
             list.HideCols = hidden;
+            list.EstDetail = estDetail;
         },
         [&](frmSelectList& list) {
             if (!list.Cancel) chosen = list.Selected;

@@ -37,6 +37,11 @@ bool anyButtonDown(const QWidget* screen) {
     return std::any_of(buttons.begin(), buttons.end(), [](const QAbstractButton* button) { return button->isDown(); });
 }
 
+bool anyGridFilling(const QWidget* screen) {
+    const auto grids = screen->findChildren<Grid*>();
+    return std::any_of(grids.begin(), grids.end(), [](const Grid* grid) { return grid->isFilling(); });
+}
+
 } // namespace
 
 QWidget* Desk::topmostOrNone() {
@@ -107,5 +112,5 @@ bool Desk::isAtRest() {
         QApplication::setActiveWindow(screen);
         return false;
     }
-    return !anyButtonDown(screen);
+    return !anyButtonDown(screen) && !anyGridFilling(screen);
 }

@@ -27,7 +27,8 @@ Grid* usableGrid(const QString& name);
 // Raises a StepFailure for a row or column that a grid does not have.
 void checkPlace(const Grid* grid, int row, int column);
 
-// Whether events that were set going have come to rest: the topmost screen is active and no button is being pressed.
+// Whether events that were set going have come to rest: the topmost screen is active, no button is being pressed and
+// no list waits for its rows.
 bool isAtRest();
 
 } // namespace Desk

@@ -7,6 +7,7 @@
 #include "estimates/EstimateDates.h"
 #include "estimates/screens/FormPieces.h"
 #include "estimates/screens/InsuranceGrid.h"
+#include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
 #include "reference/clsZipManager.h"
 #include "ui/Grid.h"
@@ -287,9 +288,14 @@ void CsEstimateBasicPage::chooseCustomer() {
                                         {u"名前2"_qs, ui->txtName2->value()},
                                         {u"フリガナ1"_qs, ui->txtKana1->value()},
                                         {u"フリガナ2"_qs, ui->txtKana2->value()}});
+    std::optional<frmCsEstimateList::Choice> estimate;
     const auto chosen = SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
-                                   {u"顧客ID"_qs, u"顧客枝番"_qs});
-    if (!chosen) return;
+                                   {u"顧客ID"_qs, u"顧客枝番"_qs}, TellMissing::Yes, [&](QWidget* parent) {
+                                       estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
+                                       return estimate ? estimate->EstId : QString();
+                                   });
+    if (estimate) emit estimateChosen(estimate->EstId, estimate->EditMode);
+    if (!chosen || estimate) return;
     clsCustomer customer;
     if (!gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer)) return;
     showCustomer(customer, {}, {}, insuranceRowsOf(customer.CustId, customer.CustSubId));

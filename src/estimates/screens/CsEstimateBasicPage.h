@@ -45,6 +45,8 @@ signals:
     void insurancesChanged();
     // A customer was chosen whose numbers the header shows.
     void customerChosen(const clsCustomer& customer);
+    // An estimate was chosen in the list of the person's estimates.
+    void estimateChosen(const QString& EstId, qint16 mode);
 
 private:
     void connectPerson();

@@ -11,6 +11,7 @@
 #include "estimates/EstimateName.h"
 #include "estimates/Repricing.h"
 #include "estimates/screens/FormPieces.h"
+#include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
 #include "ui_AmountsBlock.h"
 #include "ui_CsEstimateBasicPage.h"
@@ -76,6 +77,8 @@ void frmCsEstimate::connectPages() {
         showNumbers(m_draft);
         m_edited = true;
     });
+    connect(ui->pagBasic, &CsEstimateBasicPage::estimateChosen, this,
+            [this](const QString& id, qint16 mode) { guarded([&] { openStored(id, mode); }); });
     connect(ui->pagItem, &CsEstimateItemPage::changed, this, [this] { m_edited = true; });
     connect(ui->pagItem, &CsEstimateItemPage::rowsMoved, this, [this](const QList<int>& formerRows) {
         m_draft.lines.renumber([&](int former) { return static_cast<int>(formerRows.indexOf(former)) + 1; });
@@ -138,8 +141,9 @@ void frmCsEstimate::connectCommands() {
     onClick(pages.cmdEtcPrt_0, [this] { printTicked(EstimatePrinting::To::Preview); });
     onClick(pages.cmdEtcPrt_1, [this] { printTicked(EstimatePrinting::To::Printer); });
     onClick(ui->pagBasic->ui->cmdEtcPrt_2, [this] { printReceipt(); });
+    onClick(ui->cmdEstList, [this] { chooseEstimate(); });
     // What these open is not there yet.
-    for (QPushButton* later : {ui->cmdEstList, ui->pagItem->ui->cmdInsEstMst, ui->pagBasic->ui->cmdProductSelect,
+    for (QPushButton* later : {ui->pagItem->ui->cmdInsEstMst, ui->pagBasic->ui->cmdProductSelect,
                                ui->pagBasic->ui->cmdOpnPrt_2, pages.cmdOpnPrt_0, pages.cmdOpnPrt_1})
         later->setEnabled(false);
 }
@@ -228,6 +232,13 @@ void frmCsEstimate::showStored(const QString& id) {
     }
     EstId = id;
     showOrder(stored);
+}
+
+bool frmCsEstimate::openStored(const QString& id, qint16 mode) {
+    if (!queryUnload()) return false;
+    showStored(id);
+    setMode(mode);
+    return true;
 }
 
 void frmCsEstimate::showEmpty() {
@@ -468,6 +479,14 @@ void frmCsEstimate::receiveAgain() {
 }
 
 // --- header commands ---
+
+void frmCsEstimate::chooseEstimate() {
+    if (frmCsEstimateList::isOpen()) {
+        ShowMessage(902, u"検索画面は既に開いています。\n「閉じる」ボタンで、一覧画面に戻ってください"_qs);
+        return;
+    }
+    if (const auto choice = frmCsEstimateList::choose(this)) openStored(choice->EstId, choice->EditMode);
+}
 
 void frmCsEstimate::markUncollected() {
     if (ui->lblStatus->text() == WorkStatus::UncollectedName) {

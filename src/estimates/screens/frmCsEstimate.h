@@ -26,6 +26,9 @@ public:
     qint16 EditMode = Add;
     bool Updated = false;
 
+    // Takes up another stored estimate in a mode, after the question about unsaved work. False when the operator stays.
+    bool openStored(const QString& id, qint16 mode);
+
 protected:
     void load() override;
     bool queryUnload() override;
@@ -75,6 +78,7 @@ private:
     void receiveAgain();
     void removeEstimate();
     void markUncollected();
+    void chooseEstimate();
     void proposeName();
     void RepriceAll();
 

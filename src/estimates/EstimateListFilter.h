@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// What the estimate list is searched by, as it stands in the fields. An empty text asks nothing; dates are "yyyy/mm/dd".
+struct EstimateListFilter {
+    struct Period {
+        QString from, to;
+    };
+
+    QString CsNo, Name1, Name2, Kana1, Kana2, Birth, Zip, Pref, City, Addr, TelNo;
+    QString InsNo, ClaimCd, ClaimNm; // InsNo is a 法別No
+    QString EstNo, ProductCd, ProductNm, Producer;
+    QStringList ProcKbn; // 処理区分番号; none: any
+    Period RecvDate, PickPtnDate, DelvFinDate, LifeEnd;
+    QString DiseaseNm, OrderCd, OrderNm, Doctor;
+
+    // The condition over the tables of the list (see `clsCsEstimateManager::GetListWithMst`); empty when nothing is
+    // asked. Signs such as % in a text stand for themselves.
+    QString condition() const;
+};
+
+// One branch of a person.
+struct CustomerKey {
+    QString CustId, CustSubId;
+    auto operator<=>(const CustomerKey&) const = default;
+};
+
+// The condition narrowed to these customers; with none it stays as it is.
+QString withCustomers(const QString& condition, const QList<CustomerKey>& customers);

@@ -1,0 +1,178 @@
+#include "estimates/screens/EstimateSearchPage.h"
+
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "customers/clsCustomerManager.h"
+#include "db/clsDbManager.h"
+#include "estimates/screens/FormPieces.h"
+#include "reference/ReferenceManagers.h"
+#include "ui/SelectFrom.h"
+#include "ui/basControlUtil.h"
+#include "ui_EstimateSearchPage.h"
+
+namespace {
+
+constexpr int statusBoxes = 10;
+constexpr char statusNumber[] = "procKbnNo";
+
+const QString inUse = u"[有効Flg] = 0"_qs;
+
+// "[column] LIKE 'text%'", or nothing when the text is empty.
+QString startingWith(const QString& column, const QString& text) {
+    return text.isEmpty() ? QString() : u'[' + column + u"] LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
+}
+
+QString joined(QStringList terms) {
+    terms.removeAll(QString());
+    return terms.join(u" AND "_qs);
+}
+
+} // namespace
+
+EstimateSearchPage::EstimateSearchPage(QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::EstimateSearchPage>()) {
+    ui->setupUi(this);
+    FormPieces::applyCharacters(this);
+    const auto choose = [this](QPushButton* button, void (EstimateSearchPage::*work)()) {
+        connect(button, &QPushButton::clicked, this, [this, work] { guarded([this, work] { (this->*work)(); }); });
+    };
+    choose(ui->cmdCustSelect, &EstimateSearchPage::chooseCustomer);
+    choose(ui->cmdClaimSelect, &EstimateSearchPage::chooseClaim);
+    choose(ui->cmdOrderSelect, &EstimateSearchPage::chooseOrder);
+    choose(ui->cmdProductSelect, &EstimateSearchPage::chooseProduct);
+    connect(ui->cboPref, &ChoiceBox::valueChanged, this, [this] {
+        guarded([this] {
+            const QString city = ui->cboCity->text();
+            FillCityList(ui->cboCity, ui->cboPref->text());
+            ui->cboCity->setText(city);
+        });
+    });
+    connect(ui->txtZip, &TextField::valueSettled, this, [this] { ui->txtZip->setValue(FormatZip(ui->txtZip->value())); });
+}
+
+EstimateSearchPage::~EstimateSearchPage() = default;
+
+void EstimateSearchPage::fillLists() {
+    FillPrefList(ui->cboPref);
+    FillCityList(ui->cboCity, {});
+    FillInsList(ui->cboIns, inUse, u"[順番]"_qs, {.all = true});
+    FillDoctorList(ui->cboDoctor, inUse);
+    FillProducerList(ui->cboProducer, inUse);
+    fillStatuses();
+}
+
+void EstimateSearchPage::fillStatuses() {
+    QList<clsProcKbn> rows;
+    gProcKbnManager.GetList(rows, {}, u"[処理区分番号]"_qs);
+    const QList<QCheckBox*> boxes = statuses();
+    for (int i = 0; i < boxes.size(); ++i) {
+        const clsProcKbn status = rows.value(i);
+        boxes.at(i)->setText(status.ProcKbnNm1);
+        boxes.at(i)->setProperty(statusNumber, status.ProcKbnNo);
+        boxes.at(i)->setVisible(i < rows.size());
+    }
+}
+
+QList<QCheckBox*> EstimateSearchPage::statuses() const {
+    QList<QCheckBox*> boxes;
+    for (int i = 0; i < statusBoxes; ++i) boxes << findChild<QCheckBox*>(u"chkProcKbn_%1"_qs.arg(i));
+    return boxes;
+}
+
+void EstimateSearchPage::tickAllStatuses() {
+    for (QCheckBox* box : statuses()) box->setChecked(!box->property(statusNumber).toString().isEmpty());
+}
+
+void EstimateSearchPage::showNames(const QString& name1, const QString& name2) {
+    ui->txtName1->setValue(name1);
+    ui->txtName2->setValue(name2);
+}
+
+EstimateListFilter EstimateSearchPage::filter() const {
+    EstimateListFilter filter;
+    filter.CsNo = ui->txtCsNo->value();
+    filter.Name1 = ui->txtName1->value();
+    filter.Name2 = ui->txtName2->value();
+    filter.Kana1 = ui->txtKana1->value();
+    filter.Kana2 = ui->txtKana2->value();
+    filter.Birth = ui->idtBirth->value();
+    filter.Zip = ui->txtZip->value();
+    filter.Pref = ui->cboPref->text();
+    filter.City = ui->cboCity->text();
+    filter.Addr = ui->txtAddr->value();
+    filter.TelNo = ui->txtTelNo->value();
+    filter.InsNo = ui->cboIns->data();
+    filter.ClaimCd = ui->txtClaimCd->value();
+    filter.ClaimNm = ui->txtClaimNm->value();
+    filter.EstNo = ui->txtEstNo->value();
+    filter.ProductCd = ui->txtProductCd->value();
+    filter.ProductNm = ui->txtProductNm->value();
+    filter.Producer = ui->cboProducer->text();
+    for (const QCheckBox* box : statuses())
+        if (box->isChecked()) filter.ProcKbn << box->property(statusNumber).toString();
+    filter.RecvDate = {ui->idtRecvDate_0->value(), ui->idtRecvDate_1->value()};
+    filter.PickPtnDate = {ui->idtPickPtnDate_0->value(), ui->idtPickPtnDate_1->value()};
+    filter.DelvFinDate = {ui->idtDelvFinDate_0->value(), ui->idtDelvFinDate_1->value()};
+    filter.LifeEnd = {ui->idtLifeEnd_0->value(), ui->idtLifeEnd_1->value()};
+    filter.DiseaseNm = ui->txtDiseaseNm->value();
+    filter.OrderCd = ui->txtOrderCd->value();
+    filter.OrderNm = ui->txtOrderNm->value();
+    filter.Doctor = ui->cboDoctor->text();
+    return filter;
+}
+
+QList<QWidget*> EstimateSearchPage::fields() const {
+    QList<QWidget*> fields;
+    for (EntryField* field : findChildren<EntryField*>()) fields << field;
+    for (ChoiceBox* box : findChildren<ChoiceBox*>()) fields << box;
+    for (QCheckBox* box : findChildren<QCheckBox*>()) fields << box;
+    for (QWidget* code : {ui->txtClaimCd, ui->txtOrderCd, ui->txtProductCd}) fields.removeOne(code);
+    return fields;
+}
+
+bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->fraCust->isAncestorOf(field); }
+
+// --- selection lists ---
+
+void EstimateSearchPage::chooseCustomer() {
+    const QString where = joined({startingWith(u"顧客番号"_qs, ui->txtCsNo->value()),
+                                  startingWith(u"名前1"_qs, ui->txtName1->value()),
+                                  startingWith(u"名前2"_qs, ui->txtName2->value()),
+                                  startingWith(u"フリガナ1"_qs, ui->txtKana1->value()),
+                                  startingWith(u"フリガナ2"_qs, ui->txtKana2->value())});
+    const auto chosen = SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
+                                   {u"顧客ID"_qs, u"顧客枝番"_qs});
+    clsCustomer customer;
+    if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer)) return;
+    ui->txtCsNo->setValue(customer.CustNo);
+    showNames(customer.CustNm1, customer.CustNm2);
+    ui->txtKana1->setValue(customer.CustKn1);
+    ui->txtKana2->setValue(customer.CustKn2);
+}
+
+void EstimateSearchPage::chooseClaim() {
+    const QString where = joined({inUse, startingWith(u"請求先コード"_qs, ui->txtClaimCd->value())});
+    const auto chosen = SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, u"[順番]"_qs), {u"請求先No"_qs});
+    if (!chosen) return;
+    ui->txtClaimCd->setValue(chosen->value(u"請求先コード"_qs));
+    ui->txtClaimNm->setValue(chosen->value(u"請求先"_qs));
+}
+
+void EstimateSearchPage::chooseOrder() {
+    const QString where = joined({inUse, startingWith(u"受注先コード"_qs, ui->txtOrderCd->value())});
+    const auto chosen = SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
+    if (!chosen) return;
+    ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
+    ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
+}
+
+void EstimateSearchPage::chooseProduct() {
+    const QString where = startingWith(u"製品コード"_qs, ui->txtProductCd->value());
+    Recordset products = gDbManager.Connection().query(
+        u"SELECT [製品ID], [製品コード], [製品名称] FROM [マスタ見積情報]"_qs +
+        (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u" ORDER BY [製品コード]"_qs);
+    const auto chosen = SelectFrom(this, u"マスタ見積"_qs, std::move(products), {u"製品ID"_qs});
+    if (!chosen) return;
+    ui->txtProductCd->setValue(chosen->value(u"製品コード"_qs));
+    ui->txtProductNm->setValue(chosen->value(u"製品名称"_qs));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "estimates/EstimateListFilter.h"
+#include "ui/SelectRows.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class EstimateSearchPage;
+}
+
+class QCheckBox;
+
+// What the estimate list is searched by: person, estimate, dates, case.
+class EstimateSearchPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit EstimateSearchPage(QWidget* parent = nullptr);
+    ~EstimateSearchPage() override;
+
+    void fillLists();
+    EstimateListFilter filter() const;
+    void showNames(const QString& name1, const QString& name2);
+    void tickAllStatuses();
+
+    // Every field that takes an entry, but for those whose Return opens a selection list.
+    QList<QWidget*> fields() const;
+    bool asksForPerson(const QWidget* field) const;
+
+    // The selection lists beside the fields; a cancelled one leaves them as they are.
+    void chooseCustomer();
+    void chooseClaim();
+    void chooseOrder();
+    void chooseProduct();
+
+    const std::unique_ptr<Ui::EstimateSearchPage> ui;
+
+private:
+    void fillStatuses();
+    QList<QCheckBox*> statuses() const;
+};

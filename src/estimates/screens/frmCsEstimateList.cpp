@@ -1,0 +1,305 @@
+#include "estimates/screens/frmCsEstimateList.h"
+
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "customers/clsCustomerManager.h"
+#include "db/clsDbManager.h"
+#include "estimates/EstimateManagers.h"
+#include "estimates/screens/EstimateSearchPage.h"
+#include "estimates/screens/frmCsEstimate.h"
+#include "reference/ReferenceManagers.h"
+#include "ui/KeyedList.h"
+#include "ui_EstimateSearchPage.h"
+#include "ui_frmCsEstimateList.h"
+
+#include <QShortcut>
+
+int frmCsEstimateList::s_open = 0;
+
+namespace {
+
+enum CustomerColumn { Tick, CustId, CustSubId, CustNo, CustName, CustKana, Tel, Pref, City };
+enum EstimateColumn { Id, Number, Name, EstNo, PickPtn, DelvFin, Product, EstName, Sum, Order, Status };
+
+GridColumn column(const QString& title, int width) {
+    GridColumn column;
+    column.title = title;
+    column.width = width;
+    return column;
+}
+
+QList<GridColumn> customerColumns() {
+    QList<GridColumn> columns{column(u"選択"_qs, 5),    column(u"顧客ID"_qs, 12), column(u"顧客枝番"_qs, 8),
+                              column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 24),   column(u"フリガナ"_qs, 26),
+                              column(u"電話番号"_qs, 15), column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
+    columns[Tick].kind = GridColumn::Check;
+    columns[Tick].editable = true;
+    columns[CustSubId].kind = GridColumn::Number;
+    return columns;
+}
+
+QList<GridColumn> estimateColumns() {
+    QList<GridColumn> columns{column(u"見積ID"_qs, 11),   column(u"顧客番号"_qs, 11),   column(u"氏名"_qs, 18),
+                              column(u"見積番号"_qs, 11), column(u"採型日"_qs, 9),      column(u"納品日"_qs, 9),
+                              column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 30), column(u"金額"_qs, 11),
+                              column(u"受注先"_qs, 20),   column(u"作業状況"_qs, 9)};
+    columns[Sum].kind = GridColumn::Number;
+    for (const int date : {PickPtn, DelvFin}) columns[date].alignment = Qt::AlignHCenter;
+    return columns;
+}
+
+// What a click on a heading sorts by, and what follows of equal ones.
+struct SortColumn {
+    int column;
+    QStringList terms;
+};
+
+const QList<SortColumn>& sortColumns() {
+    static const QList<SortColumn> table{{Name, {u"[顧客情報].[名前1]"_qs, u"[顧客情報].[名前2]"_qs}},
+                                         {PickPtn, {u"[顧客見積情報].[採型日]"_qs}},
+                                         {DelvFin, {u"[顧客見積情報].[納品実績日]"_qs}},
+                                         {Product, {u"[顧客見積情報].[製品コード]"_qs}},
+                                         {EstName, {u"[顧客見積情報].[見積名称]"_qs}},
+                                         {Sum, {u"[顧客見積情報].[見積総合計]"_qs}},
+                                         {Order, {u"[顧客カルテ].[受注先]"_qs}},
+                                         {Status, {u"[顧客見積情報].[処理区分]"_qs}}};
+    return table;
+}
+
+const SortColumn* sortColumn(int column) {
+    for (const SortColumn& known : sortColumns())
+        if (known.column == column) return &known;
+    return nullptr;
+}
+
+const QString byId = u"[顧客見積情報].[見積ID]"_qs;
+
+QString shortDate(const QString& date) { return formatDate(date, u"yy/mm/dd"_qs); }
+
+// --- the rows by their keys ---
+
+QHash<QString, QStringList> fetchCustomers(const QStringList& keys) {
+    QHash<QString, QStringList> rows;
+    for (const clsCustomer& customer : gCustomerManager.customersOf(keys))
+        rows.insert(clsCustomerManager::listKey(customer),
+                    {u"0"_qs, customer.CustId, customer.CustSubId, customer.CustNo,
+                     JoinWithSpace(customer.CustNm1, customer.CustNm2), JoinWithSpace(customer.CustKn1, customer.CustKn2),
+                     customer.Tel, customer.Pref, customer.City});
+    return rows;
+}
+
+QHash<QString, QStringList> fetchEstimates(const QStringList& keys) {
+    QStringList ids;
+    for (const QString& key : keys) ids << sqlText(key);
+    QHash<QString, QStringList> rows;
+    gCsEstimateManager.ForEachWithMst(
+        byId + u" IN ("_qs + ids.join(u',') + u')', {},
+        [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+            rows.insert(estimate.EstId,
+                        {estimate.EstId, customer.CustNo, JoinWithSpace(customer.CustNm1, customer.CustNm2),
+                         estimate.EstNo, shortDate(estimate.PickPtnDate), shortDate(estimate.DelvFinDate),
+                         estimate.ProductCd, estimate.EstNm, formatThousands(estimate.EstSum), chart.OrderNm,
+                         estimate.ProcKbnNo});
+        });
+    return rows;
+}
+
+GridEntries statusEntries() {
+    QList<clsProcKbn> rows;
+    gProcKbnManager.GetList(rows);
+    GridEntries entries;
+    for (const clsProcKbn& row : rows) entries << GridEntry{row.ProcKbnNo, row.ProcKbnNm1, {}};
+    return entries;
+}
+
+} // namespace
+
+frmCsEstimateList::frmCsEstimateList(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
+    ++s_open;
+    ui->setupUi(this);
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
+    ui->flxCustList->setColumns(customerColumns());
+    ui->flxEstList->setColumns(estimateColumns());
+    const ConnectionSettings& database = gDbManager.Connection().settings();
+    m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database, fetchCustomers);
+    m_estimates = new KeyedList(ui->flxEstList, ui->txtEstCnt, database, fetchEstimates);
+    setUpTabKeys();
+    connectSearch();
+    connectLists();
+    connectCommands();
+}
+
+frmCsEstimateList::~frmCsEstimateList() { --s_open; }
+
+// --- as a chooser ---
+
+std::optional<frmCsEstimateList::Choice> frmCsEstimateList::open(
+    QWidget* parent, const std::function<void(frmCsEstimateList&)>& prepare) {
+    std::optional<Choice> choice;
+    openScreen<frmCsEstimateList>(parent, prepare, [&](const frmCsEstimateList& list) {
+        if (!list.Cancel) choice = Choice{list.EstId, list.EditMode};
+    });
+    return choice;
+}
+
+std::optional<frmCsEstimateList::Choice> frmCsEstimateList::choose(QWidget* parent) {
+    return open(parent, [](frmCsEstimateList&) {});
+}
+
+std::optional<frmCsEstimateList::Choice> frmCsEstimateList::chooseOf(QWidget* parent, const QString& name1,
+                                                                     const QString& name2) {
+    return open(parent, [&](frmCsEstimateList& list) {
+        list.DetailMode = 1;
+        list.CustName1 = name1;
+        list.CustName2 = name2;
+    });
+}
+
+// --- what hangs on what ---
+
+// Alt+1 to Alt+3 turn the pages, as the captions themselves have no letter.
+void frmCsEstimateList::setUpTabKeys() {
+    for (int page = Conditions; page <= Estimates; ++page) {
+        const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + page));
+        auto* turn = new QShortcut(keys, this);
+        connect(turn, &QShortcut::activated, this, [this, page] {
+            if (leaveField()) turnTo(page);
+        });
+        ui->tabEstList->setTabToolTip(page, keys.toString(QKeySequence::NativeText));
+    }
+}
+
+// Return in a field of the person looks for persons, in any other for estimates.
+void frmCsEstimateList::connectSearch() {
+    EstimateSearchPage* page = ui->pagSearch;
+    for (QWidget* field : page->fields())
+        onReturn(field, [this, target = page->asksForPerson(field) ? Customers : Estimates] { turnTo(target); });
+    onReturn(page->ui->txtClaimCd, [page] { page->chooseClaim(); });
+    onReturn(page->ui->txtOrderCd, [page] { page->chooseOrder(); });
+    onReturn(page->ui->txtProductCd, [page] { page->chooseProduct(); });
+}
+
+void frmCsEstimateList::connectLists() {
+    connect(ui->tabEstList, &QTabWidget::currentChanged, this, [this](int page) { guarded([&] { pageTurned(page); }); });
+    connect(m_customers, &KeyedList::shown, this, &frmCsEstimateList::customersShown);
+    connect(ui->flxCustList, &Grid::cellEdited, this, [this](int row) { noteTick(row); });
+    connect(ui->flxCustList, &Grid::rowOpened, this, [this](int row) { guarded([&] { openCustomer(row); }); });
+    connect(ui->flxEstList, &Grid::rowOpened, this, [this] { guarded([this] { openRow(frmCsEstimate::Edit); }); });
+    connect(ui->flxEstList, &Grid::headingClicked, this, [this](int column) { guarded([&] { sortBy(column); }); });
+}
+
+void frmCsEstimateList::connectCommands() {
+    onClick(ui->cmdSelect, [this] { openRow(frmCsEstimate::Edit); });
+    onClick(ui->cmdEdit, [this] { openRow(frmCsEstimate::Edit); });
+    onClick(ui->cmdDelete, [this] { openRow(frmCsEstimate::Delete); });
+    onClick(ui->cmdClose, [this] { close(); });
+    for (QPushButton* later : {ui->cmdPrint_0, ui->cmdPrint_1, ui->cmdPrint_2, ui->cmdPrint_3, ui->cmdCsv})
+        later->setEnabled(false);
+}
+
+void frmCsEstimateList::load() {
+    ui->pagSearch->fillLists();
+    ui->flxEstList->setEntries(Status, statusEntries());
+    ui->tabEstList->setCurrentIndex(Conditions);
+    pageTurned(Conditions);
+    if (DetailMode != 1) return;
+    ui->pagSearch->showNames(CustName1, CustName2);
+    ui->pagSearch->tickAllStatuses();
+    turnTo(Estimates);
+}
+
+// --- pages ---
+
+void frmCsEstimateList::turnTo(int page) { ui->tabEstList->setCurrentIndex(page); }
+
+void frmCsEstimateList::pageTurned(int page) {
+    for (QPushButton* command : {ui->cmdSelect, ui->cmdEdit, ui->cmdDelete}) command->setEnabled(page == Estimates);
+    switch (page) {
+    case Customers:
+        showCustomers();
+        return ui->flxCustList->setFocus();
+    case Estimates:
+        showEstimates();
+        return ui->flxEstList->setFocus();
+    default:
+        return ui->pagSearch->ui->txtKana1->setFocus();
+    }
+}
+
+void frmCsEstimateList::showCustomers() {
+    m_customersAskedBy = ui->pagSearch->filter().condition();
+    m_ticked.clear();
+    m_customers->show(clsCustomerManager::KeysWithEst(m_customersAskedBy, u"[顧客情報].[顧客番号]"_qs));
+}
+
+void frmCsEstimateList::customersShown() { m_ticked.clear(); }
+
+void frmCsEstimateList::noteTick(int row) {
+    if (ui->flxCustList->isChecked(row, Tick)) m_ticked.insert(row);
+    else m_ticked.remove(row);
+}
+
+// Opening a person is ticking that person alone, unless others are ticked.
+void frmCsEstimateList::openCustomer(int row) {
+    if (m_ticked.isEmpty()) ui->flxCustList->toggleCheck(row, Tick);
+    turnTo(Estimates);
+}
+
+void frmCsEstimateList::showEstimates() {
+    // Ticks belong to the conditions that found the customers.
+    if (ui->pagSearch->filter().condition() != m_customersAskedBy) {
+        m_ticked.clear();
+        m_customers->clear();
+    }
+    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
+}
+
+// --- the list as it is asked for ---
+
+QString frmCsEstimateList::condition() const {
+    QList<int> rows(m_ticked.begin(), m_ticked.end());
+    std::sort(rows.begin(), rows.end());
+    QList<CustomerKey> ticked;
+    for (const int row : rows)
+        ticked << CustomerKey{ui->flxCustList->value(row, CustId), ui->flxCustList->value(row, CustSubId)};
+    return withCustomers(ui->pagSearch->filter().condition(), ticked);
+}
+
+QString frmCsEstimateList::order() const {
+    const SortColumn* sorted = sortColumn(ui->flxEstList->sortColumn());
+    if (!sorted) return byId;
+    const QString direction = ui->flxEstList->sortsUpwards() ? u" ASC "_qs : u" DESC "_qs;
+    return sorted->terms.join(direction + u", "_qs) + direction + u", "_qs + byId + u" ASC"_qs;
+}
+
+void frmCsEstimateList::sortBy(int column) {
+    if (!sortColumn(column)) return;
+    ui->flxEstList->toggleSortMark(column);
+    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
+}
+
+// --- commands ---
+
+void frmCsEstimateList::openRow(qint16 mode) {
+    const int row = ui->flxEstList->currentRow();
+    const QString id = row > 0 ? ui->flxEstList->value(row, Id) : QString();
+    if (id.isEmpty()) return;
+    if (OpenMode == fromMenu) return edit(id, mode, row);
+    EstId = id;
+    EditMode = mode;
+    Cancel = false;
+    close();
+}
+
+void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
+    bool updated = false;
+    openScreen<frmCsEstimate>(
+        this,
+        [&](frmCsEstimate& editor) {
+            editor.EstId = id;
+            editor.EditMode = mode;
+        },
+        [&](frmCsEstimate& editor) { updated = editor.Updated; });
+    if (updated) m_estimates->refresh(row, id);
+    ui->flxEstList->setFocus();
+}

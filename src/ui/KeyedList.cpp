@@ -1,0 +1,96 @@
+#include "ui/KeyedList.h"
+
+#include "base/AppError.h"
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "base/clsLogger.h"
+#include "ui/Grid.h"
+
+#include <QLabel>
+
+namespace {
+
+constexpr int rowsPerBlock = 100;
+constexpr int blocksKept = 4;
+
+} // namespace
+
+KeyedList::KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fetch fetch)
+    : QObject(grid), m_grid(grid), m_count(count), m_reader(std::move(settings)), m_fetch(std::move(fetch)),
+      m_blocks(blocksKept) {
+    connect(&m_reader, &KeyReader::begun, this, &KeyedList::takeFirst);
+    connect(&m_reader, &KeyReader::grown, this, &KeyedList::takeMore);
+    connect(&m_reader, &KeyReader::failed, this, &KeyedList::tellFailure);
+    showCount();
+}
+
+void KeyedList::show(const QString& statement) {
+    WriteSqlLog(statement);
+    m_wanted = true;
+    m_grid->setFilling(true);
+    m_reader.read(statement);
+}
+
+void KeyedList::clear() {
+    m_wanted = false;
+    m_grid->setFilling(false);
+    m_grid->setRows(0);
+    showCount();
+}
+
+void KeyedList::takeFirst() {
+    if (!m_wanted) return;
+    m_blocks.clear();
+    m_grid->setSource(m_reader.count(), [this](int place) { return cells(place); });
+    m_grid->setCurrent(1);
+    m_grid->setFilling(m_reader.isReading());
+    showCount();
+    emit shown();
+}
+
+void KeyedList::takeMore() {
+    if (!m_wanted) return;
+    m_grid->growSource(m_reader.count());
+    m_grid->setFilling(m_reader.isReading());
+    showCount();
+}
+
+void KeyedList::tellFailure(const QString& description) {
+    clear();
+    writeLog(description);
+    ShowMessage(901, description);
+}
+
+void KeyedList::showCount() {
+    m_count->setText(formatThousands(m_grid->rows()) + (m_grid->isFilling() ? u"件…"_qs : u"件"_qs));
+}
+
+bool KeyedList::isEmpty() const { return m_grid->rows() == 0; }
+
+QStringList KeyedList::cells(int place) {
+    const int block = place / rowsPerBlock;
+    if (!m_blocks.contains(block)) {
+        auto* rows = new QHash<QString, QStringList>;
+        try {
+            *rows = fetchBlock(block);
+        } catch (const AppError& error) { // told later: the grid is being painted
+            QMetaObject::invokeMethod(this, [this, text = error.description()] { tellFailure(text); }, Qt::QueuedConnection);
+        }
+        m_blocks.insert(block, rows);
+    }
+    return m_blocks.object(block)->value(m_reader.key(place));
+}
+
+QHash<QString, QStringList> KeyedList::fetchBlock(int block) {
+    QStringList keys;
+    const int end = qMin((block + 1) * rowsPerBlock, m_reader.count());
+    for (int place = block * rowsPerBlock; place < end; ++place) keys << m_reader.key(place);
+    return m_fetch(keys);
+}
+
+void KeyedList::refresh(int row, const QString& key) {
+    const QHash<QString, QStringList> found = m_fetch({key});
+    if (found.isEmpty()) m_grid->removeRow(row);
+    else m_grid->setRowValues(row, found.constBegin().value());
+    showCount();
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "db/KeyReader.h"
+
+#include <QCache>
+#include <QHash>
+
+#include <functional>
+
+class Grid;
+class QLabel;
+
+// Fills a grid from the database however long the list is: the keys are read in the background, and the rows of the
+// part that is looked at are fetched by their keys. The count shows as "12,345件", with "…" while more are coming.
+class KeyedList : public QObject {
+    Q_OBJECT
+
+public:
+    // Gives the cells of rows by their keys; a row that has gone is left out.
+    using Fetch = std::function<QHash<QString, QStringList>(const QStringList& keys)>;
+
+    KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fetch fetch);
+
+    // Shows the rows of a statement whose first column is the key. A failure to read is told.
+    void show(const QString& statement);
+    // Shows nothing.
+    void clear();
+    // Rewrites a row from the database; it goes when it is not there any more.
+    void refresh(int row, const QString& key);
+    // The rows there are, also those that the grid does not have yet.
+    bool isEmpty() const;
+
+signals:
+    // The first rows of a new list stand in the grid, or it is known that there are none.
+    void shown();
+
+private:
+    void takeFirst();
+    void takeMore();
+    void tellFailure(const QString& description);
+    void showCount();
+    QStringList cells(int place);
+    QHash<QString, QStringList> fetchBlock(int block);
+
+    Grid* m_grid;
+    QLabel* m_count;
+    KeyReader m_reader;
+    Fetch m_fetch;
+    QCache<int, QHash<QString, QStringList>> m_blocks;
+    bool m_wanted = false; // what the reader brings is shown
+};
