@@ -38,6 +38,15 @@ void centre(QWidget* form) {
     form->move(area.center() - form->rect().center());
 }
 
+// A window opened from a screen would take over the sheet of its form as well, and look different by its opener.
+void keepSheetInside(QWidget* form) {
+    const QString sheet = form->styleSheet();
+    if (sheet.isEmpty()) return;
+    form->setStyleSheet({});
+    for (QWidget* part : form->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (!part->isWindow()) part->setStyleSheet(sheet + part->styleSheet());
+}
+
 Grid* gridAround(QWidget* widget) {
     while (widget && !qobject_cast<Grid*>(widget)) widget = widget->parentWidget();
     return qobject_cast<Grid*>(widget);
@@ -49,6 +58,7 @@ Screen::Screen(QWidget* parent) : QDialog(parent) {}
 
 bool Screen::Load() {
     guarded([this] {
+        keepSheetInside(this);
         Style::arrange(this);
         for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
         fit(this);

@@ -83,6 +83,17 @@ private slots:
     }
     void cleanupTestCase() { seams() = defaultSeams(); }
 
+    void aSheetStaysInsideItsScreen() {
+        frmTest form;
+        form.setStyleSheet(u"QPushButton { min-height: 200px; }"_qs);
+        QVERIFY(form.Load());
+        frmTest opened(&form);
+        QVERIFY(opened.Load());
+        for (QPushButton* button : {&form.save, &opened.save}) button->ensurePolished();
+        QVERIFY(form.save.sizeHint().height() >= 200);
+        QVERIFY(opened.save.sizeHint().height() < 200);
+    }
+
     void opensInFixedSteps() {
         QStringList steps;
         QTimer::singleShot(0, [&steps] {
