@@ -76,6 +76,10 @@ void FillAssistList(ChoiceBox* list, int group, const QString& order, ListHead h
     fill(list, head, rows, &clsAssist::AsstView, &clsAssist::AsstNo);
 }
 
+void FillAssistValueList(ChoiceBox* list, int group, ListHead head) {
+    fill(list, head, gAssistManager.group(group), &clsAssist::AsstView, &clsAssist::AsstData);
+}
+
 void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head) {
     QList<clsSysSetting> rows;
     gSysSettingManager.GetList(rows, u"[No] IN (%1)"_qs.arg(settingNumbers), u"[設定値]"_qs);

@@ -48,6 +48,8 @@ void FillProducerList(ChoiceBox* list, const QString& where = {}, ListHead head 
 void FillInsList(ChoiceBox* list, const QString& where, const QString& order, ListHead head = {});
 // The values of a group (see `AssistGroup`); `order` is "[設定値]" or "[管理No]".
 void FillAssistList(ChoiceBox* list, int group, const QString& order = u"[管理No]"_qs, ListHead head = {});
+// The same with the 設定値 as item data, for columns that hold it.
+void FillAssistValueList(ChoiceBox* list, int group, ListHead head = {});
 // The values of numbered settings, such as "2,3" for the two tax rates.
 void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head = {});
 // One text of each row that a price group list of the managers gives, with its ID as item data:

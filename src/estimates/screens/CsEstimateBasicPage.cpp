@@ -119,7 +119,7 @@ void CsEstimateBasicPage::fillLists() {
     FillPrefList(ui->cboPref);
     FillCityList(ui->cboCity, {});
     FillAssistList(ui->cboSex, AssistGroup::Sex);
-    FillAssistList(ui->cboFamilyType, AssistGroup::FamilyType);
+    FillAssistValueList(ui->cboFamilyType, AssistGroup::FamilyType);
     FillAssistList(ui->cboLR, AssistGroup::Side);
     FillProducerList(ui->cboProducer, inUse);
     FillProducerList(ui->cboCharge1, inUse);
