@@ -32,6 +32,7 @@ void EntryField::setAllowedCharacters(const QString& characters) { m_validator->
 void EntryField::setValue(const QString& value) {
     const QString shown = settled(value).value_or(value);
     setText(hasFocus() ? editable(shown) : shown);
+    if (!hasFocus()) setCursorPosition(0); // a text longer than the field shows its beginning
     noteSettled();
 }
 
@@ -65,7 +66,7 @@ void EntryField::focusInEvent(QFocusEvent* event) {
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     if (isRest(event->reason()) || isReadOnly()) return;
-    if (commit()) return;
+    if (commit()) return setCursorPosition(0);
     QMetaObject::invokeMethod(this, &EntryField::complainUnlessExcused, Qt::QueuedConnection);
 }
 

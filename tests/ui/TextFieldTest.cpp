@@ -45,6 +45,17 @@ private slots:
         QCOMPARE(field->text(), u"山田花子"_qs);
     }
 
+    void longTextShowsItsBeginning() {
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        form.open();
+        field->setValue(QString(100, u'院'));
+        QCOMPARE(field->cursorPosition(), 0);
+        form.type(field, QString(100, u'医'));
+        form.leave();
+        QCOMPARE(field->cursorPosition(), 0);
+    }
+
     void readingBecomesHalfWidthKatakanaWhenLeft() {
         FormUnderTest form;
         auto* field = form.add<TextField>();

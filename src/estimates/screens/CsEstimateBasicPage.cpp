@@ -34,7 +34,7 @@ QList<GridColumn> insuranceColumns() {
     columns[InsuranceGrid::InsNo].title = u"法別No"_qs;
     columns[InsuranceGrid::InsNo].hidden = true;
     columns[InsuranceGrid::InsNm].title = u"保険名"_qs;
-    columns[InsuranceGrid::InsNm].width = 18;
+    columns[InsuranceGrid::InsNm].width = 15;
     columns[InsuranceGrid::ClaimNo].title = u"請求先No"_qs;
     columns[InsuranceGrid::ClaimNo].hidden = true;
     columns[InsuranceGrid::ClaimCd].title = u"請求先ｺｰﾄﾞ"_qs;
