@@ -1,5 +1,9 @@
 #include "base/Csv.h"
 
+#include "base/AppError.h"
+#include "base/Text.h"
+#include "base/basCommon.h"
+
 namespace Csv {
 
 QList<QStringList> read(const QString& text) {
@@ -41,6 +45,35 @@ QString quotedLine(const QStringList& fields) {
     QStringList quoted;
     for (const QString& field : fields) quoted << u'"' + QString(field).replace(u"\""_qs, u"\"\""_qs) + u'"';
     return quoted.join(u',');
+}
+
+QString harmless(const QString& field) {
+    static const QString signs = u"=+-@＝＋－＠"_qs;
+    if (field.isEmpty() || !signs.contains(field.front()) || isPlainNumber(field)) return field;
+    return u'\'' + field;
+}
+
+Writer::Writer(const QString& path, Encoding encoding) : m_file(path), m_encoding(encoding) {
+    if (!m_file.open(QIODevice::WriteOnly)) fail();
+    if (encoding == Encoding::Utf8) m_file.write("\xEF\xBB\xBF");
+}
+
+void Writer::fail() const {
+    throw AppError(u"ファイルに書き込めません。\n%1\n%2"_qs.arg(m_file.fileName(), m_file.errorString()), u"Csv"_qs);
+}
+
+void Writer::line(const QStringList& fields) {
+    QStringList safe;
+    for (const QString& field : fields) safe << harmless(field);
+    const QString text = quotedLine(safe) + u"\r\n"_qs;
+    if (m_encoding == Encoding::Cp932 && !Text::missingInCp932(text).isEmpty())
+        throw AppError(u"Shift_JIS にない文字があります。\n"_qs + text, u"Csv"_qs);
+    const QByteArray bytes = m_encoding == Encoding::Utf8 ? text.toUtf8() : Text::toCp932(text);
+    if (m_file.write(bytes) != bytes.size()) fail();
+}
+
+void Writer::commit() {
+    if (!m_file.commit()) fail();
 }
 
 } // namespace Csv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QSaveFile>
 #include <QString>
 #include <QStringList>
 
@@ -10,5 +11,25 @@ namespace Csv {
 QList<QStringList> read(const QString& text);
 // One line without its end; every field in quotes.
 QString quotedLine(const QStringList& fields);
+// The field so that no spreadsheet takes it for a formula: one that begins with = + - or @ and is no number gets an
+// apostrophe in front.
+QString harmless(const QString& field);
+
+enum class Encoding { Cp932, Utf8 };
+
+// Writes a file line by line; nothing stands there before `commit`. UTF-8 begins with its mark, by which spreadsheets
+// know it. A character that the encoding lacks, and a failure to write, raise an error.
+class Writer {
+public:
+    Writer(const QString& path, Encoding encoding);
+    void line(const QStringList& fields);
+    void commit();
+
+private:
+    [[noreturn]] void fail() const;
+
+    QSaveFile m_file;
+    Encoding m_encoding;
+};
 
 } // namespace Csv

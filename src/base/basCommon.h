@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Csv.h"
+
 #include "base/Paths.h"
 
 #include <QDate>
@@ -85,6 +87,8 @@ QString FindDriveByType(int type);
 void OpenWithShell(const QString& path);
 // Asks where to write a CSV file and remembers the answer; false when cancelled.
 bool AskCsvSavePath(QString& path);
+// The same with the encoding as a choice among the file types.
+bool AskCsvSavePath(QString& path, Csv::Encoding& encoding);
 
 // The range filter of a kana button on a reading column: あ か さ た な は ま や ら わ 他; "全" gives no filter.
 QString kanaRangeFilter(const QString& column, const QString& button);

@@ -16,6 +16,7 @@ namespace {
 const QString estimateKey = u"見積ID"_qs;
 const QString itemKey = u"見積種目No"_qs;
 const QString elementKey = u"要素No"_qs;
+constexpr int idsPerPart = 500;
 
 const QStringList stamps{u"登録日"_qs, u"更新日"_qs};
 const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_qs, u"値引額"_qs, u"売掛区分"_qs};
@@ -133,6 +134,36 @@ void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList
 
 QString clsCsEstimateManager::KeysWithMst(const QString& where, const QString& order) {
     return u"SELECT [顧客見積情報].[見積ID]"_qs + listClauses(where, order);
+}
+
+QStringList clsCsEstimateManager::IdsWithMst(const QString& where, const QString& order) {
+    const QString sql = KeysWithMst(where, order);
+    WriteSqlLog(sql);
+    Recordset rows = connection().query(sql);
+    QStringList ids;
+    while (rows.next()) ids << rows.value(0);
+    return ids;
+}
+
+void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause) {
+    struct Row {
+        clsCsEstimate estimate;
+        clsCustomer customer;
+        clsChart chart;
+    };
+    for (qsizetype start = 0; start < ids.size(); start += idsPerPart) {
+        const QStringList part = ids.mid(start, idsPerPart);
+        QStringList quoted;
+        for (const QString& id : part) quoted << sqlText(id);
+        QHash<QString, Row> rows;
+        ForEachWithMst(u"[顧客見積情報].[見積ID] IN ("_qs + quoted.join(u',') + u')', {},
+                       [&rows](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+                           rows.insert(estimate.EstId, {estimate, customer, chart});
+                       });
+        for (const QString& id : part)
+            if (const auto row = rows.constFind(id); row != rows.constEnd()) take(row->estimate, row->customer, row->chart);
+        if (pause && !pause()) return;
+    }
 }
 
 qint64 clsCsEstimateManager::CountWithMst(const QString& where) {

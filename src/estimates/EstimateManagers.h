@@ -27,6 +27,10 @@ public:
     // The same one by one, for lists of any length.
     using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
     void ForEachWithMst(const QString& where, const QString& order, const ListRow& take);
+    // The same of estimates by their 見積ID, however many: in the order of the ids, a part at a time, so that nothing
+    // is held between. After each part `pause` runs, when given; false ends the walk.
+    void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {});
+    QStringList IdsWithMst(const QString& where, const QString& order);
     // The statement that gives the 見積ID of the same rows, and how many they are.
     static QString KeysWithMst(const QString& where, const QString& order);
     qint64 CountWithMst(const QString& where);

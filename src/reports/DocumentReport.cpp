@@ -5,6 +5,7 @@
 #include "base/clsProfile.h"
 #include "db/clsOfficeManager.h"
 #include "db/clsSysSettingManager.h"
+#include "reports/ReportText.h"
 
 #include <QRegularExpression>
 
@@ -76,5 +77,11 @@ QList<ReportPage> documentPages(const ReportClass& report, const ReportLayout& l
     content.parameters.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());
     content.parameters.insert(u"PrtType"_qs, QString::number(prtType));
     content.parameters.insert(u"BlankDate"_qs, blankDate());
+    return composePages(layout, content, measure);
+}
+
+QList<ReportPage> listPages(const ReportLayout& layout, const ReportRecordset& records, const ReportMeasure& measure) {
+    ReportContent content{records, QStringList(records.rowCount()), plainRows(records.rowCount()), {}, 0};
+    content.parameters.insert(u"PrtDate"_qs, ReportText::issueDate(dateText(gSysDate), 1, false));
     return composePages(layout, content, measure);
 }

@@ -16,6 +16,9 @@ struct DocumentSetup {
 // What the report start reads from the database and the INI file: office No 1, settings No 13 and 42, Ins/InsDisp.
 DocumentSetup readDocumentSetup();
 
+// The pages of a list: every record once. The parameter "PrtDate" is the day of printing.
+QList<ReportPage> listPages(const ReportLayout& layout, const ReportRecordset& records, const ReportMeasure& measure);
+
 // The group that a layout breaks on: "001", 見 or 控, the estimate number.
 QString documentGroupKey(int askNo, int copy, const QString& estNo);
 

@@ -97,14 +97,20 @@ const QList<ReportClass>& reportClasses() {
     return classes;
 }
 
+const QList<ReportClass>& listClasses() {
+    static const QList<ReportClass> classes{{u"repCsEstList"_qs, u"見積データ一覧"_qs, 0, true}};
+    return classes;
+}
+
 QString documentTitle(const ReportClass& report, int prtType) {
     if (!report.title.isEmpty()) return report.title;
     return prtType == 1 ? u"内訳書"_qs : u"明細書"_qs;
 }
 
 const ReportClass& reportClass(const QString& name) {
-    for (const ReportClass& known : reportClasses())
-        if (known.name == name) return known;
+    for (const QList<ReportClass>* classes : {&reportClasses(), &listClasses()})
+        for (const ReportClass& known : *classes)
+            if (known.name == name) return known;
     throw AppError(u"帳票「%1」は用意されていません。"_qs.arg(name), u"reportClass"_qs);
 }
 

@@ -15,6 +15,7 @@ struct ReportClass {
     QString name;       // also that of its layout and of its INI section
     QString title;      // what the operator calls the document; empty: PrtType decides
     int fewerLines = 0; // rows that a taller header takes from each page
+    bool isList = false;
 };
 
 // The document's name in windows, files and the printer's queue.
@@ -23,6 +24,8 @@ QString documentTitle(const ReportClass& report, int prtType);
 // Raises an error for a class that the system does not have.
 const ReportClass& reportClass(const QString& name);
 const QList<ReportClass>& reportClasses();
+// The lists: plain rows on as many pages as they need, without office block and padding.
+const QList<ReportClass>& listClasses();
 
 // The settings that the choice depends on, by their numbers, and the entries of the installation.
 struct DocumentChoiceSettings {

@@ -5,11 +5,15 @@
 #include "base/clsProfile.h"
 #include "db/clsAssistManager.h"
 #include "db/clsSysSettingManager.h"
+#include "estimates/EstimateManagers.h"
 #include "reference/ReferenceManagers.h"
+#include "reports/CsEstListFields.h"
+#include "reports/ReportText.h"
 
 namespace {
 
 constexpr int yes = 1;
+constexpr int wholeDate = 1;
 
 // A fault of any kind reaches the screen as one error under the operation's name.
 template <class Work> auto underSource(const QString& source, Work&& work) {
@@ -82,5 +86,35 @@ void clsReportManager::GetCsEstimateData(DocumentKind kind, int copies, const QL
                                wholeSumFlag, readSwitches(kind), readInsNames(claims),
                                readAssistViews(AssistGroup::PickStyle),
                                families.value(customer.FamilyType, customer.FamilyType), insurersOff(kind)});
+    });
+}
+
+void clsReportManager::GetCsEstimateListData(const QString& where, const QString& order, int member,
+                                             const QString& exclusions, ReportRecordset& outRecordset,
+                                             const std::function<bool()>& pause) {
+    outRecordset = underSource(u"GetCsEstimateListData"_qs, [&] {
+        clsCsEstimateManager estimates;
+        estimates.Prepare(*m_connection);
+        const bool leavesOut = member == 2 || member == 3;
+        ReportRecordset records = csEstListRecordset();
+        const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+            QString laws;
+            bool excluded = false;
+            estimates.GetInsData(estimate.EstId, laws, exclusions, excluded);
+            if (excluded && leavesOut) return;
+            records.AddNew();
+            records.Set(u"Order"_qs, chart.OrderNm);
+            records.Set(u"Addr"_qs, customer.Pref + customer.City + customer.Addr1 + customer.Addr2);
+            records.Set(u"CustNm"_qs, JoinWithSpace(customer.CustNm1, customer.CustNm2));
+            records.Set(u"EstName"_qs, estimate.EstNm);
+            records.Set(u"ProductCd"_qs, estimate.ProductCd);
+            records.Set(u"EstSum"_qs, estimate.EstSum);
+            records.Set(u"Ins"_qs, laws);
+            records.Set(u"PickPtnDate"_qs, ReportText::issueDate(estimate.PickPtnDate, wholeDate, false));
+            records.Set(u"DelvFinDate"_qs, ReportText::issueDate(estimate.DelvFinDate, wholeDate, false));
+            records.Set(u"Sort"_qs, excluded ? u"1"_qs : u"0"_qs);
+        };
+        estimates.ForEachOf(estimates.IdsWithMst(where, order), add, pause);
+        return records;
     });
 }

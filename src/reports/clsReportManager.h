@@ -2,6 +2,8 @@
 
 #include "reports/CsEstimateDocument.h"
 
+#include <functional>
+
 class Connection;
 
 // Builds the record sets of the printed documents from what the screens hold. It keeps nothing but the connection, so
@@ -17,6 +19,11 @@ public:
                            const clsCustomer& customer, const QList<clsCsItem>& items,
                            const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
                            const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset, bool wholeSumFlag = false);
+
+    // The estimates of the list under its condition and order. The members 2 and 3 of the print command leave out each
+    // one that has a 法別 of `exclusions`. `pause` runs from time to time.
+    void GetCsEstimateListData(const QString& where, const QString& order, int member, const QString& exclusions,
+                               ReportRecordset& outRecordset, const std::function<bool()>& pause = {});
 
 private:
     DocumentSwitches readSwitches(DocumentKind kind);

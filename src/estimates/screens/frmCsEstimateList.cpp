@@ -2,16 +2,22 @@
 
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "base/clsProfile.h"
 #include "customers/clsCustomerManager.h"
 #include "db/clsDbManager.h"
+#include "estimates/EstimateCsv.h"
 #include "estimates/EstimateManagers.h"
 #include "estimates/screens/EstimateSearchPage.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "reference/ReferenceManagers.h"
+#include "reports/clsReportManager.h"
+#include "reports/engine/Report.h"
 #include "ui/KeyedList.h"
 #include "ui_EstimateSearchPage.h"
 #include "ui_frmCsEstimateList.h"
 
+#include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QShortcut>
 
 int frmCsEstimateList::s_open = 0;
@@ -89,12 +95,9 @@ QHash<QString, QStringList> fetchCustomers(const QStringList& keys) {
 }
 
 QHash<QString, QStringList> fetchEstimates(const QStringList& keys) {
-    QStringList ids;
-    for (const QString& key : keys) ids << sqlText(key);
     QHash<QString, QStringList> rows;
-    gCsEstimateManager.ForEachWithMst(
-        byId + u" IN ("_qs + ids.join(u',') + u')', {},
-        [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+    gCsEstimateManager.ForEachOf(
+        keys, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
             rows.insert(estimate.EstId,
                         {estimate.EstId, customer.CustNo, JoinWithSpace(customer.CustNm1, customer.CustNm2),
                          estimate.EstNo, shortDate(estimate.PickPtnDate), shortDate(estimate.DelvFinDate),
@@ -193,13 +196,15 @@ void frmCsEstimateList::connectCommands() {
     onClick(ui->cmdEdit, [this] { openRow(frmCsEstimate::Edit); });
     onClick(ui->cmdDelete, [this] { openRow(frmCsEstimate::Delete); });
     onClick(ui->cmdClose, [this] { close(); });
-    for (QPushButton* later : {ui->cmdPrint_0, ui->cmdPrint_1, ui->cmdPrint_2, ui->cmdPrint_3, ui->cmdCsv})
-        later->setEnabled(false);
+    onClick(ui->cmdCsv, [this] { writeCsv(); });
+    const QList<QPushButton*> members{ui->cmdPrint_0, ui->cmdPrint_1, ui->cmdPrint_2, ui->cmdPrint_3};
+    for (int member = 0; member < members.size(); ++member) onClick(members.at(member), [this, member] { print(member); });
 }
 
 void frmCsEstimateList::load() {
     ui->pagSearch->fillLists();
     ui->flxEstList->setEntries(Status, statusEntries());
+    m_exclusions = clsProfile().GetValue(u"EstExclusion"_qs, u"InsName"_qs);
     ui->tabEstList->setCurrentIndex(Conditions);
     pageTurned(Conditions);
     if (DetailMode != 1) return;
@@ -302,4 +307,96 @@ void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
         [&](frmCsEstimate& editor) { updated = editor.Updated; });
     if (updated) m_estimates->refresh(row, id);
     ui->flxEstList->setFocus();
+}
+
+void frmCsEstimateList::whileBusy(const QString& word,
+                                  const std::function<void(const std::function<bool()>& pause)>& work) {
+    const QString title = windowTitle();
+    QElapsedTimer sinceTold;
+    sinceTold.start();
+    SetWaitCursor(true);
+    m_busy = true;
+    setEnabled(false);
+    const auto end = qScopeGuard([&] {
+        setEnabled(true);
+        m_busy = false;
+        setWindowTitle(title);
+        SetWaitCursor(false);
+    });
+    int parts = 0;
+    work([&] {
+        if (++parts > 1 && sinceTold.elapsed() > 100) {
+            setWindowTitle(title + u"  "_qs + word + QString(parts % 4, u'.'));
+            seams().letEventsRun();
+            sinceTold.restart();
+        }
+        return true;
+    });
+}
+
+// --- CSV ---
+
+void frmCsEstimateList::writeCsv() {
+    const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), byId);
+    if (ids.isEmpty()) {
+        ShowMessage(122, u"出力データ"_qs);
+        return;
+    }
+    QString path;
+    Csv::Encoding encoding = Csv::Encoding::Cp932;
+    if (!AskCsvSavePath(path, encoding)) return;
+    const auto each = [&](const std::function<void(const QStringList& fields)>& take) {
+        whileBusy(u"CSV出力中"_qs, [&](const std::function<bool()>& pause) {
+            gCsEstimateManager.ForEachOf(
+                ids,
+                [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
+                    take(EstimateCsv::fields(estimate, customer));
+                },
+                pause);
+        });
+    };
+    if (encoding == Csv::Encoding::Cp932) {
+        QList<EstimateCsv::Lacking> lacking;
+        qint64 row = 0;
+        each([&](const QStringList& fields) { lacking << EstimateCsv::lacking(++row, fields); });
+        if (!lacking.isEmpty()) {
+            const QString question = u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n\n"_qs;
+            if (ShowMessage(904, question + EstimateCsv::told(lacking)) != AnswerYes) return;
+            encoding = Csv::Encoding::Utf8;
+        }
+    }
+    Csv::Writer file(path, encoding);
+    file.line(EstimateCsv::columns());
+    qint64 written = 0;
+    each([&](const QStringList& fields) {
+        file.line(fields);
+        ++written;
+    });
+    file.commit();
+    ShowMessage(902, formatThousands(written) + u"件出力しました。"_qs);
+}
+
+// --- printing ---
+
+void frmCsEstimateList::print(int member) {
+    const bool toPrinter = member == 1 || member == 2;
+    if (m_estimates->isEmpty()) {
+        ShowMessage(122, u"印刷対象データ"_qs);
+        return;
+    }
+    if (toPrinter && ShowMessage(203, {}) != AnswerYes) return;
+    ReportRecordset records;
+    whileBusy(u"印刷準備中"_qs, [&](const std::function<bool()>& pause) {
+        clsReportManager manager;
+        manager.Prepare(gDbManager.Connection());
+        manager.GetCsEstimateListData(condition(), order(), member, m_exclusions, records, pause);
+    });
+    if (records.isEmpty()) {
+        ShowMessage(901, u"対象データがありません。"_qs);
+        return;
+    }
+    Report report(u"repCsEstList"_qs);
+    report.Recordset(records);
+    if (toPrinter) report.PrintReport(false);
+    else report.Show(1);
 }

@@ -46,6 +46,7 @@ public:
 
 protected:
     void load() override;
+    bool queryUnload() override { return !m_busy; }
 
 private:
     enum Page { Conditions, Customers, Estimates };
@@ -74,12 +75,19 @@ private:
     // --- commands ---
     void openRow(qint16 mode);
     void edit(const QString& id, qint16 mode, int row);
+    void writeCsv();
+    void print(int member);
+    // Runs long work that says how far it is; the screen waits for its end.
+    void whileBusy(const QString& word, const std::function<void(const std::function<bool()>& pause)>& work);
 
     std::unique_ptr<Ui::frmCsEstimateList> ui;
     KeyedList* m_customers;
     KeyedList* m_estimates;
     QSet<int> m_ticked;         // rows of flxCustList
     QString m_customersAskedBy; // the condition that they answer
+
+    QString m_exclusions;       // 法別 names that the list without them leaves out
+    bool m_busy = false;
 
     static int s_open;
 };

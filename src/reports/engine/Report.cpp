@@ -10,6 +10,7 @@ Report::Report(const QString& reportClassName) : m_class(reportClass(reportClass
 
 QString Report::title() const {
     static const QRegularExpression unfitForFiles(u"[\\\\/:*?\"<>|]"_qs);
+    if (m_class.isList) return m_class.title;
     const QString estNo = m_records->text(0, u"EstNo"_qs).replace(unfitForFiles, u"_"_qs);
     return u"%1 %2"_qs.arg(documentTitle(m_class, m_prtType), estNo).trimmed();
 }
@@ -19,7 +20,9 @@ ReportJob Report::job() const {
     const ReportPrintSettings settings = readReportPrintSettings(clsProfile(), m_class.name);
     const ReportLayout layout = withMargins(loadReportLayout(m_class.name), settings);
     const QList<ReportPage> pages =
-        documentPages(m_class, layout, *m_records, m_prtType, readDocumentSetup(), measurePaperText);
+        m_class.isList
+            ? listPages(layout, *m_records, measurePaperText)
+            : documentPages(m_class, layout, *m_records, m_prtType, readDocumentSetup(), measurePaperText);
     return {m_class.name, pages, settings, title()};
 }
 

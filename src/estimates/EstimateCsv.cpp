@@ -1,0 +1,56 @@
+#include "estimates/EstimateCsv.h"
+
+#include "base/Text.h"
+#include "base/basCommon.h"
+
+namespace {
+
+constexpr qsizetype mostTold = 15;
+
+template <class Record> struct CsvField {
+    QString column;
+    QString Record::*member;
+};
+
+const QList<CsvField<clsCustomer>>& customerFields() {
+    static const QList<CsvField<clsCustomer>> fields{
+        {u"顧客番号"_qs, &clsCustomer::CustNo},  {u"名前1"_qs, &clsCustomer::CustNm1},
+        {u"名前2"_qs, &clsCustomer::CustNm2},    {u"フリガナ1"_qs, &clsCustomer::CustKn1},
+        {u"フリガナ2"_qs, &clsCustomer::CustKn2}, {u"郵便番号"_qs, &clsCustomer::Zip},
+        {u"都道府県"_qs, &clsCustomer::Pref},    {u"市区郡"_qs, &clsCustomer::City},
+        {u"住所1"_qs, &clsCustomer::Addr1},      {u"住所2"_qs, &clsCustomer::Addr2},
+        {u"電話"_qs, &clsCustomer::Tel},         {u"性別"_qs, &clsCustomer::Sex},
+        {u"生年月日"_qs, &clsCustomer::Birth}};
+    return fields;
+}
+
+} // namespace
+
+QStringList EstimateCsv::columns() {
+    QStringList columns{u"見積番号"_qs, u"見積名称"_qs};
+    for (const auto& field : customerFields()) columns << field.column;
+    return columns << u"金額"_qs;
+}
+
+QStringList EstimateCsv::fields(const clsCsEstimate& estimate, const clsCustomer& customer) {
+    QStringList fields{estimate.EstNo, estimate.EstNm};
+    for (const auto& field : customerFields()) fields << customer.*field.member;
+    return fields << estimate.EstSum;
+}
+
+QList<EstimateCsv::Lacking> EstimateCsv::lacking(qint64 row, const QStringList& fields) {
+    QList<Lacking> found;
+    const QStringList names = columns();
+    for (int i = 0; i < fields.size(); ++i)
+        if (const QString missing = Text::missingInCp932(fields.at(i)); !missing.isEmpty())
+            found << Lacking{row, names.at(i), missing};
+    return found;
+}
+
+QString EstimateCsv::told(const QList<Lacking>& found) {
+    QStringList lines;
+    for (const Lacking& place : found.first(qMin(found.size(), mostTold)))
+        lines << u"%1行目 %2：%3"_qs.arg(formatThousands(place.row), place.column, place.characters);
+    if (found.size() > mostTold) lines << u"ほか %1か所"_qs.arg(formatThousands(found.size() - mostTold));
+    return lines.join(u'\n');
+}
