@@ -5,12 +5,6 @@
 #include "base/basCommon.h"
 #include "db/clsAutoIdsManager.h"
 
-clsCsEstimateManager gCsEstimateManager;
-clsCsItemManager gCsItemManager;
-clsCsMakeElmtManager gCsMakeElmtManager;
-clsCsCmpltElmtManager gCsCmpltElmtManager;
-clsCsEstAskManager gCsEstAskManager;
-
 namespace {
 
 const QString estimateKey = u"見積ID"_qs;
@@ -45,6 +39,13 @@ QString drawn(const QString& series) {
 }
 
 } // namespace
+
+// Below the names that they are made with.
+clsCsEstimateManager gCsEstimateManager;
+clsCsItemManager gCsItemManager;
+clsCsMakeElmtManager gCsMakeElmtManager;
+clsCsCmpltElmtManager gCsCmpltElmtManager;
+clsCsEstAskManager gCsEstAskManager;
 
 clsCsEstimateManager::clsCsEstimateManager()
     : TableManager(u"顧客見積情報"_qs, {{&clsCsEstimate::EstId, u"見積ID"_qs},
