@@ -4,6 +4,7 @@
 #include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "customers/ChartParties.h"
 #include "customers/clsCsInsManager.h"
 #include "db/AskingOutside.h"
 #include "db/clsSysSettingManager.h"
@@ -83,14 +84,7 @@ private:
 
     bool saveChart(const QString& shownId, const QString& shownBranch) {
         clsChart& chart = m_draft.chart;
-        clsOrder order;
-        order.OrderNo = chart.OrderNo;
-        order.OrderCd = m_draft.orderCd;
-        order.OrderNm = chart.OrderNm;
-        if (gOrderManager.ReconcileData(order) == Reconciled::Cancelled) return false;
-        chart.OrderNo = order.OrderNo;
-        chart.OrderNm = order.OrderNm;
-        chart.DoctorNo = doctorNumber(chart);
+        if (!settleParties(chart, m_draft.orderCd)) return false;
         chart.CustId = m_draft.customer.CustId;
         chart.CustSubId = m_draft.customer.CustSubId;
         chart.UpdUserNo = QString::number(gUserNo);
@@ -101,15 +95,6 @@ private:
                                                                          : clsChartManager::Mode::StoredEstimate);
         estimate().ChartNo = chart.ChartNo;
         return true;
-    }
-
-    static QString doctorNumber(const clsChart& chart) {
-        if (Text::rightTrimmed(chart.DoctorNm).isEmpty()) return {};
-        clsDoctor doctor;
-        doctor.DoctorNm = chart.DoctorNm;
-        doctor.OrderNo = chart.OrderNo;
-        gDoctorManager.AddByName(doctor);
-        return doctor.DoctorNo;
     }
 
     // A new estimate with another tax than the setting is more often a slip than a wish.
@@ -231,8 +216,7 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
         gCustomerManager.GetData(estimate.CustId, estimate.CustSubId, draft.customer);
         gChartManager.GetData(estimate.CustId, estimate.CustSubId, estimate.ChartNo, draft.chart);
     }
-    clsOrder order;
-    if (Val(draft.chart.OrderNo) != 0 && gOrderManager.GetData(draft.chart.OrderNo, order)) draft.orderCd = order.OrderCd;
+    draft.orderCd = orderCodeOf(draft.chart);
 
     const QString where = u"[見積ID] = "_qs + sqlText(EstId);
     gCsItemManager.GetList(draft.items, where, u"[見積ID],[見積種目No]"_qs);

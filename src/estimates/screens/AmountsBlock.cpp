@@ -1,7 +1,7 @@
 #include "estimates/screens/AmountsBlock.h"
 
 #include "base/basCommon.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_AmountsBlock.h"
 
 AmountsBlock::AmountsBlock(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::AmountsBlock>()) {

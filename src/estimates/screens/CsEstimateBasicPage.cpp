@@ -1,15 +1,15 @@
 #include "estimates/screens/CsEstimateBasicPage.h"
 
-#include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "customers/ChartParties.h"
+#include "customers/screens/PersonFields.h"
 #include "db/clsAssistManager.h"
 #include "estimates/EstimateDates.h"
-#include "estimates/screens/FormPieces.h"
 #include "estimates/screens/InsuranceGrid.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
-#include "reference/clsZipManager.h"
+#include "ui/FormPieces.h"
 #include "ui/Grid.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"
@@ -19,12 +19,9 @@
 
 namespace {
 
-constexpr int prefLength = 8;
-constexpr int cityLength = 12;
 constexpr int personLength = 30;
 constexpr int chargeLength = 40;
 constexpr int insuranceClaimName = 4;
-constexpr int wholeZip = 8; // 123-4567
 
 const QString inUse = u"[有効Flg] = 0"_qs;
 
@@ -60,10 +57,7 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     : QWidget(parent), ui(std::make_unique<Ui::CsEstimateBasicPage>()) {
     ui->setupUi(this);
     FormPieces::applyCharacters(this);
-    ui->txtName1->setReadingField(ui->txtKana1);
-    ui->txtName2->setReadingField(ui->txtKana2);
-    ui->cboPref->lineEdit()->setMaxLength(prefLength);
-    ui->cboCity->lineEdit()->setMaxLength(cityLength);
+    m_person = new PersonFields(PersonControls::of(*ui), this);
     for (ChoiceBox* person : {ui->cboDoctor, ui->cboProducer}) person->lineEdit()->setMaxLength(personLength);
     ui->cboCharge1->lineEdit()->setMaxLength(chargeLength);
     ui->flxIns->setColumns(insuranceColumns());
@@ -71,11 +65,10 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     FormPieces::stretchColumn(ui->flxIns, insuranceClaimName);
     FormPieces::fixRowsShown(ui->flxIns, claimRowCount);
     m_insurances = new InsuranceGrid(ui->flxIns);
-    m_insurances->customerName = [this] { return customerName(); };
+    m_insurances->customerName = [this] { return m_person->name(); };
     m_insurances->insuredName = [this] { return ui->txtInsured->value(); };
     connect(m_insurances, &InsuranceGrid::changed, this, &CsEstimateBasicPage::insurancesChanged);
     connectPerson();
-    connectAddress();
     connectChart();
 }
 
@@ -84,29 +77,13 @@ CsEstimateBasicPage::~CsEstimateBasicPage() = default;
 // --- what hangs on what ---
 
 void CsEstimateBasicPage::connectPerson() {
-    for (TextField* name : {ui->txtName1, ui->txtName2})
-        connect(name, &TextField::valueChanged, this, &CsEstimateBasicPage::followName);
-    for (QRadioButton* choice : {ui->optIns_0, ui->optIns_1})
-        connect(choice, &QRadioButton::toggled, this, &CsEstimateBasicPage::followName);
-    connect(ui->idtBirth, &DateField::valueChanged, this, &CsEstimateBasicPage::showAge);
+    connect(m_person, &PersonFields::nameChanged, this, &CsEstimateBasicPage::nameChanged);
     connect(ui->numLifeYear, &NumberField::valueSettled, this, [this] {
         const QString years = ui->numLifeYear->value();
         if (!m_showing && !years.isEmpty()) ui->idtLifeEnd->setValue(lifeEndDate(years));
     });
     connect(ui->txtEra, &QLineEdit::editingFinished, this, [this] { guarded([this] { takeEraDate(); }); });
     connect(ui->cmdCustSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseCustomer(); }); });
-}
-
-void CsEstimateBasicPage::connectAddress() {
-    connect(ui->cboPref, &ChoiceBox::valueChanged, this, [this] {
-        guarded([this] {
-            const QString city = ui->cboCity->text();
-            FillCityList(ui->cboCity, ui->cboPref->text());
-            ui->cboCity->setText(city);
-        });
-    });
-    connect(ui->txtZip, &TextField::valueSettled, this, [this] { guarded([this] { takeZip(); }); });
-    connect(ui->cmdSetZip, &QPushButton::clicked, this, [this] { guarded([this] { chooseAddress(); }); });
 }
 
 void CsEstimateBasicPage::connectChart() {
@@ -116,10 +93,7 @@ void CsEstimateBasicPage::connectChart() {
 }
 
 void CsEstimateBasicPage::fillLists() {
-    FillPrefList(ui->cboPref);
-    FillCityList(ui->cboCity, {});
-    FillAssistList(ui->cboSex, AssistGroup::Sex);
-    FillAssistValueList(ui->cboFamilyType, AssistGroup::FamilyType);
+    m_person->fillLists();
     FillAssistList(ui->cboLR, AssistGroup::Side);
     FillProducerList(ui->cboProducer, inUse);
     FillProducerList(ui->cboCharge1, inUse);
@@ -137,29 +111,9 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
                                        const QList<ClaimRow>& claims) {
     m_showing = true;
     m_customer = customer;
-    const QString joined = JoinWithSpace(customer.CustNm1, customer.CustNm2);
-    const bool isSelf = !joined.isEmpty() && customer.Insured == joined;
-    (isSelf ? ui->optIns_0 : ui->optIns_1)->setChecked(true);
-    ui->txtName1->setValue(customer.CustNm1);
-    ui->txtName2->setValue(customer.CustNm2);
-    ui->txtKana1->setValue(customer.CustKn1);
-    ui->txtKana2->setValue(customer.CustKn2);
-    ui->idtBirth->setValue(customer.Birth);
-    ui->cboSex->setText(customer.Sex);
-    if (!ui->cboFamilyType->chooseByData(customer.FamilyType)) ui->cboFamilyType->clearChoice();
-    ui->txtInsured->setValue(customer.Insured);
-    ui->txtZip->setValue(customer.Zip);
-    ui->cboPref->setText(customer.Pref);
-    ui->cboCity->setText(customer.City);
-    ui->txtAddr1->setValue(customer.Addr1);
-    ui->txtAddr2->setValue(customer.Addr2);
-    ui->txtTelNo->setValue(customer.Tel);
-    ui->txtFax->setValue(customer.Fax);
+    m_person->show(customer);
     ui->lblEmail->setText(customer.mail);
-    ui->lblPriceKbn->setText(customer.PriceType);
-    ui->txtCsMemo->setValue(customer.Memo);
     ui->txtEra->setValue({});
-    showAge();
     showChart(chart, orderCd);
     m_insurances->showRows(claims);
     m_showing = false;
@@ -204,22 +158,7 @@ void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
     customer.CustNo = number;
     customer.CustId = id;
     customer.CustSubId = branch;
-    customer.CustNm1 = ui->txtName1->value();
-    customer.CustNm2 = ui->txtName2->value();
-    customer.CustKn1 = ui->txtKana1->value();
-    customer.CustKn2 = ui->txtKana2->value();
-    customer.Birth = ui->idtBirth->value();
-    customer.Sex = ui->cboSex->text();
-    customer.FamilyType = ui->cboFamilyType->data();
-    customer.Insured = ui->txtInsured->value();
-    customer.Zip = ui->txtZip->value();
-    customer.Pref = ui->cboPref->text();
-    customer.City = ui->cboCity->text();
-    customer.Addr1 = ui->txtAddr1->value();
-    customer.Addr2 = ui->txtAddr2->value();
-    customer.Tel = ui->txtTelNo->value();
-    customer.Fax = ui->txtFax->value();
-    customer.Memo = ui->txtCsMemo->value();
+    m_person->collect(customer);
 
     clsChart& chart = draft.chart;
     chart = m_chart;
@@ -246,26 +185,11 @@ void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
 
 QList<ClaimRow> CsEstimateBasicPage::insuranceRows() const { return m_insurances->rows(); }
 
-QString CsEstimateBasicPage::customerName() const {
-    return JoinWithSpace(ui->txtName1->value(), ui->txtName2->value());
-}
+QString CsEstimateBasicPage::customerName() const { return m_person->name(); }
 
 QString CsEstimateBasicPage::ageKbn() const { return ui->lblPriceKbn->text(); }
 
 // --- person ---
-
-void CsEstimateBasicPage::followName() {
-    const bool same = ui->optIns_0->isChecked();
-    ui->txtInsured->setReadOnly(same);
-    if (same) ui->txtInsured->setValue(customerName());
-    emit nameChanged();
-}
-
-void CsEstimateBasicPage::showAge() {
-    const QString birth = ui->idtBirth->value();
-    ui->lblEra->setText(FormatEraDate(birth, u"ggge年m月d日"_qs));
-    ui->lblAge->setText(birth.isEmpty() ? QString() : QString::number(CalcAge(birth, dateText(currentDate()))));
-}
 
 void CsEstimateBasicPage::takeEraDate() {
     const QString typed = Text::rightTrimmed(ui->txtEra->value());
@@ -300,46 +224,6 @@ void CsEstimateBasicPage::chooseCustomer() {
     if (!gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer)) return;
     showCustomer(customer, {}, {}, insuranceRowsOf(customer.CustId, customer.CustSubId));
     emit customerChosen(customer);
-}
-
-// --- address ---
-
-void CsEstimateBasicPage::takeZip() {
-    if (m_showing) return;
-    const QString zip = FormatZip(ui->txtZip->value());
-    if (zip != ui->txtZip->value()) return ui->txtZip->setValue(zip); // which settles once more
-    if (zip.isEmpty()) return;
-    QList<clsZip> found;
-    gZipManager.GetList(found, u"[郵便番号] LIKE '"_qs + SqlQuote(zip, true) + u"%'"_qs, u"[郵便番号]"_qs);
-    clsZip place;
-    if (found.size() == 1) {
-        place = found.first();
-    } else if (found.size() > 1 && zip.size() == wholeZip) {
-        // One code of several places: the operator says which.
-        const auto chosen = SelectFrom(this, u"郵便番号"_qs, gZipManager.GetSelectListFromZip(zip, u"[都道府県名]"_qs));
-        if (!chosen) return;
-        place = {zip, chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs)};
-    } else {
-        return;
-    }
-    ui->cboPref->setText(place.Pref);
-    ui->cboCity->setText(place.City);
-    ui->txtAddr1->setValue(place.Town);
-}
-
-void CsEstimateBasicPage::chooseAddress() {
-    const auto chosen = SelectFrom(this, u"郵便番号"_qs,
-                                   gZipManager.GetSelectListFromAddr(ui->cboPref->text(),
-                                                                     ui->cboCity->text() + ui->txtAddr1->value(),
-                                                                     u"[郵便番号]"_qs),
-                                   {}, TellMissing::No);
-    if (!chosen) return;
-    m_showing = true; // the code comes from the address, not the other way round
-    ui->txtZip->setValue(chosen->value(u"郵便番号"_qs));
-    m_showing = false;
-    ui->cboPref->setText(chosen->value(u"都道府県名"_qs));
-    ui->cboCity->setText(chosen->value(u"市区町村名"_qs));
-    ui->txtAddr1->setValue(chosen->value(u"住所"_qs));
 }
 
 // --- chart ---
@@ -389,7 +273,5 @@ void CsEstimateBasicPage::chooseChart() {
     if (!chosen) return;
     clsChart chart;
     if (!gChartManager.GetData(m_customer.CustId, m_customer.CustSubId, chosen->value(u"カルテNo"_qs), chart)) return;
-    clsOrder order;
-    if (Val(chart.OrderNo) != 0) gOrderManager.GetData(chart.OrderNo, order);
-    showChart(chart, order.OrderCd);
+    showChart(chart, orderCodeOf(chart));
 }

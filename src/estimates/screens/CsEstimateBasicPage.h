@@ -11,6 +11,7 @@ class CsEstimateBasicPage;
 }
 
 class InsuranceGrid;
+class PersonFields;
 
 // Who it is for: customer, insurances, chart, product, and the quick printing.
 class CsEstimateBasicPage : public QWidget {
@@ -50,13 +51,8 @@ signals:
 
 private:
     void connectPerson();
-    void connectAddress();
     void connectChart();
-    void showAge();
-    void followName();
     void takeEraDate();
-    void takeZip();
-    void chooseAddress();
     void chooseCustomer();
     void chooseChart();
     void chooseOrder();
@@ -64,6 +60,7 @@ private:
     void fillDoctors();
     void showChart(const clsChart& chart, const QString& orderCd);
 
+    PersonFields* m_person;
     InsuranceGrid* m_insurances;
     clsCustomer m_customer; // the record that the fields came from
     clsChart m_chart;

@@ -3,7 +3,7 @@
 #include "base/clsProfile.h"
 #include "db/clsAssistManager.h"
 #include "estimates/screens/EstimateGrids.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_CsEstimateItemPage.h"
 
 #include <QDir>

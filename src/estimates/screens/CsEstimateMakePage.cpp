@@ -1,7 +1,7 @@
 #include "estimates/screens/CsEstimateMakePage.h"
 
 #include "estimates/screens/EstimateGrids.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_CsEstimateMakePage.h"
 
 CsEstimateMakePage::CsEstimateMakePage(QWidget* parent)

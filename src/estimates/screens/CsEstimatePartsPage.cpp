@@ -1,7 +1,7 @@
 #include "estimates/screens/CsEstimatePartsPage.h"
 
 #include "estimates/screens/EstimateGrids.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_CsEstimatePartsPage.h"
 
 CsEstimatePartsPage::CsEstimatePartsPage(QWidget* parent)

@@ -3,8 +3,8 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "estimates/EstimateAmounts.h"
-#include "estimates/screens/FormPieces.h"
 #include "price/screens/frmCalcPrice.h"
+#include "ui/FormPieces.h"
 #include "ui/Grid.h"
 #include "ui_CsEstimatePrintPage.h"
 

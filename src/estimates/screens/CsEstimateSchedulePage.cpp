@@ -3,7 +3,7 @@
 #include "base/basCommon.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui/basControlUtil.h"
 #include "ui_CsEstimateSchedulePage.h"
 

@@ -1,6 +1,6 @@
 #include "estimates/screens/EstimateGrids.h"
 
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui/Grid.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "estimates/screens/EstimateItemChoice.h"
 
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_EstimateItemChoice.h"
 
 EstimateItemChoice::EstimateItemChoice(QWidget* parent)

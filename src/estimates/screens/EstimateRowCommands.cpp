@@ -1,6 +1,6 @@
 #include "estimates/screens/EstimateRowCommands.h"
 
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "ui_EstimateRowCommands.h"
 
 EstimateRowCommands::EstimateRowCommands(QWidget* parent)

@@ -1,4 +1,4 @@
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 
 #include "ui/Grid.h"
 #include "ui/Style.h"

@@ -4,7 +4,7 @@
 
 class Grid;
 
-// Shared handling of the forms around an estimate.
+// What the larger forms share in their layout.
 //
 // In the layout files a field whose length is known carries the dynamic property `characters`, its width in half-width
 // characters; a label that shows a value carries `shownValue`.

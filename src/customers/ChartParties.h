@@ -1,0 +1,11 @@
+#pragma once
+
+#include "customers/clsChartManager.h"
+
+// Brings the ordering party and the doctor of a chart into line with their masters before the chart is stored: a new
+// code or name is registered, and of two names of one party the operator chooses. The numbers and the chosen name stand
+// in the chart afterwards. False when the operator cancelled; the caller then drops its save.
+bool settleParties(clsChart& chart, const QString& orderCd);
+
+// The code of a chart's ordering party; empty for a chart without one, or when the party is gone.
+QString orderCodeOf(const clsChart& chart);

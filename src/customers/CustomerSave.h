@@ -1,0 +1,37 @@
+#pragma once
+
+#include "customers/clsChartManager.h"
+#include "customers/clsCsInsManager.h"
+#include "customers/clsCustomerManager.h"
+
+#include <QList>
+
+// A chart with the code of its ordering party as typed. A chart without a number is a new one.
+struct CustomerChart {
+    clsChart chart;
+    QString orderCd;
+};
+
+// A customer branch with all that the customer screen shows of it.
+struct CustomerDraft {
+    clsCustomer customer;
+    QStringList laws; // 法別No, in the order of the list
+    QList<CustomerChart> charts;
+};
+
+// What a save makes of the draft.
+enum class CustomerSaveAs { Itself, NewBranch };
+enum class CustomerSaveResult { Refused, Added, Updated };
+
+// Reads a branch with its laws and charts. False when there is no such branch.
+bool loadCustomer(const QString& CustId, const QString& CustSubId, CustomerDraft& draft);
+
+// Writes the branch, its laws and its charts in one transaction, or nothing: laws and charts that the draft lacks go.
+// `NewBranch` leaves the stored branch as it is and writes all under the next branch number. Questions are put through
+// `ShowMessage`; a refusal leaves the draft as it was. Otherwise the numbers drawn stand in it, and the save is logged.
+// Failures rise after the rollback.
+CustomerSaveResult saveCustomer(Connection& connection, CustomerDraft& draft,
+                                CustomerSaveAs as = CustomerSaveAs::Itself);
+
+// Removes the row of a branch and logs it. Its charts, laws and estimates stay.
+void deleteCustomer(Connection& connection, const clsCustomer& customer);

@@ -1,0 +1,157 @@
+#include "customers/screens/PersonFields.h"
+
+#include "base/Seams.h"
+#include "base/basCommon.h"
+#include "base/basMessage.h"
+#include "db/clsAssistManager.h"
+#include "reference/clsZipManager.h"
+#include "ui/ChoiceBox.h"
+#include "ui/DateField.h"
+#include "ui/MemoField.h"
+#include "ui/SelectFrom.h"
+#include "ui/TextField.h"
+#include "ui/basControlUtil.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int prefLength = 8;
+constexpr int cityLength = 12;
+constexpr int wholeZip = 8; // 123-4567
+
+} // namespace
+
+PersonFields::PersonFields(const PersonControls& controls, QWidget* form)
+    : QObject(form), m_fields(controls), m_form(form) {
+    m_fields.name1->setReadingField(m_fields.kana1);
+    m_fields.name2->setReadingField(m_fields.kana2);
+    m_fields.pref->lineEdit()->setMaxLength(prefLength);
+    m_fields.city->lineEdit()->setMaxLength(cityLength);
+    for (TextField* part : {m_fields.name1, m_fields.name2})
+        connect(part, &TextField::valueChanged, this, &PersonFields::followName);
+    for (QRadioButton* choice : {m_fields.sameName, m_fields.ownName})
+        connect(choice, &QRadioButton::toggled, this, &PersonFields::followName);
+    connect(m_fields.birth, &DateField::valueChanged, this, &PersonFields::showAge);
+    connect(m_fields.pref, &ChoiceBox::valueChanged, this, [this] { guarded([this] { refillCities(); }); });
+    connect(m_fields.zip, &TextField::valueSettled, this, [this] { guarded([this] { takeZip(); }); });
+    connect(m_fields.setZip, &QPushButton::clicked, this, [this] { guarded([this] { chooseAddress(); }); });
+}
+
+void PersonFields::fillLists() {
+    FillPrefList(m_fields.pref);
+    FillCityList(m_fields.city, {});
+    FillAssistList(m_fields.sex, AssistGroup::Sex);
+    // 本人区分 is stored as the value of its setting, not as the setting's number.
+    BeginList(m_fields.familyType);
+    for (const clsAssist& type : gAssistManager.group(AssistGroup::FamilyType))
+        AddListEntry(m_fields.familyType, type.AsstView, type.AsstData);
+}
+
+void PersonFields::show(const clsCustomer& customer) {
+    const QScopedValueRollback showing(m_showing, true);
+    const QString joined = JoinWithSpace(customer.CustNm1, customer.CustNm2);
+    const bool isSelf = !joined.isEmpty() && customer.Insured == joined;
+    (isSelf ? m_fields.sameName : m_fields.ownName)->setChecked(true);
+    m_fields.name1->setValue(customer.CustNm1);
+    m_fields.name2->setValue(customer.CustNm2);
+    m_fields.kana1->setValue(customer.CustKn1);
+    m_fields.kana2->setValue(customer.CustKn2);
+    m_fields.birth->setValue(customer.Birth);
+    m_fields.sex->setText(customer.Sex);
+    if (!m_fields.familyType->chooseByData(customer.FamilyType)) m_fields.familyType->clearChoice();
+    m_fields.insured->setValue(customer.Insured);
+    m_fields.zip->setValue(customer.Zip);
+    m_fields.pref->setText(customer.Pref);
+    m_fields.city->setText(customer.City);
+    m_fields.addr1->setValue(customer.Addr1);
+    m_fields.addr2->setValue(customer.Addr2);
+    m_fields.tel->setValue(customer.Tel);
+    m_fields.fax->setValue(customer.Fax);
+    m_fields.priceType->setText(customer.PriceType);
+    m_fields.memo->setValue(customer.Memo);
+    showAge();
+}
+
+void PersonFields::collect(clsCustomer& customer) const {
+    customer.CustNm1 = m_fields.name1->value();
+    customer.CustNm2 = m_fields.name2->value();
+    customer.CustKn1 = m_fields.kana1->value();
+    customer.CustKn2 = m_fields.kana2->value();
+    customer.Birth = m_fields.birth->value();
+    customer.Sex = m_fields.sex->text();
+    customer.FamilyType = m_fields.familyType->data();
+    customer.Insured = m_fields.insured->value();
+    customer.Zip = m_fields.zip->value();
+    customer.Pref = m_fields.pref->text();
+    customer.City = m_fields.city->text();
+    customer.Addr1 = m_fields.addr1->value();
+    customer.Addr2 = m_fields.addr2->value();
+    customer.Tel = m_fields.tel->value();
+    customer.Fax = m_fields.fax->value();
+    customer.Memo = m_fields.memo->value();
+}
+
+QString PersonFields::name() const { return JoinWithSpace(m_fields.name1->value(), m_fields.name2->value()); }
+
+// --- person ---
+
+void PersonFields::followName() {
+    const bool same = m_fields.sameName->isChecked();
+    m_fields.insured->setReadOnly(same);
+    if (same) m_fields.insured->setValue(name());
+    emit nameChanged();
+}
+
+void PersonFields::showAge() {
+    const QString birth = m_fields.birth->value();
+    m_fields.era->setText(FormatEraDate(birth, u"ggge年m月d日"_qs));
+    m_fields.age->setText(birth.isEmpty() ? QString() : QString::number(CalcAge(birth, dateText(currentDate()))));
+}
+
+// --- address ---
+
+// The city that stands there stays, also when the prefecture's list lacks it.
+void PersonFields::refillCities() {
+    const QString city = m_fields.city->text();
+    FillCityList(m_fields.city, m_fields.pref->text());
+    m_fields.city->setText(city);
+}
+
+void PersonFields::fillAddress(const QString& pref, const QString& city, const QString& town) {
+    m_fields.pref->setText(pref);
+    m_fields.city->setText(city);
+    m_fields.addr1->setValue(town);
+}
+
+void PersonFields::takeZip() {
+    if (m_showing) return;
+    const QString zip = FormatZip(m_fields.zip->value());
+    if (zip != m_fields.zip->value()) return m_fields.zip->setValue(zip); // which settles once more
+    if (zip.isEmpty()) return;
+    QList<clsZip> found;
+    gZipManager.GetList(found, u"[郵便番号] LIKE '"_qs + SqlQuote(zip, true) + u"%'"_qs, u"[郵便番号]"_qs);
+    if (found.size() == 1) return fillAddress(found.first().Pref, found.first().City, found.first().Town);
+    if (found.isEmpty() || zip.size() != wholeZip) return;
+    // One code of several places: the operator says which.
+    const auto chosen = SelectFrom(m_form, u"郵便番号"_qs, gZipManager.GetSelectListFromZip(zip, u"[都道府県名]"_qs));
+    if (chosen)
+        fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs));
+}
+
+void PersonFields::chooseAddress() {
+    const QString address = m_fields.city->text() + m_fields.addr1->value();
+    const auto chosen =
+        SelectFrom(m_form, u"郵便番号"_qs,
+                   gZipManager.GetSelectListFromAddr(m_fields.pref->text(), address, u"[郵便番号]"_qs), {}, TellMissing::No);
+    if (!chosen) return;
+    {
+        // The code comes from the address, not the other way round.
+        const QScopedValueRollback showing(m_showing, true);
+        m_fields.zip->setValue(chosen->value(u"郵便番号"_qs));
+    }
+    fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs));
+}
