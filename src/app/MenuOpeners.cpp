@@ -1,5 +1,6 @@
 #include "app/MenuOpeners.h"
 
+#include "customers/screens/frmCustomerList.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
 
@@ -12,6 +13,7 @@ const QHash<QString, MenuOpener>& menuOpeners() {
                  menu, [](frmCsEstimateList& list) { list.OpenMode = frmCsEstimateList::fromMenu; },
                  [](frmCsEstimateList&) {});
          }},
+        {u"cbCustomerList"_qs, [](QWidget* menu) { openScreen<frmCustomerList>(menu); }},
     };
     return table;
 }

@@ -8,6 +8,8 @@
 
 #include <QTabBar>
 
+#include <algorithm>
+
 namespace {
 
 const QString kanaTabs = u"全あかさたなはまやらわ他"_qs;
@@ -100,4 +102,13 @@ void FillKanaTabs(QTabBar* tabs) {
 
 QString KanaTabFilter(const QString& column, int tabIndex) {
     return tabIndex < 0 ? QString() : kanaRangeFilter(column, kanaTabs.mid(tabIndex, 1));
+}
+
+int KanaTabOf(const QString& reading) {
+    static const QString rowStarts = u"ｱｶｻﾀﾅﾊﾏﾔﾗﾜ"_qs;
+    if (reading.isEmpty()) return -1;
+    const QChar first = reading.front();
+    if (first < rowStarts.front() || first > u'ﾝ') return static_cast<int>(kanaTabs.size()) - 1;
+    const auto behind = std::upper_bound(rowStarts.begin(), rowStarts.end(), first);
+    return static_cast<int>(behind - rowStarts.begin()); // 全 stands before the first row
 }

@@ -71,3 +71,5 @@ QString PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndVal
 void FillKanaTabs(QTabBar* tabs);
 // The range filter of a tab on a reading column; 全 gives none.
 QString KanaTabFilter(const QString& column, int tabIndex);
+// The tab whose range holds the first character of a reading; 他 for any other, -1 for an empty reading.
+int KanaTabOf(const QString& reading);

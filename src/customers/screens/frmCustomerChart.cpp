@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "customers/ChartParties.h"
 #include "db/clsAssistManager.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/SelectFrom.h"
@@ -70,14 +71,13 @@ void frmCustomerChart::showMode() {
 
 void frmCustomerChart::showChart() {
     const QScopedValueRollback showing(m_showing, true);
-    clsOrder order;
-    if (Val(Chart.OrderNo) != 0) gOrderManager.GetData(Chart.OrderNo, order);
-    ui->txtChartNo->setValue(EditMode == Add ? u"(追加)"_qs : Chart.ChartNo);
+    const QString code = Order.OrderCd.isEmpty() ? orderCodeOf(Chart) : Order.OrderCd;
+    ui->txtChartNo->setValue(Chart.ChartNo.isEmpty() ? u"(追加)"_qs : Chart.ChartNo);
     ui->txtChartCd->setValue(Chart.ChartCd);
     ui->cboLR->setText(Chart.LR);
     ui->txtDiseaseNm->setValue(Chart.DiseaseNm);
     ui->idtHospDate->setValue(Chart.HospDate);
-    ui->txtOrderCd->setValue(order.OrderCd);
+    ui->txtOrderCd->setValue(code);
     ui->txtOrderNm->setValue(Chart.OrderNm);
     fillDoctors();
     ui->cboDoctor->setText(Chart.DoctorNm);
@@ -111,14 +111,14 @@ void frmCustomerChart::selectOrder() {
     ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
 }
 
-// A chart keeps the name under which its party was once entered, also when the party was renamed since.
+// Another name of the chart's own party is no other party's; which of the two holds is asked when the chart is stored.
 bool frmCustomerChart::isCodeOfAnother() {
     clsOrder owner;
     const QString code = ui->txtOrderCd->value();
     const QString name = Text::rightTrimmed(ui->txtOrderNm->value());
     if (code.isEmpty() || !gOrderManager.GetDataCd(code, owner) || Text::rightTrimmed(owner.OrderNm) == name)
         return false;
-    return owner.OrderNo != Chart.OrderNo || name != Text::rightTrimmed(Chart.OrderNm);
+    return owner.OrderNo != Chart.OrderNo;
 }
 
 clsOrder frmCustomerChart::enteredOrder() {

@@ -4,7 +4,7 @@
 #include "base/basMessage.h"
 #include "customers/clsCustomerManager.h"
 #include "db/clsDbManager.h"
-#include "estimates/screens/FormPieces.h"
+#include "ui/FormPieces.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"

@@ -1,0 +1,61 @@
+#include "customers/screens/LawGrid.h"
+
+#include "base/basCommon.h"
+#include "reference/ReferenceManagers.h"
+#include "ui/FormPieces.h"
+#include "ui/Grid.h"
+
+namespace {
+
+constexpr int rowCount = 4;
+
+QList<GridColumn> columns() {
+    QList<GridColumn> all(2);
+    all[LawGrid::InsNo].title = u"法別No"_qs;
+    all[LawGrid::InsNo].hidden = true;
+    all[LawGrid::InsNm].title = u"保険名"_qs;
+    all[LawGrid::InsNm].width = 24;
+    all[LawGrid::InsNm].editable = true;
+    return all;
+}
+
+} // namespace
+
+LawGrid::LawGrid(Grid* grid) : QObject(grid), m_grid(grid) {
+    m_grid->setColumns(columns());
+    m_grid->setRows(rowCount);
+    FormPieces::stretchColumn(m_grid, InsNm);
+    FormPieces::fixRowsShown(m_grid, rowCount);
+    connect(m_grid, &Grid::cellEdited, this, [this](int row) {
+        m_grid->setValue(row, InsNo, m_grid->value(row, InsNm));
+        emit changed();
+    });
+}
+
+// The laws to choose from: those in use today, and what the customer has already.
+void LawGrid::offer(const QStringList& inUse) {
+    QStringList wanted{u"[有効Flg] = 0"_qs};
+    for (const QString& law : inUse) wanted << u"[法別No] = "_qs + sqlNumber(law);
+    QList<clsIns> rows;
+    gInsManager.GetList(rows, wanted.join(u" OR "_qs), u"[法別No]"_qs);
+    QStringList entries;
+    for (const clsIns& row : rows) entries << u'#' + row.InsNo + u';' + row.InsNm;
+    m_grid->setEntries(InsNm, entries);
+}
+
+void LawGrid::show(const QStringList& laws) {
+    offer(laws);
+    m_grid->setRows(rowCount);
+    m_beyond = laws.mid(rowCount);
+    for (int i = 0; i < qMin<qsizetype>(rowCount, laws.size()); ++i)
+        m_grid->setRowValues(i + 1, {laws.at(i), laws.at(i)});
+}
+
+QStringList LawGrid::laws() const {
+    QStringList all;
+    for (int row = 1; row <= m_grid->rows(); ++row)
+        if (const QString law = m_grid->value(row, InsNm); Val(law) != 0) all << law;
+    all << m_beyond;
+    all.removeDuplicates();
+    return all;
+}
