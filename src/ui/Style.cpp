@@ -54,7 +54,7 @@ QPalette calmPalette() {
 QString sheet() {
     return QStringLiteral(R"(
         QLineEdit, QPlainTextEdit, QComboBox { background: %1; border: 1px solid %2; border-radius: 3px;
-            padding: 2px 4px; min-height: 1.4em; selection-background-color: %3; }
+            padding: 2px 4px; min-height: 1.15em; selection-background-color: %3; }
         QLineEdit:read-only, QPlainTextEdit:read-only { background: %4; }
         QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #8E98A2; }
         QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { background: %5; border: 2px solid %3;
@@ -62,12 +62,12 @@ QString sheet() {
         QComboBox::drop-down { border: none; width: 1.6em; }
         QComboBox QLineEdit, QAbstractItemView QLineEdit, QAbstractItemView QComboBox { border: none;
             border-radius: 0; padding: 0 2px; min-height: 0; }
-        QPushButton { background: #FBFCFD; border: 1px solid %2; border-radius: 4px; padding: 4px 14px;
-            min-height: 1.6em; }
+        QPushButton { background: #FBFCFD; border: 1px solid %2; border-radius: 4px; padding: 3px 10px;
+            min-height: 1.1em; }
         QPushButton:hover { background: %6; }
         QPushButton:pressed { background: #D3DEE8; }
         QPushButton:disabled { color: #9AA4AE; background: #EEF1F3; border-color: #D5DBE0; }
-        QPushButton:focus, QPushButton:default { border: 2px solid %3; padding: 3px 13px; }
+        QPushButton:focus, QPushButton:default { border: 2px solid %3; padding: 2px 9px; }
         QCheckBox:focus, QRadioButton:focus { color: %3; text-decoration: underline; }
         QGroupBox { border: 1px solid %2; border-radius: 5px; margin-top: 0.8em; padding-top: 0.4em; }
         QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %3; }
@@ -79,9 +79,14 @@ QString sheet() {
         QHeaderView::section { background: %6; border: none; border-right: 1px solid %2;
             border-bottom: 1px solid %2; padding: 3px 6px; }
         QTabWidget::pane { border: 1px solid %2; border-radius: 4px; }
-        QTabBar::tab { background: %6; border: 1px solid %2; padding: 5px 14px; margin-right: 2px;
+        QTabBar::tab { background: %6; border: 1px solid %2; padding: 4px 14px; margin-right: 2px;
             border-top-left-radius: 4px; border-top-right-radius: 4px; }
         QTabBar::tab:selected { background: #FFFFFF; color: %3; border-bottom-color: #FFFFFF; }
+        QTabBar::tab:focus { text-decoration: underline; }
+        QLabel[shownValue="true"] { background: %1; border: 1px solid #D5DBE0; border-radius: 3px;
+            padding: 1px 5px; min-height: 1.2em; }
+        QLabel[shownValue="true"]:disabled { background: %4; }
+        #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),
              Style::focusField.name(), Style::heading.name(), Style::ink.name());
