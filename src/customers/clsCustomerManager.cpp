@@ -234,6 +234,13 @@ QString clsCustomerManager::KeysWithEst(const QString& where, const QString& ord
     return sql;
 }
 
+QString clsCustomerManager::Keys(const QString& where, const QString& order) {
+    QString sql = u"SELECT [顧客ID] & '|' & [顧客枝番] FROM [顧客情報]"_qs;
+    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
+    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    return sql;
+}
+
 QString clsCustomerManager::listKey(const clsCustomer& customer) { return customer.CustId + u'|' + customer.CustSubId; }
 
 QList<clsCustomer> clsCustomerManager::customersOf(const QStringList& listKeys) {

@@ -90,7 +90,15 @@ QHash<QString, QStringList> KeyedList::fetchBlock(int block) {
 
 void KeyedList::refresh(int row, const QString& key) {
     const QHash<QString, QStringList> found = m_fetch({key});
-    if (found.isEmpty()) m_grid->removeRow(row);
-    else m_grid->setRowValues(row, found.constBegin().value());
+    if (!found.contains(key)) m_grid->removeRow(row);
+    else m_grid->setRowValues(row, found.value(key));
+    showCount();
+}
+
+void KeyedList::append(const QString& key) {
+    const QHash<QString, QStringList> found = m_fetch({key});
+    if (!found.contains(key)) return;
+    m_grid->addRow(found.value(key));
+    m_grid->setCurrent(m_grid->rows());
     showCount();
 }

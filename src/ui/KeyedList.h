@@ -27,6 +27,8 @@ public:
     void clear();
     // Rewrites a row from the database; it goes when it is not there any more.
     void refresh(int row, const QString& key);
+    // Puts a row that was stored just now at the end, and makes it the current one.
+    void append(const QString& key);
     // The rows there are, also those that the grid does not have yet.
     bool isEmpty() const;
 

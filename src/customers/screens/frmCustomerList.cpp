@@ -5,7 +5,7 @@
 #include "customers/screens/frmCustomer.h"
 #include "db/clsDbManager.h"
 #include "ui/FormPieces.h"
-#include "ui/GridPages.h"
+#include "ui/KeyedList.h"
 #include "ui/basControlUtil.h"
 #include "ui_frmCustomerList.h"
 
@@ -50,26 +50,22 @@ QList<GridColumn> gridColumns() {
     return columns;
 }
 
-const QStringList& queryColumns() {
-    static const QStringList columns{u"[顧客ID]"_qs,    u"[顧客枝番]"_qs,  u"[顧客番号]"_qs, u"[名前1]"_qs,    u"[名前2]"_qs,
-                                     u"[フリガナ1]"_qs, u"[フリガナ2]"_qs, u"[性別]"_qs,     u"[都道府県]"_qs, u"[市区郡]"_qs};
-    return columns;
-}
-
 QString joined(const QString& first, const QString& second) { return (first + u' ' + second).trimmed(); }
 
-QStringList cellsOf(const QStringList& fields) {
-    return {fields.at(0), fields.at(1), fields.at(2), joined(fields.at(3), fields.at(4)),
-            joined(fields.at(5), fields.at(6)), fields.at(7), fields.at(8), fields.at(9)};
+QHash<QString, QStringList> fetchRows(const QStringList& keys) {
+    QHash<QString, QStringList> rows;
+    for (const clsCustomer& customer : gCustomerManager.customersOf(keys))
+        rows.insert(clsCustomerManager::listKey(customer),
+                    {customer.CustId, customer.CustSubId, customer.CustNo, joined(customer.CustNm1, customer.CustNm2),
+                     joined(customer.CustKn1, customer.CustKn2), customer.Sex, customer.Pref, customer.City});
+    return rows;
 }
 
-QStringList cellsOf(const clsCustomer& customer) {
-    return cellsOf(QStringList{customer.CustId, customer.CustSubId, customer.CustNo, customer.CustNm1, customer.CustNm2,
-                               customer.CustKn1, customer.CustKn2, customer.Sex, customer.Pref, customer.City});
-}
-
-QString condition(const QString& id, const QString& branch) {
-    return u"[顧客ID] = "_qs + sqlText(id) + u" AND [顧客枝番] = "_qs + sqlNumber(branch);
+QString keyOf(const QString& id, const QString& branch) {
+    clsCustomer customer;
+    customer.CustId = id;
+    customer.CustSubId = branch;
+    return clsCustomerManager::listKey(customer);
 }
 
 QString startsWith(const QString& column, const QString& text) {
@@ -83,7 +79,7 @@ frmCustomerList::frmCustomerList(QWidget* parent) : Screen(parent), ui(std::make
     FormPieces::applyCharacters(this);
     FillKanaTabs(ui->stKana);
     ui->flxData->setColumns(gridColumns());
-    m_pages = new GridPages(ui->flxData, [](const QStringList& fields) { return cellsOf(fields); });
+    m_rows = new KeyedList(ui->flxData, ui->txtCount, gDbManager.Connection().settings(), fetchRows);
     connectFilters();
     connectCommands();
 }
@@ -175,27 +171,18 @@ void frmCustomerList::sortBy(int column) {
 }
 
 // By the marked column, else by the reading. The key at the end tells persons of one name apart.
-QList<PagedQuery::Term> frmCustomerList::order() const {
+QString frmCustomerList::order() const {
     const int marked = ui->flxData->sortColumn();
     QStringList columns = columnForms().at(marked < 0 ? Kana : marked).sorting;
     columns << u"[顧客ID]"_qs << u"[顧客枝番]"_qs;
     columns.removeDuplicates();
-    QList<PagedQuery::Term> terms;
-    for (const QString& column : columns) terms << PagedQuery::Term{column, !ui->flxData->sortsUpwards()};
-    return terms;
+    const QString direction = ui->flxData->sortsUpwards() ? u" ASC"_qs : u" DESC"_qs;
+    return columns.join(direction + u", "_qs) + direction;
 }
 
 void frmCustomerList::showRows() {
-    if (m_filling) return;
-    guarded([this] {
-        m_pages->show(std::make_unique<PagedQuery>(
-            gDbManager.Connection(), PagedQuery::Statement{queryColumns(), u"[顧客情報]"_qs, filter(), order()}));
-        ui->flxData->setCurrent(1);
-        showCount();
-    });
+    if (!m_filling) m_rows->show(clsCustomerManager::Keys(filter(), order()));
 }
-
-void frmCustomerList::showCount() { ui->txtCount->setValue(formatThousands(ui->flxData->rows()) + u"件"_qs); }
 
 // --- commands ---
 
@@ -214,23 +201,7 @@ void frmCustomerList::open(qint16 mode) {
         },
         [&](frmCustomer& screen) {
             if (!screen.Updated) return;
-            if (screen.EditMode == frmCustomer::Add) takeAdded(screen.CustId, screen.CustSubId);
-            else if (screen.EditMode == frmCustomer::Edit) takeChanged(row);
-            else m_pages->remove(row, condition(id, branch));
+            if (screen.EditMode == frmCustomer::Add) m_rows->append(keyOf(screen.CustId, screen.CustSubId));
+            else m_rows->refresh(row, keyOf(id, branch)); // which takes a deleted one off
         });
-    showCount();
-}
-
-void frmCustomerList::takeAdded(const QString& id, const QString& branch) {
-    clsCustomer added;
-    if (!gCustomerManager.GetData(id, branch, added)) return;
-    m_pages->append(condition(id, branch), cellsOf(added));
-    ui->flxData->setCurrent(ui->flxData->rows());
-}
-
-void frmCustomerList::takeChanged(int row) {
-    const QString id = ui->flxData->value(row, CustId);
-    const QString branch = ui->flxData->value(row, CustSubId);
-    clsCustomer changed;
-    if (gCustomerManager.GetData(id, branch, changed)) m_pages->rewrite(row, condition(id, branch), cellsOf(changed));
 }

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "customers/clsCustomerManager.h"
-#include "db/PagedQuery.h"
 #include "ui/Screen.h"
 
 namespace Ui {
 class frmCustomerList;
 }
 
-class GridPages;
+class KeyedList;
 
 // Lists the customer branches, filtered by reading and address, and opens the customer screen for them.
 class frmCustomerList : public Screen {
@@ -31,15 +30,12 @@ private:
     void sortBy(int column);
 
     QString filter() const;
-    QList<PagedQuery::Term> order() const;
+    QString order() const;
     void showRows();
-    void showCount();
 
     void open(qint16 mode);
-    void takeAdded(const QString& CustId, const QString& CustSubId);
-    void takeChanged(int row);
 
     std::unique_ptr<Ui::frmCustomerList> ui;
-    GridPages* m_pages;
+    KeyedList* m_rows;
     bool m_filling = false; // filters that change together rebuild the list once
 };
