@@ -45,10 +45,7 @@ void PersonFields::fillLists() {
     FillPrefList(m_fields.pref);
     FillCityList(m_fields.city, {});
     FillAssistList(m_fields.sex, AssistGroup::Sex);
-    // 本人区分 is stored as the value of its setting, not as the setting's number.
-    BeginList(m_fields.familyType);
-    for (const clsAssist& type : gAssistManager.group(AssistGroup::FamilyType))
-        AddListEntry(m_fields.familyType, type.AsstView, type.AsstData);
+    FillAssistValueList(m_fields.familyType, AssistGroup::FamilyType);
 }
 
 void PersonFields::show(const clsCustomer& customer) {
