@@ -74,12 +74,7 @@ const icu::Transliterator& katakana() {
 
 namespace Text {
 
-void assertConverters() {
-    sharedConverter();
-    narrowing();
-    widening();
-    katakana();
-}
+void assertConverters() { sharedConverter(); }
 
 QByteArray toCp932(const QString& text) {
     QString spelled = text;
