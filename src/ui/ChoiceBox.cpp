@@ -1,10 +1,14 @@
 #include "ui/ChoiceBox.h"
 
+#include "ui/Style.h"
+
 #include <QCompleter>
 #include <QStylePainter>
 #include <QWheelEvent>
 
 namespace {
+
+constexpr int widestCharacters = 24;
 
 // The style sheet's frame has no arrow of its own.
 void drawArrow(QPainter& painter, const QRect& box, const QColor& colour) {
@@ -17,6 +21,16 @@ void drawArrow(QPainter& painter, const QRect& box, const QColor& colour) {
 }
 
 } // namespace
+
+QSize ChoiceBox::sizeHint() const {
+    const QSize hint = QComboBox::sizeHint();
+    return {qMin(hint.width(), Style::charactersWide(this, widestCharacters)), hint.height()};
+}
+
+QSize ChoiceBox::minimumSizeHint() const {
+    const QSize hint = QComboBox::minimumSizeHint();
+    return {qMin(hint.width(), Style::charactersWide(this, widestCharacters)), hint.height()};
+}
 
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     setInsertPolicy(NoInsert);

@@ -25,6 +25,10 @@ public:
     bool chooseByData(const QString& data);
     void clearChoice() { setText({}); }
 
+    // As wide as its entries, but a long one among them does not widen the form.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 signals:
     // Another text is shown or another entry is chosen, by the operator or by the program.
     void valueChanged();

@@ -34,6 +34,7 @@ struct GridColumn {
     bool hidden = false;
     // With a list: whether a text that is no entry is taken as typed.
     bool freeText = false;
+    int maxLength = 0; // characters of a typed text that are kept; 0 keeps all
     QColor background;
     Qt::Alignment alignment = Qt::AlignLeft; // of texts; the other kinds have their own
     GridEntries entries;

@@ -3,6 +3,7 @@
 #include "base/basMessage.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"
+#include "ui/EntryValidator.h"
 #include "ui/Grid.h"
 #include "ui/NumberField.h"
 #include "ui/TextField.h"
@@ -87,8 +88,11 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
     const auto typed = typedText(editor);
     if (!typed) return tellLater(qobject_cast<EntryField*>(editor)->complaint());
-    const auto value = m_grid->m_model->valueOfText(index.column(), *typed);
-    if (value) m_grid->takeEdit(index, *value);
+    auto value = m_grid->m_model->valueOfText(index.column(), *typed);
+    if (!value) return;
+    int end = static_cast<int>(value->size());
+    cutBeforeCursor(*value, end, m_grid->column(index.column()).maxLength);
+    m_grid->takeEdit(index, *value);
 }
 
 // The edit is being left for another place: the cell keeps what it held, and the operator is told why.

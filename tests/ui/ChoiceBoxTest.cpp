@@ -23,6 +23,16 @@ private slots:
         QCOMPARE(box.data(), QString());
     }
 
+    void longEntryDoesNotWidenTheForm() {
+        ChoiceBox box;
+        fill(box);
+        const int former = box.sizeHint().width();
+        box.addEntry(QString(40, u'長'));
+        QVERIFY(box.sizeHint().width() >= former);
+        QVERIFY(box.sizeHint().width() < box.fontMetrics().horizontalAdvance(QString(40, u'長')) / 2);
+        QVERIFY(box.minimumSizeHint().width() <= box.sizeHint().width());
+    }
+
     void chosenEntryGivesItsData() {
         ChoiceBox box;
         fill(box);

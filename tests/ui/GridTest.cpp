@@ -25,6 +25,7 @@ QList<GridColumn> estimateColumns() {
     GridColumn quick = editableColumn(u"一括選択"_qs);
     quick.entries = {{u"1"_qs, u"1"_qs, u"下肢装具"_qs}, {u"12"_qs, u"12"_qs, u"義手"_qs}};
     quick.freeText = true;
+    quick.maxLength = 6;
     GridColumn item = editableColumn(u"種目"_qs);
     item.entries = {GridEntry::parse(u"義手"_qs), GridEntry::parse(u"義足"_qs)};
     GridColumn side = editableColumn(u"左右"_qs);
@@ -154,6 +155,11 @@ private slots:
         QCOMPARE(m_grid->value(1, Quick), u"3"_qs);
         enter(2, Quick, u"1"_qs);
         QCOMPARE(m_grid->value(2, Quick), u"1"_qs);
+    }
+
+    void typedTextIsCutAtTheLengthOfItsColumn() {
+        enter(1, Quick, u"12345𠮷𠮷"_qs);
+        QCOMPARE(m_grid->value(1, Quick), u"12345𠮷"_qs);
     }
 
     void returnGoesToTheNextCellToFill() {

@@ -40,6 +40,8 @@ QList<GridColumn> insuranceColumns() {
     for (const int typed : {InsuranceGrid::InsNm, InsuranceGrid::ClaimCd, InsuranceGrid::ClaimNm})
         columns[typed].editable = true;
     for (const int free : {InsuranceGrid::ClaimCd, InsuranceGrid::ClaimNm}) columns[free].freeText = true;
+    columns[InsuranceGrid::ClaimCd].maxLength = 10;
+    columns[InsuranceGrid::ClaimNm].maxLength = 40;
     return columns;
 }
 
