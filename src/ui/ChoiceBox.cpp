@@ -29,7 +29,7 @@ QSize ChoiceBox::sizeHint() const {
 
 QSize ChoiceBox::minimumSizeHint() const {
     const QSize hint = QComboBox::minimumSizeHint();
-    return {qMin(hint.width(), Style::charactersWide(this, widestCharacters)), hint.height()};
+    return {qMin(hint.width(), sizeHint().width()), hint.height()};
 }
 
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {

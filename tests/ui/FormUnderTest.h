@@ -27,8 +27,8 @@ public:
     // What an operator does to a field: go there, type over what stands in it.
     void type(QWidget* field, const QString& text) {
         field->setFocus(Qt::TabFocusReason);
-        for (const QChar c : text) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        for (const char32_t c : text.toUcs4()) { // a rare kanji is one keystroke
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&c, 1));
             QApplication::sendEvent(field, &press);
         }
     }

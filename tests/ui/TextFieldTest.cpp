@@ -49,6 +49,7 @@ private slots:
         FormUnderTest form;
         auto* field = form.add<TextField>();
         form.open();
+        form.leave();
         field->setValue(QString(100, u'院'));
         QCOMPARE(field->cursorPosition(), 0);
         form.type(field, QString(100, u'医'));
