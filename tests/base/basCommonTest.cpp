@@ -103,7 +103,9 @@ private slots:
     void typedDatesAreUnderstood_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QDate>("date");
-        const auto row = [](const char* typed, const QDate& date) { QTest::newRow(typed) << QString::fromUtf8(typed) << date; };
+        const auto row = [](const char* typed, const QDate& date) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << date;
+        };
         row("2005/3/1", {2005, 3, 1});
         row("20050301", {2005, 3, 1});
         row("h170301", {2005, 3, 1});
