@@ -12,10 +12,10 @@ clsSQLMaker makerOf(TestDatabase& database, const QString& table) {
     return maker;
 }
 
-// The first so many characters, never half of one, without blanks behind.
+// The first so many characters, one of two units counting once, without blanks behind.
 QString asCut(const QString& value, int size) {
-    QString cut = size > 0 ? value.left(size) : value;
-    if (cut.size() < value.size() && cut.back().isHighSurrogate()) cut.chop(1);
+    const std::u32string characters = value.toStdU32String();
+    QString cut = size > 0 ? QString::fromStdU32String(characters.substr(0, static_cast<size_t>(size))) : value;
     while (cut.endsWith(u' ')) cut.chop(1);
     return cut;
 }
