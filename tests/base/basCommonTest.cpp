@@ -382,6 +382,26 @@ private slots:
         QCOMPARE(clsProfile().GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs), u"x.csv"_qs);
     }
 
+    void encodingIsAChoiceAmongTheFileTypes() {
+        ProgramFolder folder;
+        folder.writeProfile("[SaveFile]\r\n");
+        int chosenFilter = 2;
+        seams().saveFile = [&](FileDialogRequest& request) {
+            request.filter = chosenFilter;
+            return request.filters.size() == 4 ? folder.path(u"x.csv"_qs) : QString();
+        };
+        QString path;
+        Csv::Encoding encoding = Csv::Encoding::Utf8;
+        const bool first = AskCsvSavePath(path, encoding);
+        const Csv::Encoding narrow = encoding;
+        chosenFilter = 3;
+        const bool second = AskCsvSavePath(path, encoding);
+        seams().saveFile = defaultSeams().saveFile;
+        QVERIFY(first && second);
+        QCOMPARE(narrow, Csv::Encoding::Cp932);
+        QCOMPARE(encoding, Csv::Encoding::Utf8);
+    }
+
     void cancelledCsvDialogRemembersNothing() {
         ProgramFolder folder;
         folder.writeProfile("[SaveFile]\r\nEstCsvFile=est.csv\r\n");
