@@ -23,9 +23,12 @@ QList<QStringList> read(const QString& text) {
         const QChar c = text.at(i);
         started = started || (c != u'\n' && c != u'\r');
         if (quoted) {
-            if (c != u'"') field += c;
-            else if (i + 1 < text.size() && text.at(i + 1) == u'"') field += text.at(i++);
-            else quoted = false;
+            if (c != u'"')
+                field += c;
+            else if (i + 1 < text.size() && text.at(i + 1) == u'"')
+                field += text.at(i++);
+            else
+                quoted = false;
         } else if (c == u'"') {
             quoted = true;
         } else if (c == u',') {

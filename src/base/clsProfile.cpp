@@ -1,14 +1,14 @@
 #include "base/clsProfile.h"
 
 #include "base/AppError.h"
+#include "base/Paths.h"
 #include "base/Seams.h"
 #include "base/Text.h"
-#include "base/Paths.h"
 
+#include <QByteArrayList>
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
-#include <QByteArrayList>
 
 namespace {
 

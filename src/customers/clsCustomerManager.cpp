@@ -31,30 +31,19 @@ QString sameQuestion(const clsCustomer& customer) {
 } // namespace
 
 clsCustomerManager::clsCustomerManager()
-    : TableManager(u"顧客情報"_qs, {{&clsCustomer::CustId, u"顧客ID"_qs},
-                                    {&clsCustomer::CustSubId, u"顧客枝番"_qs},
-                                    {&clsCustomer::CustNo, u"顧客番号"_qs},
-                                    {&clsCustomer::CustNm1, u"名前1"_qs},
-                                    {&clsCustomer::CustNm2, u"名前2"_qs},
-                                    {&clsCustomer::CustKn1, u"フリガナ1"_qs},
-                                    {&clsCustomer::CustKn2, u"フリガナ2"_qs},
-                                    {&clsCustomer::Sex, u"性別"_qs},
-                                    {&clsCustomer::Birth, u"生年月日"_qs},
-                                    {&clsCustomer::Zip, u"郵便番号"_qs},
-                                    {&clsCustomer::Pref, u"都道府県"_qs},
-                                    {&clsCustomer::City, u"市区郡"_qs},
-                                    {&clsCustomer::Addr1, u"住所1"_qs},
-                                    {&clsCustomer::Addr2, u"住所2"_qs},
-                                    {&clsCustomer::Tel, u"電話"_qs},
-                                    {&clsCustomer::Fax, u"FAX"_qs},
-                                    {&clsCustomer::mail, u"EMAIL"_qs},
-                                    {&clsCustomer::PriceType, u"価格区分"_qs},
-                                    {&clsCustomer::Insured, u"被保険者名"_qs},
-                                    {&clsCustomer::FamilyType, u"本人区分"_qs},
-                                    {&clsCustomer::AddDate, u"登録日"_qs},
-                                    {&clsCustomer::UpdDate, u"更新日"_qs},
-                                    {&clsCustomer::UpdUserNo, u"編集者No"_qs},
-                                    {&clsCustomer::Memo, u"備考"_qs}}) {}
+    : TableManager(u"顧客情報"_qs,
+                   {{&clsCustomer::CustId, u"顧客ID"_qs},      {&clsCustomer::CustSubId, u"顧客枝番"_qs},
+                    {&clsCustomer::CustNo, u"顧客番号"_qs},    {&clsCustomer::CustNm1, u"名前1"_qs},
+                    {&clsCustomer::CustNm2, u"名前2"_qs},      {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+                    {&clsCustomer::CustKn2, u"フリガナ2"_qs},  {&clsCustomer::Sex, u"性別"_qs},
+                    {&clsCustomer::Birth, u"生年月日"_qs},     {&clsCustomer::Zip, u"郵便番号"_qs},
+                    {&clsCustomer::Pref, u"都道府県"_qs},      {&clsCustomer::City, u"市区郡"_qs},
+                    {&clsCustomer::Addr1, u"住所1"_qs},        {&clsCustomer::Addr2, u"住所2"_qs},
+                    {&clsCustomer::Tel, u"電話"_qs},           {&clsCustomer::Fax, u"FAX"_qs},
+                    {&clsCustomer::mail, u"EMAIL"_qs},         {&clsCustomer::PriceType, u"価格区分"_qs},
+                    {&clsCustomer::Insured, u"被保険者名"_qs}, {&clsCustomer::FamilyType, u"本人区分"_qs},
+                    {&clsCustomer::AddDate, u"登録日"_qs},     {&clsCustomer::UpdDate, u"更新日"_qs},
+                    {&clsCustomer::UpdUserNo, u"編集者No"_qs}, {&clsCustomer::Memo, u"備考"_qs}}) {}
 
 bool clsCustomerManager::GetData(const QString& CustId, const QString& CustSubId, clsCustomer& customer) {
     return readFirst(customer, keyFilter(CustId, CustSubId));
@@ -65,8 +54,8 @@ void clsCustomerManager::DeleteData(const QString& CustId, const QString& CustSu
 }
 
 QString clsCustomerManager::GetNewSubId(const QString& CustId) {
-    const QString last = connection().scalar(u"SELECT MAX([顧客枝番]) AS [最終枝番] FROM [顧客情報]  WHERE [顧客ID] = "_qs +
-                                             sqlText(CustId));
+    const QString last = connection().scalar(
+        u"SELECT MAX([顧客枝番]) AS [最終枝番] FROM [顧客情報]  WHERE [顧客ID] = "_qs + sqlText(CustId));
     return numberText(Val(last) + 1);
 }
 
@@ -84,10 +73,10 @@ bool clsCustomerManager::FindSame(const clsCustomer& customer, clsCustomer& same
 
 bool clsCustomerManager::IsChanged(const clsCustomer& customer, const clsCustomer& stored) {
     static const QList<QString clsCustomer::*> compared{
-        &clsCustomer::CustNo, &clsCustomer::CustNm1, &clsCustomer::CustNm2, &clsCustomer::CustKn1,
-        &clsCustomer::CustKn2, &clsCustomer::Sex, &clsCustomer::Birth, &clsCustomer::Zip,
-        &clsCustomer::Pref, &clsCustomer::City, &clsCustomer::Addr1, &clsCustomer::Addr2,
-        &clsCustomer::Tel, &clsCustomer::Fax, &clsCustomer::Insured, &clsCustomer::FamilyType,
+        &clsCustomer::CustNo,  &clsCustomer::CustNm1, &clsCustomer::CustNm2, &clsCustomer::CustKn1,
+        &clsCustomer::CustKn2, &clsCustomer::Sex,     &clsCustomer::Birth,   &clsCustomer::Zip,
+        &clsCustomer::Pref,    &clsCustomer::City,    &clsCustomer::Addr1,   &clsCustomer::Addr2,
+        &clsCustomer::Tel,     &clsCustomer::Fax,     &clsCustomer::Insured, &clsCustomer::FamilyType,
         &clsCustomer::Memo};
     for (const auto member : compared)
         if (Text::rightTrimmed(customer.*member) != Text::rightTrimmed(stored.*member)) return true;
@@ -119,7 +108,9 @@ bool clsCustomerManager::drawNumber(clsCustomer& customer) {
 
 void clsCustomerManager::insertNew(const clsCustomer& customer) { insert(customer, columnsWithout(stamps)); }
 
-void clsCustomerManager::overwrite(const clsCustomer& customer) { update(customer, columnsWithout(stamps + keys), keys); }
+void clsCustomerManager::overwrite(const clsCustomer& customer) {
+    update(customer, columnsWithout(stamps + keys), keys);
+}
 
 bool clsCustomerManager::SaveData(clsCustomer& customer) {
     bool isNew = true;
@@ -142,8 +133,10 @@ bool clsCustomerManager::SaveData(clsCustomer& customer) {
         }
     }
     if (!drawNumber(customer)) return false;
-    if (isNew) insertNew(customer);
-    else overwrite(customer);
+    if (isNew)
+        insertNew(customer);
+    else
+        overwrite(customer);
     return true;
 }
 
@@ -165,8 +158,10 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
     } else {
         if (!IsChanged(customer, stored)) return true;
         switch (askConfirmation(stored, customer)) {
-        case CustomerUpdate::Closed: return false;
-        case CustomerUpdate::Overwrite: break;
+        case CustomerUpdate::Closed:
+            return false;
+        case CustomerUpdate::Overwrite:
+            break;
         case CustomerUpdate::NewBranch:
             customer.CustSubId = GetNewSubId(customer.CustId);
             isNew = true;
@@ -179,8 +174,10 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
         }
     }
     if (!drawNumber(customer)) return false;
-    if (isNew) insertNew(customer);
-    else overwrite(customer);
+    if (isNew)
+        insertNew(customer);
+    else
+        overwrite(customer);
     return true;
 }
 
@@ -194,21 +191,22 @@ Recordset clsCustomerManager::GetSelectList(const QString& where, const QString&
 
 void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order) {
     static const QList<Field<clsCustomer>> shown{
-        {&clsCustomer::CustId, u"顧客ID"_qs},    {&clsCustomer::CustSubId, u"顧客枝番"_qs},
-        {&clsCustomer::CustNo, u"顧客番号"_qs},  {&clsCustomer::CustNm1, u"名前1"_qs},
-        {&clsCustomer::CustNm2, u"名前2"_qs},    {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+        {&clsCustomer::CustId, u"顧客ID"_qs},     {&clsCustomer::CustSubId, u"顧客枝番"_qs},
+        {&clsCustomer::CustNo, u"顧客番号"_qs},   {&clsCustomer::CustNm1, u"名前1"_qs},
+        {&clsCustomer::CustNm2, u"名前2"_qs},     {&clsCustomer::CustKn1, u"フリガナ1"_qs},
         {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Tel, u"電話"_qs},
-        {&clsCustomer::Pref, u"都道府県"_qs},    {&clsCustomer::City, u"市区郡"_qs}};
+        {&clsCustomer::Pref, u"都道府県"_qs},     {&clsCustomer::City, u"市区郡"_qs}};
     QStringList columns;
     for (const auto& field : shown) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
-    QString sql =
-        u" SELECT DISTINCT "_qs + columns.join(u", "_qs) +
-        u" FROM ((([顧客見積情報] INNER JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
-        u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
-        u" LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
-        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
-        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+    QString sql = u" SELECT DISTINCT "_qs + columns.join(u", "_qs) +
+                  u" FROM (((([顧客見積情報] INNER JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
+                  u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
+                  u" LEFT JOIN [顧客カルテ]"
+                  u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = "
+                  u"[顧客カルテ].[顧客枝番])"
+                  u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+                  u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
+                  u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
     if (!where.isEmpty()) sql += u" WHERE "_qs + where;
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
     WriteSqlLog(sql);
@@ -222,10 +220,13 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
 
 QString clsCustomerManager::KeysWithEst(const QString& where, const QString& order) {
     QString sql =
-        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE EXISTS (SELECT [顧客見積情報].[見積ID]"
-        u" FROM (([顧客見積情報] LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE EXISTS (SELECT "
+        u"[顧客見積情報].[見積ID]"
+        u" FROM ((([顧客見積情報] LEFT JOIN [顧客カルテ]"
+        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = "
+        u"[顧客カルテ].[顧客枝番])"
         u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+        u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
         u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"
         u" WHERE ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs;
     if (!where.isEmpty()) sql += u" AND "_qs + where;

@@ -31,12 +31,14 @@ void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shor
     const QString words = error.databaseText().trimmed();
     switch (fault) {
     case Engine::Fault::Busy:
-        throw AppError(u"データベースは他の端末が使用中です。しばらく待ってから、もう一度実行してください。"_qs, u"Connection"_qs);
+        throw AppError(u"データベースは他の端末が使用中です。しばらく待ってから、もう一度実行してください。"_qs,
+                       u"Connection"_qs);
     case Engine::Fault::Lost:
         throw AppError(u"データベースとの接続が切れました。もう一度実行してください。"_qs, u"Connection"_qs);
     case Engine::Fault::Duplicate:
         throw AppError(u"同じキーのデータが既に登録されています。\n"_qs + words, u"Connection"_qs);
-    case Engine::Fault::Other: break;
+    case Engine::Fault::Other:
+        break;
     }
     throw AppError(u"データベースの処理に失敗しました。\n"_qs + words, u"Connection"_qs);
 }
@@ -59,7 +61,7 @@ struct Connection::Private {
     std::weak_ptr<Recordset::Stream> stream;
     bool open = false;
     bool lost = false;
-    bool failed = false; // a statement of the transaction under way
+    bool failed = false;        // a statement of the transaction under way
     QElapsedTimer sinceRelease; // of the write lock
 
     bool letGoJustNow() const { return sinceRelease.isValid() && sinceRelease.elapsed() < longestPause; }
@@ -132,7 +134,8 @@ void Connection::ensureUsable() {
     if (m_private->lost)
         throw AppError(u"データベースとの接続が切れました。もう一度実行してください。"_qs, u"Connection"_qs);
     if (m_private->failed && m_depth > 0)
-        throw AppError(u"前の処理が失敗したため、続けて実行できません。最初からやり直してください。"_qs, u"Connection"_qs);
+        throw AppError(u"前の処理が失敗したため、続けて実行できません。最初からやり直してください。"_qs,
+                       u"Connection"_qs);
 }
 
 void Connection::reopen() {
@@ -223,15 +226,18 @@ bool Connection::copyInto(const QString& statement, qint64& rows) {
 void Connection::begin() {
     ensureUsable();
     if (m_depth == 0) m_private->failed = false;
-    if (m_depth > 0) run(u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
-    else if (m_private->engine->queuesForLocks()) run(m_private->engine->beginTransaction());
-    else beginInTurn();
+    if (m_depth > 0)
+        run(u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
+    else if (m_private->engine->queuesForLocks())
+        run(m_private->engine->beginTransaction());
+    else
+        beginInTurn();
     ++m_depth;
 }
 
-// Who waits for a file's write lock can only try again and again. The engine's own way, up to ten times a second, leaves
-// the lock to whoever lets go of it and takes it again at once. So who has just let go pauses before the next try, and
-// the pauses are short and random, so that all who wait have the same chance.
+// Who waits for a file's write lock can only try again and again. The engine's own way, up to ten times a second,
+// leaves the lock to whoever lets go of it and takes it again at once. So who has just let go pauses before the next
+// try, and the pauses are short and random, so that all who wait have the same chance.
 void Connection::beginInTurn() {
     if (m_private->letGoJustNow()) pauseForOthers();
     const QDeadlineTimer deadline(m_settings.timeout * 1000);
@@ -299,8 +305,7 @@ QList<Schema::Column> Connection::columns(const QString& table) {
     finishStream();
     QSqlQuery query(m_private->database());
     query.setForwardOnly(true);
-    if (!query.exec(m_private->engine->columnNames(Schema::spelling(table))))
-        m_private->fail(query.lastError());
+    if (!query.exec(m_private->engine->columnNames(Schema::spelling(table)))) m_private->fail(query.lastError());
     QList<Schema::Column> result;
     while (query.next()) {
         const QString name = query.value(0).toString();
@@ -342,7 +347,8 @@ void Connection::createTable(const Schema::Table& table, const QString& name) {
     for (const QStringList& index : imported ? QList<QStringList>() : table.indexes) {
         QStringList quoted;
         for (const QString& column : index) quoted << u'[' + column + u']';
-        execute(u"CREATE INDEX [IDX_%1_%2] ON [%1] (%3)"_qs.arg(tableName).arg(table.indexes.indexOf(index) + 1)
+        execute(u"CREATE INDEX [IDX_%1_%2] ON [%1] (%3)"_qs.arg(tableName)
+                    .arg(table.indexes.indexOf(index) + 1)
                     .arg(quoted.join(u", "_qs)));
     }
 }

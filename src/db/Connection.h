@@ -33,8 +33,8 @@ public:
     // The first field of the first row; empty when there is no row.
     QString scalar(const QString& statement);
 
-    // Transactions nest: inner levels are savepoints. After a failed statement a level can only be rolled back. The outermost takes the write lock when it begins. A commit or
-    // rollback without a begin raises an error.
+    // Transactions nest: inner levels are savepoints. After a failed statement a level can only be rolled back. The
+    // outermost takes the write lock when it begins. A commit or rollback without a begin raises an error.
     void begin();
     void commit();
     void rollback();

@@ -5,6 +5,7 @@
 
 #include <QThread>
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -14,6 +15,7 @@ namespace {
 constexpr int firstBatch = 100;
 constexpr int largestBatch = 20'000;
 constexpr int patience = 500; // milliseconds
+constexpr std::chrono::milliseconds courtesy(100);
 
 } // namespace
 
@@ -27,6 +29,13 @@ public:
         const std::lock_guard lock(m_mutex);
         m_asked = reading;
         m_statement = statement;
+        m_changed.notify_one();
+    }
+
+    // The reader has shown the first keys of a reading.
+    void noteShown(int reading) {
+        const std::lock_guard lock(m_mutex);
+        m_shown = reading;
         m_changed.notify_one();
     }
 
@@ -48,9 +57,12 @@ public:
             } catch (const AppError& error) {
                 connection.reset();
                 deliver([&](KeyReader* reader) {
-                    QMetaObject::invokeMethod(reader, [reader, reading = m_current, text = error.description()] {
-                        reader->takeFailure(reading, text);
-                    }, Qt::QueuedConnection);
+                    QMetaObject::invokeMethod(
+                        reader,
+                        [reader, reading = m_current, text = error.description()] {
+                            reader->takeFailure(reading, text);
+                        },
+                        Qt::QueuedConnection);
                 });
             }
         }
@@ -73,9 +85,17 @@ private:
             keys << rows.value(0);
             if (keys.size() < batch) continue;
             if (!send(std::exchange(keys, {}), false)) return;
+            if (batch == firstBatch) letShow();
             batch = qMin(batch * 4, largestBatch);
         }
         send(keys, true);
+    }
+
+    // Who looks at the list comes first; but no longer than a moment, as the statement holds the shared file.
+    void letShow() {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait_for(lock, courtesy,
+                           [this] { return !m_reader || m_asked != m_current || m_shown == m_current; });
     }
 
     // False when nobody wants more of this reading.
@@ -94,9 +114,10 @@ private:
         return true;
     }
 
-    std::mutex m_mutex; // guards the next three
+    std::mutex m_mutex;  // guards the next four
     KeyReader* m_reader; // nothing once it has gone
     int m_asked = 0;
+    int m_shown = 0;
     QString m_statement;
     std::condition_variable m_changed;
     int m_current = 0;
@@ -126,6 +147,7 @@ void KeyReader::take(int reading, const QStringList& keys, bool last) {
     if (std::exchange(m_first, false)) {
         m_keys = keys;
         emit begun();
+        m_worker->noteShown(reading);
     } else {
         m_keys << keys;
         emit grown();

@@ -90,8 +90,7 @@ void Recordset::Stream::raise(const QSqlError& error) const {
 
 int Recordset::Stream::indexOf(const QString& field) const {
     const auto found = m_index.constFind(field.toLower());
-    if (found == m_index.constEnd())
-        throw AppError(u"項目 %1 が見つかりません。"_qs.arg(field), u"Recordset"_qs);
+    if (found == m_index.constEnd()) throw AppError(u"項目 %1 が見つかりません。"_qs.arg(field), u"Recordset"_qs);
     return *found;
 }
 
@@ -99,11 +98,16 @@ QString Recordset::Stream::text(int index) const {
     const QVariant value = m_row.value(index);
     if (value.isNull()) return {};
     switch (value.typeId()) {
-    case QMetaType::Bool: return value.toBool() ? u"1"_qs : u"0"_qs;
-    case QMetaType::Double: return shortestNumber(value.toDouble());
-    case QMetaType::QDateTime: return dateText(value.toDateTime());
-    case QMetaType::QDate: return dateText(value.toDate());
-    default: break;
+    case QMetaType::Bool:
+        return value.toBool() ? u"1"_qs : u"0"_qs;
+    case QMetaType::Double:
+        return shortestNumber(value.toDouble());
+    case QMetaType::QDateTime:
+        return dateText(value.toDateTime());
+    case QMetaType::QDate:
+        return dateText(value.toDate());
+    default:
+        break;
     }
     const QString text = value.toString();
     if (m_isDecimal.at(index)) return plainNumber(text);

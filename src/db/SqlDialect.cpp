@@ -20,7 +20,9 @@ QString SqlDialect::translate(const QString& statement) {
     return known->pieces.join(date(currentDateTime()));
 }
 
-QString SqlDialect::text(const QString& value) const { return u'\'' + QString(value).replace(u"'"_qs, u"''"_qs) + u'\''; }
+QString SqlDialect::text(const QString& value) const {
+    return u'\'' + QString(value).replace(u"'"_qs, u"''"_qs) + u'\'';
+}
 
 QString SqlDialect::choice(const QString& condition, const QString& yes, const QString& no) const {
     return u"(CASE WHEN %1 THEN %2 ELSE %3 END)"_qs.arg(condition, yes, no);
@@ -37,9 +39,7 @@ QString SqliteDialect::date(const QDateTime& value) const {
     return text(value.toString(timed ? u"yyyy/MM/dd HH:mm:ss"_qs : u"yyyy/MM/dd"_qs));
 }
 
-QString SqliteDialect::caseBlind(const QString& expression) const {
-    return u"(%1 COLLATE NOCASE)"_qs.arg(expression);
-}
+QString SqliteDialect::caseBlind(const QString& expression) const { return u"(%1 COLLATE NOCASE)"_qs.arg(expression); }
 
 QString SqliteDialect::asText(const QString& operand) const { return u"COALESCE(%1, '')"_qs.arg(operand); }
 

@@ -26,7 +26,8 @@ public:
     // --- what the engines say in their own way ---
     virtual QString name(const QString& name) const = 0;
     virtual QString date(const QDateTime& value) const = 0;
-    // A value (in brackets, when it is more than one word) of text that compares as columns do, without regard to the case of Latin letters.
+    // A value (in brackets, when it is more than one word) of text that compares as columns do, without regard to the
+    // case of Latin letters.
     virtual QString caseBlind(const QString& expression) const = 0;
     // A value as a part of a joined text, NULL counting as empty; a number in its one plain form.
     virtual QString asText(const QString& operand) const = 0;

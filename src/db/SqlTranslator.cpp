@@ -16,11 +16,12 @@ constexpr int deepestNesting = 100;
 constexpr QChar nowMark(u'\0');
 
 const QSet<QString>& keywords() {
-    static const QSet<QString> words{
-        u"SELECT"_qs, u"DISTINCT"_qs, u"FROM"_qs, u"WHERE"_qs,  u"GROUP"_qs, u"BY"_qs,   u"HAVING"_qs, u"ORDER"_qs,
-        u"ASC"_qs,    u"DESC"_qs,     u"AS"_qs,   u"AND"_qs,    u"OR"_qs,    u"NOT"_qs,  u"IN"_qs,     u"IS"_qs,
-        u"NULL"_qs,   u"LIKE"_qs,     u"LEFT"_qs, u"INNER"_qs,  u"JOIN"_qs,  u"ON"_qs,   u"UNION"_qs,  u"ALL"_qs,
-        u"EXISTS"_qs, u"BETWEEN"_qs,  u"INTO"_qs, u"VALUES"_qs, u"SET"_qs,   u"DISTINCTROW"_qs};
+    static const QSet<QString> words{u"SELECT"_qs,  u"DISTINCT"_qs, u"FROM"_qs,   u"WHERE"_qs, u"GROUP"_qs,
+                                     u"BY"_qs,      u"HAVING"_qs,   u"ORDER"_qs,  u"ASC"_qs,   u"DESC"_qs,
+                                     u"AS"_qs,      u"AND"_qs,      u"OR"_qs,     u"NOT"_qs,   u"IN"_qs,
+                                     u"IS"_qs,      u"NULL"_qs,     u"LIKE"_qs,   u"LEFT"_qs,  u"INNER"_qs,
+                                     u"JOIN"_qs,    u"ON"_qs,       u"UNION"_qs,  u"ALL"_qs,   u"EXISTS"_qs,
+                                     u"BETWEEN"_qs, u"INTO"_qs,     u"VALUES"_qs, u"SET"_qs,   u"DISTINCTROW"_qs};
     return words;
 }
 
@@ -47,10 +48,14 @@ bool startsOperand(const SqlToken& token) {
     case SqlToken::Name:
     case SqlToken::String:
     case SqlToken::Number:
-    case SqlToken::Date: return true;
-    case SqlToken::Word: return !isKeyword(token);
-    case SqlToken::Symbol: return token.text == u"(";
-    case SqlToken::End: return false;
+    case SqlToken::Date:
+        return true;
+    case SqlToken::Word:
+        return !isKeyword(token);
+    case SqlToken::Symbol:
+        return token.text == u"(";
+    case SqlToken::End:
+        return false;
     }
     return false;
 }
@@ -96,14 +101,22 @@ void SqlTranslator::collectTables() {
 QStringList SqlTranslator::run() {
     QString text;
     const SqlToken first = take();
-    if (first.is(u"SELECT")) text = u"SELECT"_qs + selectStatement();
-    else if (first.is(u"INSERT")) text = insertStatement();
-    else if (first.is(u"UPDATE")) text = updateStatement();
-    else if (first.is(u"DELETE")) text = deleteStatement();
-    else if (first.is(u"DROP")) text = dropStatement();
-    else if (first.is(u"CREATE")) text = createIndexStatement();
-    else if (first.is(u"ALTER")) text = alterStatement();
-    else raiseSqlError(u"文の種類が分かりません。"_qs, first);
+    if (first.is(u"SELECT"))
+        text = u"SELECT"_qs + selectStatement();
+    else if (first.is(u"INSERT"))
+        text = insertStatement();
+    else if (first.is(u"UPDATE"))
+        text = updateStatement();
+    else if (first.is(u"DELETE"))
+        text = deleteStatement();
+    else if (first.is(u"DROP"))
+        text = dropStatement();
+    else if (first.is(u"CREATE"))
+        text = createIndexStatement();
+    else if (first.is(u"ALTER"))
+        text = alterStatement();
+    else
+        raiseSqlError(u"文の種類が分かりません。"_qs, first);
     acceptSymbol(u";");
     if (at().kind != SqlToken::End) raiseSqlError(u"余分な語があります。"_qs, at());
     return text.split(nowMark);
@@ -240,12 +253,13 @@ QString SqlTranslator::valuesList(const QString& table, const QStringList& colum
     expectSymbol(u"(");
     do {
         const QString column = columns.value(values.size());
-        if (accept(u"NULL")) values << u"NULL"_qs;
-        else values << valueFor(kindOf(table, column));
+        if (accept(u"NULL"))
+            values << u"NULL"_qs;
+        else
+            values << valueFor(kindOf(table, column));
     } while (acceptSymbol(u","));
     expectSymbol(u")");
-    if (!columns.isEmpty() && columns.size() != values.size())
-        raiseSqlError(u"列と値の数が違います。"_qs, start);
+    if (!columns.isEmpty() && columns.size() != values.size()) raiseSqlError(u"列と値の数が違います。"_qs, start);
     return u" VALUES ("_qs + values.join(u", "_qs) + u")"_qs;
 }
 
@@ -255,8 +269,10 @@ QString SqlTranslator::clauses() {
     if (++m_depth > deepestNesting) raiseSqlError(u"かっこが深すぎます。"_qs, at());
     QString text;
     while (at().kind != SqlToken::End && !at().isSymbol(u")") && !at().isSymbol(u";")) {
-        if (at().is(u"ORDER")) text += sortTerms();
-        else text += u' ' + word();
+        if (at().is(u"ORDER"))
+            text += sortTerms();
+        else
+            text += u' ' + word();
     }
     --m_depth;
     return text;
@@ -429,8 +445,10 @@ SqlTranslator::Operand SqlTranslator::operand(Kind expected) {
 }
 
 void SqlTranslator::requireNumber(Operand& value, const SqlToken& at) const {
-    if (value.literal) value.text = literalText(*value.literal, Kind::Number);
-    else if (value.kind != Kind::Number && value.kind != Kind::Unknown) raiseMismatch(at);
+    if (value.literal)
+        value.text = literalText(*value.literal, Kind::Number);
+    else if (value.kind != Kind::Number && value.kind != Kind::Unknown)
+        raiseMismatch(at);
 }
 
 SqlTranslator::Operand SqlTranslator::joined(Kind expected) {
@@ -465,14 +483,16 @@ SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
                                                           : Kind::Date;
         return {literalText(literal, expected), expected == Kind::Unknown ? own : expected, literal, false};
     }
-    case SqlToken::Name: return columnOperand();
+    case SqlToken::Name:
+        return columnOperand();
     case SqlToken::Word:
         if (isKeyword(token)) break;
         return at(1).isSymbol(u"(") ? function() : columnOperand();
     case SqlToken::Symbol:
         if (token.text == u"(") return bracket();
         break;
-    case SqlToken::End: break;
+    case SqlToken::End:
+        break;
     }
     raiseSqlError(u"値がありません。"_qs, token);
 }
@@ -520,11 +540,16 @@ SqlTranslator::Operand SqlTranslator::function() {
     const QString name = called.text.toUpper();
     expectSymbol(u"(");
     Operand result;
-    if (name == u"NOW") result = {QString(nowMark), Kind::Date, {}, false};
-    else if (name == u"ISNULL") result = {u"(%1 IS NULL)"_qs.arg(operand().text), Kind::Truth, {}, false};
-    else if (name == u"IIF") result = choice();
-    else if (aggregates().contains(name)) result = aggregate(called);
-    else raiseSqlError(u"関数 %1 は使えません。"_qs.arg(called.text), called);
+    if (name == u"NOW")
+        result = {QString(nowMark), Kind::Date, {}, false};
+    else if (name == u"ISNULL")
+        result = {u"(%1 IS NULL)"_qs.arg(operand().text), Kind::Truth, {}, false};
+    else if (name == u"IIF")
+        result = choice();
+    else if (aggregates().contains(name))
+        result = aggregate(called);
+    else
+        raiseSqlError(u"関数 %1 は使えません。"_qs.arg(called.text), called);
     expectSymbol(u")");
     return result;
 }

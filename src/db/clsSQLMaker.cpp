@@ -11,11 +11,11 @@ namespace {
 const QString addDate = u"登録日"_qs;
 const QString updDate = u"更新日"_qs;
 
-// A cut never leaves half of a character that takes two units.
+// Sizes count characters, as the fields and the engines do: one that takes two units is one.
 QString cutTo(const QString& text, int size) {
-    if (text.size() <= size) return text;
-    const bool splits = text.at(size - 1).isHighSurrogate();
-    return text.left(splits ? size - 1 : size);
+    qsizetype units = 0;
+    for (int i = 0; i < size && units < text.size(); ++i) units += text.at(units).isHighSurrogate() ? 2 : 1;
+    return text.left(units);
 }
 
 QString numberOf(const QString& text, Schema::TypeCode type) {

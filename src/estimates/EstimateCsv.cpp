@@ -14,12 +14,12 @@ template <class Record> struct CsvField {
 
 const QList<CsvField<clsCustomer>>& customerFields() {
     static const QList<CsvField<clsCustomer>> fields{
-        {u"顧客番号"_qs, &clsCustomer::CustNo},  {u"名前1"_qs, &clsCustomer::CustNm1},
-        {u"名前2"_qs, &clsCustomer::CustNm2},    {u"フリガナ1"_qs, &clsCustomer::CustKn1},
+        {u"顧客番号"_qs, &clsCustomer::CustNo},   {u"名前1"_qs, &clsCustomer::CustNm1},
+        {u"名前2"_qs, &clsCustomer::CustNm2},     {u"フリガナ1"_qs, &clsCustomer::CustKn1},
         {u"フリガナ2"_qs, &clsCustomer::CustKn2}, {u"郵便番号"_qs, &clsCustomer::Zip},
-        {u"都道府県"_qs, &clsCustomer::Pref},    {u"市区郡"_qs, &clsCustomer::City},
-        {u"住所1"_qs, &clsCustomer::Addr1},      {u"住所2"_qs, &clsCustomer::Addr2},
-        {u"電話"_qs, &clsCustomer::Tel},         {u"性別"_qs, &clsCustomer::Sex},
+        {u"都道府県"_qs, &clsCustomer::Pref},     {u"市区郡"_qs, &clsCustomer::City},
+        {u"住所1"_qs, &clsCustomer::Addr1},       {u"住所2"_qs, &clsCustomer::Addr2},
+        {u"電話"_qs, &clsCustomer::Tel},          {u"性別"_qs, &clsCustomer::Sex},
         {u"生年月日"_qs, &clsCustomer::Birth}};
     return fields;
 }

@@ -77,7 +77,8 @@ void addTexts(QStringList& terms, const Filter& filter, const QList<TextTerm>& f
 }
 
 void addDate(QStringList& terms, const QString& expression, const QString& sign, const QString& date) {
-    if (!date.isEmpty()) terms << u' ' + expression + u' ' + sign + u" #"_qs + formatDate(date, u"yyyy/mm/dd"_qs) + u'#';
+    if (!date.isEmpty())
+        terms << u' ' + expression + u' ' + sign + u" #"_qs + formatDate(date, u"yyyy/mm/dd"_qs) + u'#';
 }
 
 // Of the claim lines of an estimate at least one answers all of it.

@@ -4,7 +4,8 @@
 #include <QString>
 #include <QStringList>
 
-// What the estimate list is searched by, as it stands in the fields. An empty text asks nothing; dates are "yyyy/mm/dd".
+// What the estimate list is searched by, as it stands in the fields. An empty text asks nothing; dates are
+// "yyyy/mm/dd".
 struct EstimateListFilter {
     struct Period {
         QString from, to;

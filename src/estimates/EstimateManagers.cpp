@@ -17,15 +17,57 @@ const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_q
 
 QString estimateFilter(const QString& EstId) { return u"[見積ID] = "_qs + sqlText(EstId); }
 
-// The tables that a list of estimates can be filtered and sorted by.
-QString listClauses(const QString& where, const QString& order) {
-    QString sql =
-        u" FROM ((([顧客見積情報] LEFT JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
-        u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
-        u" LEFT JOIN ([顧客カルテ] LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
-        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
-        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+const QList<Field<clsCsEstimate>>& listEstimateFields() {
+    static const QList<Field<clsCsEstimate>> fields{
+        {&clsCsEstimate::EstId, u"見積ID"_qs},           {&clsCsEstimate::CustId, u"顧客ID"_qs},
+        {&clsCsEstimate::CustSubId, u"顧客枝番"_qs},     {&clsCsEstimate::EstNo, u"見積番号"_qs},
+        {&clsCsEstimate::EstNm, u"見積名称"_qs},         {&clsCsEstimate::EstSum, u"見積総合計"_qs},
+        {&clsCsEstimate::ProcKbnNo, u"処理区分"_qs},     {&clsCsEstimate::PickPtnDate, u"採型日"_qs},
+        {&clsCsEstimate::DelvFinDate, u"納品実績日"_qs}, {&clsCsEstimate::ProductCd, u"製品コード"_qs}};
+    return fields;
+}
+
+const QList<Field<clsCustomer>>& listCustomerFields() {
+    static const QList<Field<clsCustomer>> fields{
+        {&clsCustomer::CustNo, u"顧客番号"_qs},   {&clsCustomer::CustNm1, u"名前1"_qs},
+        {&clsCustomer::CustNm2, u"名前2"_qs},     {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Zip, u"郵便番号"_qs},
+        {&clsCustomer::Pref, u"都道府県"_qs},     {&clsCustomer::City, u"市区郡"_qs},
+        {&clsCustomer::Addr1, u"住所1"_qs},       {&clsCustomer::Addr2, u"住所2"_qs},
+        {&clsCustomer::Tel, u"電話"_qs},          {&clsCustomer::Sex, u"性別"_qs},
+        {&clsCustomer::Birth, u"生年月日"_qs}};
+    return fields;
+}
+
+struct ListJoin {
+    QString table;
+    QString text;
+};
+
+// The tables that a list of estimates can be filtered and sorted by, each after those that it hangs on. They are joined
+// one by one: of a join within a join an engine makes a table first, for each part of the list anew.
+const QList<ListJoin>& listJoins() {
+    static const QList<ListJoin> joins{
+        {u"[顧客情報]"_qs, u" LEFT JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
+                           u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs},
+        {u"[顧客カルテ]"_qs, u" LEFT JOIN [顧客カルテ] ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID])"
+                             u" AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+                             u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo])"_qs},
+        {u"[受注先]."_qs, u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No]"_qs},
+        {u"[製作担当者]."_qs,
+         u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No]"_qs}};
+    return joins;
+}
+
+// The clauses behind the columns of a list. No join adds or drops a row, so one that nothing asks for stays away.
+QString listClauses(const QString& columns, const QString& where, const QString& order) {
+    QString asked = columns + where + order;
+    QString joined = u"[顧客見積情報]"_qs;
+    for (auto join = listJoins().crbegin(); join != listJoins().crend(); ++join)
+        if (asked.contains(join->table)) asked += join->text;
+    for (const ListJoin& join : listJoins())
+        if (asked.contains(join.table)) joined = u'(' + joined + join.text + u')';
+    QString sql = u" FROM "_qs + joined;
     if (!where.isEmpty()) sql += u" WHERE "_qs + where;
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
     return sql;
@@ -126,15 +168,25 @@ void clsCsEstimateManager::DeleteData(const QString& EstId) {
 
 void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers,
                                           QList<clsChart>& charts, const QString& where, const QString& order) {
-    ForEachWithMst(where, order, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-        estimates << estimate;
-        customers << customer;
-        charts << chart;
-    });
+    ForEachWithMst(where, order,
+                   [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+                       estimates << estimate;
+                       customers << customer;
+                       charts << chart;
+                   });
+}
+
+QString clsCsEstimateManager::ListWithMst(const QString& where, const QString& order) {
+    QStringList columns;
+    for (const auto& field : listEstimateFields()) columns << u"[顧客見積情報].[%1]"_qs.arg(field.column);
+    for (const auto& field : listCustomerFields()) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
+    columns << u"[顧客カルテ].[受注先]"_qs;
+    const QString shown = columns.join(u", "_qs);
+    return u"SELECT "_qs + shown + listClauses(shown, where, order);
 }
 
 QString clsCsEstimateManager::KeysWithMst(const QString& where, const QString& order) {
-    return u"SELECT [顧客見積情報].[見積ID]"_qs + listClauses(where, order);
+    return u"SELECT [顧客見積情報].[見積ID]"_qs + listClauses({}, where, order);
 }
 
 QStringList clsCsEstimateManager::IdsWithMst(const QString& where, const QString& order) {
@@ -162,43 +214,26 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
                            rows.insert(estimate.EstId, {estimate, customer, chart});
                        });
         for (const QString& id : part)
-            if (const auto row = rows.constFind(id); row != rows.constEnd()) take(row->estimate, row->customer, row->chart);
+            if (const auto row = rows.constFind(id); row != rows.constEnd())
+                take(row->estimate, row->customer, row->chart);
         if (pause && !pause()) return;
     }
 }
 
 qint64 clsCsEstimateManager::CountWithMst(const QString& where) {
-    return connection().scalar(u"SELECT COUNT(*)"_qs + listClauses(where, {})).toLongLong();
+    return connection().scalar(u"SELECT COUNT(*)"_qs + listClauses({}, where, {})).toLongLong();
 }
 
 void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& order, const ListRow& take) {
-    static const QList<Field<clsCsEstimate>> estimateFields{
-        {&clsCsEstimate::EstId, u"見積ID"_qs},          {&clsCsEstimate::CustId, u"顧客ID"_qs},
-        {&clsCsEstimate::CustSubId, u"顧客枝番"_qs},    {&clsCsEstimate::EstNo, u"見積番号"_qs},
-        {&clsCsEstimate::EstNm, u"見積名称"_qs},        {&clsCsEstimate::EstSum, u"見積総合計"_qs},
-        {&clsCsEstimate::ProcKbnNo, u"処理区分"_qs},    {&clsCsEstimate::PickPtnDate, u"採型日"_qs},
-        {&clsCsEstimate::DelvFinDate, u"納品実績日"_qs}, {&clsCsEstimate::ProductCd, u"製品コード"_qs}};
-    static const QList<Field<clsCustomer>> customerFields{
-        {&clsCustomer::CustNo, u"顧客番号"_qs},  {&clsCustomer::CustNm1, u"名前1"_qs},
-        {&clsCustomer::CustNm2, u"名前2"_qs},    {&clsCustomer::CustKn1, u"フリガナ1"_qs},
-        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Zip, u"郵便番号"_qs},
-        {&clsCustomer::Pref, u"都道府県"_qs},    {&clsCustomer::City, u"市区郡"_qs},
-        {&clsCustomer::Addr1, u"住所1"_qs},      {&clsCustomer::Addr2, u"住所2"_qs},
-        {&clsCustomer::Tel, u"電話"_qs},         {&clsCustomer::Sex, u"性別"_qs},
-        {&clsCustomer::Birth, u"生年月日"_qs}};
-    QStringList columns;
-    for (const auto& field : estimateFields) columns << u"[顧客見積情報].[%1]"_qs.arg(field.column);
-    for (const auto& field : customerFields) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
-    columns << u"[顧客カルテ].[受注先]"_qs;
-    const QString sql = u"SELECT "_qs + columns.join(u", "_qs) + listClauses(where, order);
+    const QString sql = ListWithMst(where, order);
     WriteSqlLog(sql);
     Recordset rows = connection().query(sql);
     while (rows.next()) {
         clsCsEstimate estimate;
         clsCustomer customer;
         clsChart chart;
-        for (const auto& field : estimateFields) estimate.*field.member = rows.value(field.column);
-        for (const auto& field : customerFields) customer.*field.member = rows.value(field.column);
+        for (const auto& field : listEstimateFields()) estimate.*field.member = rows.value(field.column);
+        for (const auto& field : listCustomerFields()) customer.*field.member = rows.value(field.column);
         chart.OrderNm = rows.value(u"受注先"_qs);
         take(estimate, customer, chart);
     }
@@ -207,8 +242,10 @@ void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& o
 void clsCsEstimateManager::UpdPayDate(const QString& EstId, const QString& PayDate, const QString& UpdUserNo,
                                       bool Flag) {
     maker().RemoveAll();
-    if (!PayDate.isEmpty()) maker().AddData(u"処理区分"_qs, u"1"_qs);
-    else if (Flag) maker().AddData(u"処理区分"_qs, u"99"_qs);
+    if (!PayDate.isEmpty())
+        maker().AddData(u"処理区分"_qs, u"1"_qs);
+    else if (Flag)
+        maker().AddData(u"処理区分"_qs, u"99"_qs);
     maker().AddData(u"入金完了日"_qs, PayDate);
     maker().AddData(u"編集者No"_qs, UpdUserNo);
     maker().AddKey(estimateKey, EstId);
@@ -229,11 +266,11 @@ void clsCsEstimateManager::UpUrikake(const QString& EstId, const QString& Articl
 
 void clsCsEstimateManager::GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList,
                                       bool& Excluded) {
-    Recordset rows = connection().query(
-        u" SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
-        u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
-        u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"
-        u" WHERE [顧客見積情報].[見積ID] = "_qs + sqlText(EstId) + u" ORDER BY [法別].[法別No];"_qs);
+    Recordset rows = connection().query(u" SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
+                                        u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
+                                        u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"
+                                        u" WHERE [顧客見積情報].[見積ID] = "_qs +
+                                        sqlText(EstId) + u" ORDER BY [法別].[法別No];"_qs);
     while (rows.next()) {
         const QString name = rows.value(u"法別"_qs);
         if (!InsList.isEmpty()) InsList += u',';

@@ -31,7 +31,8 @@ public:
     // is held between. After each part `pause` runs, when given; false ends the walk.
     void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {});
     QStringList IdsWithMst(const QString& where, const QString& order);
-    // The statement that gives the 見積ID of the same rows, and how many they are.
+    // The statement of the list, the one that gives no more than the 見積ID of its rows, and how many they are.
+    static QString ListWithMst(const QString& where, const QString& order);
     static QString KeysWithMst(const QString& where, const QString& order);
     qint64 CountWithMst(const QString& where);
     // Payment completed on a date, or taken back: an empty date with the flag sets 未回収.

@@ -1,5 +1,6 @@
 #include "ui/ChoiceBox.h"
 
+#include "ui/EntryValidator.h"
 #include "ui/Style.h"
 
 #include <QCompleter>
@@ -46,6 +47,13 @@ void ChoiceBox::setEditable(bool editable) {
     if (!editable) return;
     completer()->setCompletionMode(QCompleter::PopupCompletion);
     completer()->setFilterMode(Qt::MatchContains);
+}
+
+// The line edit's own limit would cut a character of two units in half.
+void ChoiceBox::setMaxLength(int characters) {
+    auto* validator = new EntryValidator(this);
+    validator->maxLength = characters;
+    setValidator(validator);
 }
 
 void ChoiceBox::clearEntries() {

@@ -11,6 +11,8 @@ public:
 
     // An editable box suggests the entries that hold what is typed, and never completes on its own.
     void setEditable(bool editable);
+    // The longest text of an editable box, in characters; what goes beyond is not taken.
+    void setMaxLength(int characters);
 
     void addEntry(const QString& text, const QString& data = {}) { addItem(text, data); }
     void clearEntries();

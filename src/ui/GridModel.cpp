@@ -6,6 +6,7 @@
 #include <QBrush>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -24,6 +25,8 @@ void GridModel::setColumns(const QList<GridColumn>& columns) {
     beginResetModel();
     m_columns = columns;
     m_rows.clear();
+    m_own.clear();
+    m_sourceRows = 0;
     endResetModel();
 }
 
@@ -38,12 +41,18 @@ void GridModel::setTitleMark(int column, const QString& mark) {
     emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
+int GridModel::newOwnRow() {
+    const int number = -1 - static_cast<int>(m_own.size());
+    m_own.insert(number, {});
+    return number;
+}
+
 void GridModel::setRowCount(int rows) {
-    beginResetModel();
-    m_source = nullptr;
-    m_lookedAt.clear();
-    m_rows.assign(rows, {});
-    endResetModel();
+    setSource(0, nullptr);
+    if (rows == 0) return;
+    beginInsertRows({}, 0, rows - 1);
+    for (int row = 0; row < rows; ++row) m_rows.push_back(newOwnRow());
+    endInsertRows();
 }
 
 void GridModel::setSource(int rows, RowSource source) {
@@ -51,9 +60,10 @@ void GridModel::setSource(int rows, RowSource source) {
     m_source = std::move(source);
     m_lookedAt.clear();
     m_lookedAt.setMaxCost(rowsKept);
-    m_rows.clear();
-    m_rows.reserve(rows);
-    for (m_sourceRows = 0; m_sourceRows < rows; ++m_sourceRows) m_rows.push_back({m_sourceRows, false, {}});
+    m_own.clear();
+    m_rows.resize(rows);
+    std::iota(m_rows.begin(), m_rows.end(), 0);
+    m_sourceRows = rows;
     endResetModel();
 }
 
@@ -61,18 +71,20 @@ void GridModel::growSource(int rows) {
     if (rows <= m_sourceRows) return;
     const int first = rowCount();
     beginInsertRows({}, first, first + rows - m_sourceRows - 1);
-    for (; m_sourceRows < rows; ++m_sourceRows) m_rows.push_back({m_sourceRows, false, {}});
+    while (m_sourceRows < rows) m_rows.push_back(m_sourceRows++);
     endInsertRows();
 }
 
 void GridModel::insertEmptyRow(int row) {
     beginInsertRows({}, row, row);
-    m_rows.insert(m_rows.begin() + row, Row{});
+    m_rows.insert(m_rows.begin() + row, newOwnRow());
     endInsertRows();
 }
 
+// The cells of an own row stay under its number, so that no other row is given it.
 void GridModel::removeOneRow(int row) {
     beginRemoveRows({}, row, row);
+    if (const auto own = m_own.find(m_rows[row]); own != m_own.end()) own->clear();
     m_rows.erase(m_rows.begin() + row);
     endRemoveRows();
 }
@@ -83,22 +95,23 @@ void GridModel::swapTwoRows(int first, int second) {
 }
 
 const QStringList& GridModel::cells(int row) const {
-    const Row& entry = m_rows[row];
-    if (entry.own) return entry.values;
-    if (const QStringList* kept = m_lookedAt.object(entry.source)) return *kept;
-    auto* values = new QStringList(m_source(entry.source));
-    m_lookedAt.insert(entry.source, values);
+    const int place = m_rows[row];
+    if (place < 0) return *m_own.constFind(place);
+    if (const QStringList* kept = m_lookedAt.object(place)) return *kept;
+    auto* values = new QStringList(m_source(place));
+    m_lookedAt.insert(place, values);
     return *values;
 }
 
 QStringList& GridModel::ownCells(int row) {
-    Row& entry = m_rows[row];
-    if (!entry.own) {
-        entry.values = cells(row);
-        entry.own = true;
+    if (m_rows[row] >= 0) {
+        const QStringList values = cells(row);
+        m_rows[row] = newOwnRow();
+        m_own[m_rows[row]] = values;
     }
-    entry.values.resize(m_columns.size());
-    return entry.values;
+    QStringList& values = m_own[m_rows[row]];
+    values.resize(m_columns.size());
+    return values;
 }
 
 QString GridModel::value(int row, int column) const { return cells(row).value(column); }

@@ -48,12 +48,6 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    struct Row {
-        int source = -1; // its place in the source
-        bool own = true; // its values stand here, not in the source
-        QStringList values;
-    };
-
     // The cells of a row, and the same to write to.
     const QStringList& cells(int row) const;
     QStringList& ownCells(int row);
@@ -61,8 +55,11 @@ private:
 
     QList<GridColumn> m_columns;
     RowSource m_source;
+    int newOwnRow();
+
     int m_sourceRows = 0;
-    std::vector<Row> m_rows;
+    std::vector<int> m_rows; // a row's place in the source, or, below 0, its number among the rows that stand here
+    QHash<int, QStringList> m_own;
     mutable QCache<int, QStringList> m_lookedAt; // by place in the source
     int m_markedColumn = -1;
     QString m_mark;

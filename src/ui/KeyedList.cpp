@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int rowsPerBlock = 100;
-constexpr int blocksKept = 4;
+constexpr int rowsPerBlock = 50; // about twice what a screen shows
+constexpr int blocksKept = 8;
 
 } // namespace
 
@@ -74,7 +74,8 @@ QStringList KeyedList::cells(int place) {
         try {
             *rows = fetchBlock(block);
         } catch (const AppError& error) { // told later: the grid is being painted
-            QMetaObject::invokeMethod(this, [this, text = error.description()] { tellFailure(text); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, text = error.description()] { tellFailure(text); }, Qt::QueuedConnection);
         }
         m_blocks.insert(block, rows);
     }
@@ -90,8 +91,10 @@ QHash<QString, QStringList> KeyedList::fetchBlock(int block) {
 
 void KeyedList::refresh(int row, const QString& key) {
     const QHash<QString, QStringList> found = m_fetch({key});
-    if (!found.contains(key)) m_grid->removeRow(row);
-    else m_grid->setRowValues(row, found.value(key));
+    if (!found.contains(key))
+        m_grid->removeRow(row);
+    else
+        m_grid->setRowValues(row, found.value(key));
     showCount();
 }
 

@@ -1,6 +1,9 @@
 #include "HalvaneTest.h"
 
+#include "base/AppError.h"
 #include "base/Csv.h"
+
+#include <QTemporaryDir>
 
 class CsvTest : public QObject {
     Q_OBJECT
@@ -35,6 +38,37 @@ private slots:
     void writtenLineReadsBack() {
         const QStringList fields{u"a,b"_qs, u"say \"x\""_qs, QString(), u"二行\nです"_qs, u" 'q' "_qs};
         QCOMPARE(Csv::read(Csv::quotedLine(fields)), QList<QStringList>{fields});
+    }
+
+    void noFieldBecomesAFormula() {
+        for (const QString& field : {u"=1+1"_qs, u"+81-90"_qs, u"-x"_qs, u"@name"_qs, u"＝A1"_qs})
+            QCOMPARE(Csv::harmless(field), u'\'' + field);
+        for (const QString& field : {QString(), u"-5"_qs, u"-0.5"_qs, u"a=b"_qs, u"青木"_qs})
+            QCOMPARE(Csv::harmless(field), field);
+    }
+
+    void filesAreWrittenWholeOrNotAtAll() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"list.csv"_qs);
+        const auto written = [&path] {
+            QFile file(path);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+        };
+        {
+            Csv::Writer file(path, Csv::Encoding::Cp932);
+            file.line({u"髙"_qs});
+        }
+        QCOMPARE(written(), QByteArray("none"));
+        Csv::Writer narrow(path, Csv::Encoding::Cp932);
+        narrow.line({u"あ"_qs, u"=1"_qs});
+        narrow.commit();
+        QCOMPARE(written(), QByteArray("\"\x82\xa0\",\"'=1\"\r\n"));
+        Csv::Writer wide(path, Csv::Encoding::Utf8);
+        wide.line({u"𠮷"_qs});
+        wide.commit();
+        QCOMPARE(written(), QByteArray("\xEF\xBB\xBF\"𠮷\"\r\n"));
+        Csv::Writer lacking(path, Csv::Encoding::Cp932);
+        QVERIFY_EXCEPTION_THROWN(lacking.line({u"𠮷"_qs}), AppError);
     }
 
     void everyFieldIsWrittenInQuotes() {

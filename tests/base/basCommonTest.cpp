@@ -103,7 +103,9 @@ private slots:
     void typedDatesAreUnderstood_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QDate>("date");
-        const auto row = [](const char* typed, const QDate& date) { QTest::newRow(typed) << QString::fromUtf8(typed) << date; };
+        const auto row = [](const char* typed, const QDate& date) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << date;
+        };
         row("2005/3/1", {2005, 3, 1});
         row("20050301", {2005, 3, 1});
         row("h170301", {2005, 3, 1});
@@ -378,6 +380,26 @@ private slots:
         QCOMPARE(shown.filters.size(), 3);
         QCOMPARE(clsProfile().GetValue(u"SaveFile"_qs, u"EstCsvPath"_qs), folder.path(u"見積/"_qs));
         QCOMPARE(clsProfile().GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs), u"x.csv"_qs);
+    }
+
+    void encodingIsAChoiceAmongTheFileTypes() {
+        ProgramFolder folder;
+        folder.writeProfile("[SaveFile]\r\n");
+        int chosenFilter = 2;
+        seams().saveFile = [&](FileDialogRequest& request) {
+            request.filter = chosenFilter;
+            return request.filters.size() == 4 ? folder.path(u"x.csv"_qs) : QString();
+        };
+        QString path;
+        Csv::Encoding encoding = Csv::Encoding::Utf8;
+        const bool first = AskCsvSavePath(path, encoding);
+        const Csv::Encoding narrow = encoding;
+        chosenFilter = 3;
+        const bool second = AskCsvSavePath(path, encoding);
+        seams().saveFile = defaultSeams().saveFile;
+        QVERIFY(first && second);
+        QCOMPARE(narrow, Csv::Encoding::Cp932);
+        QCOMPARE(encoding, Csv::Encoding::Utf8);
     }
 
     void cancelledCsvDialogRemembersNothing() {

@@ -1,7 +1,7 @@
 #include "HalvaneTest.h"
 
-#include "base/basMessage.h"
 #include "base/Text.h"
+#include "base/basMessage.h"
 #include "base/clsLogger.h"
 #include "support/MessageQueue.h"
 #include "support/ProgramFolder.h"
@@ -38,9 +38,10 @@ private slots:
         row(201, u"名前は変更されています。保存しますか？"_qs, Question, YesNoCancel);
         row(202, u"名前を削除しますか？"_qs, Question, YesNo, true);
         row(203, u"名前印刷を開始しますか？"_qs, Question, YesNo);
-        row(204, u"名前をクリアしますか？\n\n※クリアすると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo, true);
-        row(205, u"名前を実行します。よろしいですか？\n\n※実行すると現在の消費税相当額で金額を再計算します。"_qs, Question,
-            YesNo, true);
+        row(204, u"名前をクリアしますか？\n\n※クリアすると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo,
+            true);
+        row(205, u"名前を実行します。よろしいですか？\n\n※実行すると現在の消費税相当額で金額を再計算します。"_qs,
+            Question, YesNo, true);
         row(301, u"名前を保存した後、実行して下さい。"_qs, Warning, Ok);
         row(302, u"名前の編集を取り消します。よろしいですか？"_qs, Question, YesNo);
         row(901, u"名前"_qs, Warning, Ok);

@@ -17,7 +17,8 @@ private slots:
     void logsPrunedAtTheExactDay_data() {
         QTest::addColumn<QByteArray>("profile");
         QTest::addColumn<QStringList>("kept");
-        const QStringList all{u"Log20230310.txt"_qs, u"Log20240302.txt"_qs, u"Log20240303.txt"_qs, u"Log20240309.txt"_qs};
+        const QStringList all{u"Log20230310.txt"_qs, u"Log20240302.txt"_qs, u"Log20240303.txt"_qs,
+                              u"Log20240309.txt"_qs};
         QTest::newRow("seven days") << QByteArray("SaveDays=7") << all.mid(2);
         QTest::newRow("one day") << QByteArray("SaveDays=1") << all.mid(3);
         QTest::newRow("zero keeps all") << QByteArray("SaveDays=0") << all;
@@ -57,8 +58,9 @@ private slots:
         QCOMPARE(logger.FileNm(), folder.path(u"log/Log20240310.txt"_qs));
         logger.WriteLog(u"顧客削除 \"x\""_qs);
         logger.WriteLog(u"%1 次"_qs);
-        QCOMPARE(folder.read(u"log/Log20240310.txt"_qs),
-                 Text::toCp932(u"\"2024/03/10 09:05:07\",\"顧客削除 \"x\"\"\r\n\"2024/03/10 09:05:07\",\"%1 次\"\r\n"_qs));
+        QCOMPARE(
+            folder.read(u"log/Log20240310.txt"_qs),
+            Text::toCp932(u"\"2024/03/10 09:05:07\",\"顧客削除 \"x\"\"\r\n\"2024/03/10 09:05:07\",\"%1 次\"\r\n"_qs));
     }
 
     void runPastMidnightWritesOnToItsFile() {

@@ -149,8 +149,8 @@ private slots:
         QTest::newRow("1000 bytes") << single + u"bc"_qs << single + u'b';
         QTest::newRow("2000 bytes") << QString(2000, u'a') << QString(999, u'a');
         QTest::newRow("double-byte character across the cut") << single + u'表' << single;
-        QTest::newRow("double-byte character before the cut") << QString(997, u'a') + u"表x"_qs
-                                                              << QString(997, u'a') + u'表';
+        QTest::newRow("double-byte character before the cut")
+            << QString(997, u'a') + u"表x"_qs << QString(997, u'a') + u'表';
         QTest::newRow("all double-byte") << QString(600, u'能') << QString(499, u'能');
     }
     void longValueIsCutInBytes() {
@@ -182,7 +182,8 @@ private slots:
             seed = seed * 1664525 + 1013904223;
             return (seed >> 8) % below;
         };
-        const QList<QByteArray> parts{"[DB]", "[Log", "Path=", "\r\n", "\n", "=", ";", "]", "\"", " ", QByteArray(1, 0)};
+        const QList<QByteArray> parts{"[DB]", "[Log", "Path=", "\r\n",          "\n", "=", ";",
+                                      "]",    "\"",   " ",     QByteArray(1, 0)};
         ProgramFolder folder;
         for (int round = 0; round < 120; ++round) {
             QByteArray bytes;

@@ -143,7 +143,8 @@ private slots:
         clsChart first;
         QVERIFY(gChartManager.GetData(chart.CustId, chart.CustSubId, u"1"_qs, first));
         QTEST(first.DiseaseNm, "old");
-        QCOMPARE(boxes.texts(), QStringList{u"[病名原因][左右区分]が変更されています。\n顧客カルテ情報を別管理しますか?"_qs});
+        QCOMPARE(boxes.texts(),
+                 QStringList{u"[病名原因][左右区分]が変更されています。\n顧客カルテ情報を別管理しますか?"_qs});
         QCOMPARE(boxes.requests().first().buttons, MessageButtons::YesNo);
     }
 
@@ -187,7 +188,8 @@ private slots:
         clsChart chart = chartOf();
         gChartManager.SaveData(chart);
         Recordset rows = gChartManager.GetSelectList(u"[顧客枝番] = 1"_qs, u"[カルテNo]"_qs);
-        QCOMPARE(rows.fields(), (QStringList{u"顧客ID"_qs, u"顧客枝番"_qs, u"カルテNo"_qs, u"カルテ番号"_qs, u"病名原因"_qs, u"受注先"_qs}));
+        QCOMPARE(rows.fields(), (QStringList{u"顧客ID"_qs, u"顧客枝番"_qs, u"カルテNo"_qs, u"カルテ番号"_qs,
+                                             u"病名原因"_qs, u"受注先"_qs}));
         QVERIFY(rows.next());
     }
 

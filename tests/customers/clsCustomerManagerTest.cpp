@@ -36,7 +36,9 @@ private slots:
         m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Delivered);
         m_database->prepareManagers();
         setSystemDate(u"2026/04/01"_qs);
-        m_database->connection().onStatement = [this](const QString& statement) { m_statements << statement.trimmed(); };
+        m_database->connection().onStatement = [this](const QString& statement) {
+            m_statements << statement.trimmed();
+        };
         gCustomerManager.confirmUpdate = nullptr;
     }
     void cleanup() {
@@ -54,8 +56,10 @@ private slots:
         clsCustomer stored;
         QVERIFY(gCustomerManager.GetData(customer.CustId, u"1"_qs, stored));
         for (const auto& field : gCustomerManager.fields()) {
-            if (field.column == u"登録日" || field.column == u"更新日") QVERIFY(!(stored.*field.member).isEmpty());
-            else QCOMPARE(stored.*field.member, customer.*field.member);
+            if (field.column == u"登録日" || field.column == u"更新日")
+                QVERIFY(!(stored.*field.member).isEmpty());
+            else
+                QCOMPARE(stored.*field.member, customer.*field.member);
         }
     }
 
@@ -70,9 +74,10 @@ private slots:
         QCOMPARE(again.CustSubId, u"2"_qs);
         QCOMPARE(again.CustNo, first.CustNo);
         QCOMPARE(boxes.requests().first().buttons, MessageButtons::YesNoCancel);
-        QCOMPARE(boxes.texts().first(),
-                 u"  氏    名：（山田 太郎）\n  生年月日：（1960/05/01）\n  住    所：（東京都 千代田区千代田9コーポ）\n"
-                 u"  電話番号：（03-2）\n\nが同一のデータが既に登録済みです。同一顧客として枝番管理しますか？"_qs);
+        QCOMPARE(
+            boxes.texts().first(),
+            u"  氏    名：（山田 太郎）\n  生年月日：（1960/05/01）\n  住    所：（東京都 千代田区千代田9コーポ）\n"
+            u"  電話番号：（03-2）\n\nが同一のデータが既に登録済みです。同一顧客として枝番管理しますか？"_qs);
     }
 
     void samePersonMayBeAnother() {
@@ -98,7 +103,8 @@ private slots:
 
     void personIsAnotherWhenOneOfTheComparedDiffers_data() {
         QTest::addColumn<QString>("column");
-        for (const char* column : {"名前1", "名前2", "性別", "生年月日", "郵便番号", "都道府県", "市区郡"}) QTest::newRow(column) << QString::fromUtf8(column);
+        for (const char* column : {"名前1", "名前2", "性別", "生年月日", "郵便番号", "都道府県", "市区郡"})
+            QTest::newRow(column) << QString::fromUtf8(column);
     }
     void personIsAnotherWhenOneOfTheComparedDiffers() {
         QFETCH(QString, column);
@@ -185,7 +191,8 @@ private slots:
         QTest::addColumn<QString>("column");
         QTest::addColumn<bool>("changes");
         for (const auto& field : gCustomerManager.fields()) {
-            static const QStringList left{u"顧客ID"_qs, u"顧客枝番"_qs, u"EMAIL"_qs, u"価格区分"_qs, u"登録日"_qs, u"更新日"_qs, u"編集者No"_qs};
+            static const QStringList left{u"顧客ID"_qs, u"顧客枝番"_qs, u"EMAIL"_qs,   u"価格区分"_qs,
+                                          u"登録日"_qs, u"更新日"_qs,   u"編集者No"_qs};
             QTest::newRow(qUtf8Printable(field.column)) << field.column << !left.contains(field.column);
         }
     }
@@ -270,8 +277,11 @@ private slots:
         without.CustNm1 = u"鈴木"_qs;
         QVERIFY(gCustomerManager.SaveData(without));
         for (int i = 1; i <= 2; ++i)
-            sql(u"INSERT INTO 顧客見積情報 ([見積ID], [顧客ID], [顧客枝番], [カルテNo], [製作担当者No]) VALUES ('%1', '%2', 1, 1, %1)"_qs.arg(i).arg(customer.CustId));
-        sql(u"INSERT INTO 顧客カルテ ([顧客ID], [顧客枝番], [カルテNo], [病名原因]) VALUES ('%1', 1, 1, '切断')"_qs.arg(customer.CustId));
+            sql(u"INSERT INTO 顧客見積情報 ([見積ID], [顧客ID], [顧客枝番], [カルテNo], [製作担当者No]) VALUES ('%1', '%2', 1, 1, %1)"_qs
+                    .arg(i)
+                    .arg(customer.CustId));
+        sql(u"INSERT INTO 顧客カルテ ([顧客ID], [顧客枝番], [カルテNo], [病名原因]) VALUES ('%1', 1, 1, '切断')"_qs.arg(
+            customer.CustId));
         const auto found = [](const QString& where) {
             QList<clsCustomer> list;
             gCustomerManager.GetListWithEst(list, where, u"[顧客情報].[顧客番号]"_qs);

@@ -43,7 +43,8 @@ QString fileWithPostalCodes(const TestDatabase& database) {
     other.createTable(*Schema::table(u"価格部品"_qs));
     other.execute(u"INSERT INTO 郵便番号簿 VALUES ('1000001', '東京都', '千代田区', '千代田')"_qs);
     other.execute(u"INSERT INTO 郵便番号簿 VALUES ('5300001', '大阪府', '大阪市北区', NULL)"_qs);
-    other.execute(u"INSERT INTO 価格部品 ([ID], [名称], [新価格], [登録日]) VALUES (9000001, '部品''x', 1234.5, #2005/03/01 9:05:00#)"_qs);
+    other.execute(
+        u"INSERT INTO 価格部品 ([ID], [名称], [新価格], [登録日]) VALUES (9000001, '部品''x', 1234.5, #2005/03/01 9:05:00#)"_qs);
     other.execute(u"INSERT INTO 価格部品 ([ID], [名称]) VALUES (1, NULL)"_qs);
     return path;
 }
@@ -205,9 +206,12 @@ private slots:
         TestDatabase database(TestDatabase::Contents::Empty);
         Connection& connection = database.connection();
         connection.execute(addSeries(u"a"_qs));
-        QVERIFY(raised([&] { connection.execute(addSeries(u"A"_qs)); }).startsWith(u"同じキーのデータが既に登録されています。"_qs));
-        QVERIFY(raised([&] { connection.execute(u"INSERT INTO 採番 ([桁]) VALUES (1)"_qs); })
-                    .startsWith(u"データベースの処理に失敗しました。"_qs));
+        QVERIFY(raised([&] {
+                    connection.execute(addSeries(u"A"_qs));
+                }).startsWith(u"同じキーのデータが既に登録されています。"_qs));
+        QVERIFY(raised([&] {
+                    connection.execute(u"INSERT INTO 採番 ([桁]) VALUES (1)"_qs);
+                }).startsWith(u"データベースの処理に失敗しました。"_qs));
     }
 
     void changedTablesComeBackOnRollback() {
@@ -364,7 +368,9 @@ private slots:
         TestDatabase database(TestDatabase::Contents::Empty);
         Connection& connection = database.connection();
         const QString path = fileWithPostalCodes(database);
-        QCOMPARE(connection.execute(u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格部品] where ID >9000000"_qs.arg(path)), 1);
+        QCOMPARE(connection.execute(
+                     u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格部品] where ID >9000000"_qs.arg(path)),
+                 1);
         Recordset rows = connection.query(u"SELECT * FROM [価格部品_個別]"_qs);
         QVERIFY(rows.next());
         QCOMPARE(rows.value(u"名称"_qs), u"部品'x"_qs);
@@ -377,7 +383,8 @@ private slots:
         QTest::addColumn<QString>("statement");
         QTest::newRow("no file") << u"SELECT * INTO [価格部品_個別] FROM [;database=%1.none].[価格部品]"_qs;
         QTest::newRow("no such table") << u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格加算]"_qs;
-        QTest::newRow("bad filter") << u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格部品] WHERE [無い列] = 1"_qs;
+        QTest::newRow("bad filter")
+            << u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格部品] WHERE [無い列] = 1"_qs;
         QTest::newRow("unknown target") << u"SELECT * INTO [無い表] FROM [;database=%1].[価格部品]"_qs;
         QTest::newRow("target stands already") << u"SELECT * INTO [価格部品] FROM [;database=%1].[価格部品]"_qs;
     }
@@ -456,7 +463,8 @@ private slots:
         for (int i = 0; i < 10; ++i) QVERIFY(rows.next());
         breakOff();
         QVERIFY(!raised([&] {
-                     while (rows.next()) {}
+                     while (rows.next()) {
+                     }
                  }).isEmpty());
     }
 
@@ -482,8 +490,9 @@ private slots:
             server.open();
             server.engineExecute(u"ALTER DATABASE %1 ALLOW_CONNECTIONS false"_qs.arg(name));
             for (int i = 0; i < 2; ++i)
-                QVERIFY(raised([&] { connection->scalar(u"SELECT COUNT(*) FROM [採番]"_qs); })
-                            .startsWith(u"データベースに接続できません。"_qs));
+                QVERIFY(raised([&] {
+                            connection->scalar(u"SELECT COUNT(*) FROM [採番]"_qs);
+                        }).startsWith(u"データベースに接続できません。"_qs));
             server.engineExecute(u"ALTER DATABASE %1 ALLOW_CONNECTIONS true"_qs.arg(name));
         }
         QVERIFY(connection->scalar(u"SELECT COUNT(*) FROM [採番]"_qs).toInt() > 0);

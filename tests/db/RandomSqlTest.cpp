@@ -39,10 +39,17 @@ public:
             const int at = below(static_cast<int>(text.size()));
             const int length = 1 + below(6);
             switch (below(4)) {
-            case 0: text.remove(at, length); break;
-            case 1: text.insert(at, text.mid(below(static_cast<int>(text.size())), length)); break;
-            case 2: text.insert(at, oneOf(pieces())); break;
-            default: text[at] = QChar(pieces().at(below(static_cast<int>(pieces().size()))).front());
+            case 0:
+                text.remove(at, length);
+                break;
+            case 1:
+                text.insert(at, text.mid(below(static_cast<int>(text.size())), length));
+                break;
+            case 2:
+                text.insert(at, oneOf(pieces()));
+                break;
+            default:
+                text[at] = QChar(pieces().at(below(static_cast<int>(pieces().size()))).front());
             }
         }
         return text;
@@ -55,21 +62,26 @@ private:
     };
 
     static const QStringList& pieces() {
-        static const QStringList list{u"'"_qs, u"["_qs, u"]"_qs, u"("_qs, u")"_qs, u"#"_qs, u","_qs, u";"_qs, u"&"_qs, u"\""_qs,
-                                      u"--"_qs, u"/*"_qs, u"\\"_qs, u"%"_qs, u" OR "_qs, u" AND "_qs, u" NOT "_qs, u" IS "_qs,
-                                      u" NULL "_qs, u"SELECT "_qs, u" FROM "_qs, u" IN "_qs, u" LIKE "_qs, u"IIF("_qs,
-                                      u"ISNULL("_qs, u"MAX("_qs, u"*"_qs, u"-"_qs, u"+"_qs, u"="_qs, u"<>"_qs, u"1"_qs, u"'1'"_qs,
-                                      u"0.5"_qs, u"#2005/03/01#"_qs, u"[装具]"_qs, u" AS x "_qs, u" DESC"_qs, u"𠮷"_qs,
-                                      u"\u0001"_qs, u"　"_qs, u"{"_qs, u"?"_qs, u" DISTINCT "_qs, u" BETWEEN "_qs};
+        static const QStringList list{u"'"_qs,      u"["_qs,      u"]"_qs,      u"("_qs,          u")"_qs,
+                                      u"#"_qs,      u","_qs,      u";"_qs,      u"&"_qs,          u"\""_qs,
+                                      u"--"_qs,     u"/*"_qs,     u"\\"_qs,     u"%"_qs,          u" OR "_qs,
+                                      u" AND "_qs,  u" NOT "_qs,  u" IS "_qs,   u" NULL "_qs,     u"SELECT "_qs,
+                                      u" FROM "_qs, u" IN "_qs,   u" LIKE "_qs, u"IIF("_qs,       u"ISNULL("_qs,
+                                      u"MAX("_qs,   u"*"_qs,      u"-"_qs,      u"+"_qs,          u"="_qs,
+                                      u"<>"_qs,     u"1"_qs,      u"'1'"_qs,    u"0.5"_qs,        u"#2005/03/01#"_qs,
+                                      u"[装具]"_qs, u" AS x "_qs, u" DESC"_qs,  u"𠮷"_qs,         u"\u0001"_qs,
+                                      u"　"_qs,     u"{"_qs,      u"?"_qs,      u" DISTINCT "_qs, u" BETWEEN "_qs};
         return list;
     }
 
     static const QList<Column>& columns(bool pairs) {
-        static const QList<Column> equipment{{u"[装具].[装具No]"_qs, 'n'}, {u"[装具].[装具]"_qs, 't'},
-                                             {u"[装具].[順番]"_qs, 't'}, {u"[装具].[有効Flg]"_qs, 'n'}};
-        static const QList<Column> masters{{u"[製品ID]"_qs, 't'},    {u"製品名称"_qs, 't'}, {u"[小人価格]"_qs, 'n'},
-                                           {u"[耐用年数]"_qs, 'n'},  {u"登録日"_qs, 'd'},   {u"[更新日]"_qs, 'd'},
-                                           {u"[編集者No]"_qs, 'n'},  {u"[備考]"_qs, 't'}};
+        static const QList<Column> equipment{{u"[装具].[装具No]"_qs, 'n'},
+                                             {u"[装具].[装具]"_qs, 't'},
+                                             {u"[装具].[順番]"_qs, 't'},
+                                             {u"[装具].[有効Flg]"_qs, 'n'}};
+        static const QList<Column> masters{{u"[製品ID]"_qs, 't'},   {u"製品名称"_qs, 't'}, {u"[小人価格]"_qs, 'n'},
+                                           {u"[耐用年数]"_qs, 'n'}, {u"登録日"_qs, 'd'},   {u"[更新日]"_qs, 'd'},
+                                           {u"[編集者No]"_qs, 'n'}, {u"[備考]"_qs, 't'}};
         static const QList<Column> both = equipment + masters;
         return pairs ? both : masters;
     }
@@ -79,20 +91,25 @@ private:
         const bool grouped = chance(20);
         QString from = u"[マスタ見積情報]"_qs;
         if (m_pairs)
-            from = chance(50) ? u"([マスタ見積情報] %1 JOIN [装具] ON %2)"_qs.arg(oneOf({u"LEFT"_qs, u"INNER"_qs}),
-                                                                               u"[マスタ見積情報].[編集者No] = [装具].[装具No]"_qs)
-                              : u"[装具], [マスタ見積情報]"_qs;
+            from = chance(50)
+                       ? u"([マスタ見積情報] %1 JOIN [装具] ON %2)"_qs.arg(
+                             oneOf({u"LEFT"_qs, u"INNER"_qs}), u"[マスタ見積情報].[編集者No] = [装具].[装具No]"_qs)
+                       : u"[装具], [マスタ見積情報]"_qs;
         QString where = chance(70) ? u" WHERE "_qs + condition() : QString();
         if (grouped) {
             const QString group = column('t').name;
-            return u"SELECT COUNT(*) AS 件数, "_qs + aggregate() + u" FROM "_qs + from + where + u" GROUP BY "_qs + group +
-                   (chance(40) ? u" HAVING "_qs + oneOf({aggregate('n') + sign() + number(), aggregate('t') + sign() + text()}) : QString());
+            return u"SELECT COUNT(*) AS 件数, "_qs + aggregate() + u" FROM "_qs + from + where + u" GROUP BY "_qs +
+                   group +
+                   (chance(40)
+                        ? u" HAVING "_qs + oneOf({aggregate('n') + sign() + number(), aggregate('t') + sign() + text()})
+                        : QString());
         }
         const QString head = chance(25) ? u"DISTINCTROW "_qs : QString();
         QStringList fields;
         for (int i = 1 + below(3); i > 0; --i) fields << value(oneKind());
         QString order;
-        if (head.isEmpty() && chance(40)) order = u" ORDER BY "_qs + column(oneKind()).name + oneOf({QString(), u" ASC"_qs, u" DESC"_qs});
+        if (head.isEmpty() && chance(40))
+            order = u" ORDER BY "_qs + column(oneKind()).name + oneOf({QString(), u" ASC"_qs, u" DESC"_qs});
         return u"SELECT "_qs + head + fields.join(u", "_qs) + u" FROM "_qs + from + where + order;
     }
 
@@ -107,18 +124,25 @@ private:
     }
 
     QString sign() { return oneOf({u" = "_qs, u" <> "_qs, u" < "_qs, u" > "_qs, u" <= "_qs, u" >= "_qs}); }
-    QString number() { return oneOf({u"0"_qs, u"1"_qs, u"2"_qs, u"-1"_qs, u"100"_qs, u"0.5"_qs, u"'3'"_qs, u"1000.25"_qs}); }
-    QString text() {
-        return oneOf({u"'abc'"_qs, u"'ABC'"_qs, u"''"_qs, u"'ｱ'"_qs, u"'山''s'"_qs, u"'b'"_qs, u"'_'"_qs, u"5"_qs, u"'1'"_qs});
+    QString number() {
+        return oneOf({u"0"_qs, u"1"_qs, u"2"_qs, u"-1"_qs, u"100"_qs, u"0.5"_qs, u"'3'"_qs, u"1000.25"_qs});
     }
-    QString date() { return oneOf({u"#2005/03/01#"_qs, u"#2005/3/1 9:05:00#"_qs, u"'2005/03/02'"_qs, u"#1999-12-31#"_qs}); }
+    QString text() {
+        return oneOf(
+            {u"'abc'"_qs, u"'ABC'"_qs, u"''"_qs, u"'ｱ'"_qs, u"'山''s'"_qs, u"'b'"_qs, u"'_'"_qs, u"5"_qs, u"'1'"_qs});
+    }
+    QString date() {
+        return oneOf({u"#2005/03/01#"_qs, u"#2005/3/1 9:05:00#"_qs, u"'2005/03/02'"_qs, u"#1999-12-31#"_qs});
+    }
     QString pattern() {
-        return oneOf({u"'a%'"_qs, u"'%B%'"_qs, u"'_'"_qs, u"'[_]%'"_qs, u"'%[%]'"_qs, u"''"_qs, u"'ｱ%'"_qs, u"'%\\%'"_qs, u"'[-]%'"_qs});
+        return oneOf({u"'a%'"_qs, u"'%B%'"_qs, u"'_'"_qs, u"'[_]%'"_qs, u"'%[%]'"_qs, u"''"_qs, u"'ｱ%'"_qs,
+                      u"'%\\%'"_qs, u"'[-]%'"_qs});
     }
 
     QString aggregate(char kind = 0) {
         if (kind == 't') return oneOf({u"MAX("_qs, u"MIN("_qs}) + column('t').name + u')';
-        if (kind == 0 && chance(40)) return oneOf({u"MAX("_qs, u"MIN("_qs, u"COUNT("_qs, u"COUNT(DISTINCT "_qs}) + value(oneKind()) + u')';
+        if (kind == 0 && chance(40))
+            return oneOf({u"MAX("_qs, u"MIN("_qs, u"COUNT("_qs, u"COUNT(DISTINCT "_qs}) + value(oneKind()) + u')';
         return oneOf({u"SUM("_qs, u"MAX("_qs, u"MIN("_qs, u"COUNT("_qs, u"AVG("_qs}) + value('n') + u')';
     }
 
@@ -127,21 +151,34 @@ private:
         switch (kind) {
         case 'n':
             switch (below(7)) {
-            case 0: return number();
-            case 1: return value('n') + oneOf({u" + "_qs, u" - "_qs, u" * "_qs}) + column('n').name;
-            case 2: return u'(' + value('n') + u')';
-            case 3: return u"IIF("_qs + condition() + u", "_qs + value('n') + u", "_qs + value('n') + u')';
-            case 4: return u"(SELECT "_qs + oneOf({u"COUNT(*)"_qs, u"MAX([桁])"_qs}) + u" FROM [採番])"_qs;
-            default: return column('n').name;
+            case 0:
+                return number();
+            case 1:
+                return value('n') + oneOf({u" + "_qs, u" - "_qs, u" * "_qs}) + column('n').name;
+            case 2:
+                return u'(' + value('n') + u')';
+            case 3:
+                return u"IIF("_qs + condition() + u", "_qs + value('n') + u", "_qs + value('n') + u')';
+            case 4:
+                return u"(SELECT "_qs + oneOf({u"COUNT(*)"_qs, u"MAX([桁])"_qs}) + u" FROM [採番])"_qs;
+            default:
+                return column('n').name;
             }
         case 't':
             switch (below(7)) {
-            case 0: return text();
-            case 1: return u'(' + column('t').name + u" & "_qs + oneOf({text(), column('t').name, column('n').name, column('d').name}) + u')';
-            case 2: return u'(' + value('t') + u')';
-            case 3: return u"IIF("_qs + condition() + u", "_qs + value('t') + u", "_qs + value('t') + u')';
-            case 4: return u"(SELECT MIN([項目名]) FROM [採番])"_qs;
-            default: return column('t').name;
+            case 0:
+                return text();
+            case 1:
+                return u'(' + column('t').name + u" & "_qs +
+                       oneOf({text(), column('t').name, column('n').name, column('d').name}) + u')';
+            case 2:
+                return u'(' + value('t') + u')';
+            case 3:
+                return u"IIF("_qs + condition() + u", "_qs + value('t') + u", "_qs + value('t') + u')';
+            case 4:
+                return u"(SELECT MIN([項目名]) FROM [採番])"_qs;
+            default:
+                return column('t').name;
             }
         default:
             if (chance(20)) return date();
@@ -154,15 +191,28 @@ private:
         if (++m_depth > 8) return column('n').name + u" = 1"_qs;
         const char kind = oneKind();
         switch (below(10)) {
-        case 0: return condition() + oneOf({u" AND "_qs, u" OR "_qs}) + condition();
-        case 1: return u"NOT ("_qs + condition() + u')';
-        case 2: return value(kind) + oneOf({u" IS NULL"_qs, u" IS NOT NULL"_qs});
-        case 3: return u"ISNULL("_qs + value(kind) + u')';
-        case 4: return value('t') + oneOf({u" LIKE "_qs, u" NOT LIKE "_qs}) + pattern();
-        case 5: return value('t') + oneOf({u" IN ("_qs, u" NOT IN ("_qs}) + text() + u", "_qs + text() + u')';
-        case 6: return value('t') + u" IN (SELECT [項目名] FROM [採番])"_qs;
-        case 7: return value('n') + u" BETWEEN "_qs + number() + u" AND "_qs + number();
-        default: return value(kind) + sign() + (chance(30) ? value(kind) : kind == 'n' ? number() : kind == 't' ? text() : date());
+        case 0:
+            return condition() + oneOf({u" AND "_qs, u" OR "_qs}) + condition();
+        case 1:
+            return u"NOT ("_qs + condition() + u')';
+        case 2:
+            return value(kind) + oneOf({u" IS NULL"_qs, u" IS NOT NULL"_qs});
+        case 3:
+            return u"ISNULL("_qs + value(kind) + u')';
+        case 4:
+            return value('t') + oneOf({u" LIKE "_qs, u" NOT LIKE "_qs}) + pattern();
+        case 5:
+            return value('t') + oneOf({u" IN ("_qs, u" NOT IN ("_qs}) + text() + u", "_qs + text() + u')';
+        case 6:
+            return value('t') + u" IN (SELECT [項目名] FROM [採番])"_qs;
+        case 7:
+            return value('n') + u" BETWEEN "_qs + number() + u" AND "_qs + number();
+        default:
+            return value(kind) + sign() +
+                   (chance(30)    ? value(kind)
+                    : kind == 'n' ? number()
+                    : kind == 't' ? text()
+                                  : date());
         }
     }
 
@@ -191,7 +241,8 @@ std::optional<QStringList> answer(Connection& connection, const QString& stateme
 }
 
 void fill(Connection& connection) {
-    for (const QString& table : {u"装具"_qs, u"マスタ見積情報"_qs, u"採番"_qs}) connection.createTable(*Schema::table(table));
+    for (const QString& table : {u"装具"_qs, u"マスタ見積情報"_qs, u"採番"_qs})
+        connection.createTable(*Schema::table(table));
     const QStringList statements{
         u"INSERT INTO 装具 VALUES (1, 'abc', '20240101', 0)"_qs,
         u"INSERT INTO 装具 VALUES (2, 'ABD', NULL, 1)"_qs,
@@ -199,9 +250,11 @@ void fill(Connection& connection) {
         u"INSERT INTO 装具 VALUES (4, NULL, '山''s', NULL)"_qs,
         u"INSERT INTO 採番 ([項目名], [桁]) VALUES ('ABC', 6)"_qs,
         u"INSERT INTO 採番 ([項目名], [桁]) VALUES ('ｱ', NULL)"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], [備考]) "
+        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], "
+        u"[備考]) "
         u"VALUES ('a', 'abc', 100, 1.5, #2005/03/01#, #2005/03/01 9:05:00#, 1, 'x')"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], [備考]) "
+        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], "
+        u"[備考]) "
         u"VALUES ('B', 'ABC', 1000.25, 2, #2005/03/02#, NULL, 2, '50%_')"_qs,
         u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [登録日], [編集者No]) "
         u"VALUES ('1', 'ｱｲ', 0, #1999/12/31 23:59:59#, 1)"_qs,
@@ -265,8 +318,8 @@ private slots:
             if (!onServer) continue;
             ++accepted;
             if (*inFile == *onServer) continue;
-            qWarning("seed %u: %s\n  file   %s\n  server %s", seed, qUtf8Printable(statement), qUtf8Printable(inFile->join(u' ')),
-                     qUtf8Printable(onServer->join(u' ')));
+            qWarning("seed %u: %s\n  file   %s\n  server %s", seed, qUtf8Printable(statement),
+                     qUtf8Printable(inFile->join(u' ')), qUtf8Printable(onServer->join(u' ')));
             if (++differences == 20) break;
         }
         QCOMPARE(differences, 0);

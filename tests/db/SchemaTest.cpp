@@ -101,7 +101,8 @@ private slots:
     }
 
     void priceTablesStandInTheirOrder() {
-        QCOMPARE(Schema::priceTables(), (QStringList{u"価格種目"_qs, u"価格基本"_qs, u"価格加算"_qs, u"価格要素"_qs, u"価格部品"_qs}));
+        QCOMPARE(Schema::priceTables(),
+                 (QStringList{u"価格種目"_qs, u"価格基本"_qs, u"価格加算"_qs, u"価格要素"_qs, u"価格部品"_qs}));
     }
 };
 

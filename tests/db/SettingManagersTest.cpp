@@ -87,7 +87,8 @@ private slots:
     void groupsOfListValuesStandInOrder() {
         const QList<clsAssist> styles = gAssistManager.group(AssistGroup::PickStyle);
         QVERIFY(!styles.isEmpty());
-        for (qsizetype i = 1; i < styles.size(); ++i) QVERIFY(styles.at(i - 1).AsstNo.toInt() < styles.at(i).AsstNo.toInt());
+        for (qsizetype i = 1; i < styles.size(); ++i)
+            QVERIFY(styles.at(i - 1).AsstNo.toInt() < styles.at(i).AsstNo.toInt());
         QVERIFY(gAssistManager.group(987).isEmpty());
     }
 

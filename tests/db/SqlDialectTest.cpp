@@ -26,13 +26,15 @@ private slots:
             u"SELECT \"項目名\" FROM \"採番\""_qs);
         row("one spelling of a name", u"SELECT Id FROM 価格種目"_qs, u"SELECT [ID] FROM [価格種目]"_qs,
             u"SELECT \"ID\" FROM \"価格種目\""_qs);
-        row("table and column", u"SELECT 装具.装具No, [装具].* FROM 装具"_qs, u"SELECT [装具].[装具No], [装具].* FROM [装具]"_qs,
+        row("table and column", u"SELECT 装具.装具No, [装具].* FROM 装具"_qs,
+            u"SELECT [装具].[装具No], [装具].* FROM [装具]"_qs,
             u"SELECT \"装具\".\"装具No\", \"装具\".* FROM \"装具\""_qs);
-        row("semicolon at the end", u"SELECT * FROM [採番] ;"_qs, u"SELECT * FROM [採番]"_qs, u"SELECT * FROM \"採番\""_qs);
+        row("semicolon at the end", u"SELECT * FROM [採番] ;"_qs, u"SELECT * FROM [採番]"_qs,
+            u"SELECT * FROM \"採番\""_qs);
         row("alias", u"SELECT count(*) AS CNT FROM [採番]"_qs, u"SELECT COUNT(*) AS [CNT] FROM [採番]"_qs,
             u"SELECT COUNT(*) AS \"CNT\" FROM \"採番\""_qs);
-        row("DISTINCTROW", u"SELECT DISTINCTROW [種目] FROM [価格基本]"_qs, u"SELECT DISTINCT [種目] FROM [価格基本]"_qs,
-            u"SELECT DISTINCT \"種目\" FROM \"価格基本\""_qs);
+        row("DISTINCTROW", u"SELECT DISTINCTROW [種目] FROM [価格基本]"_qs,
+            u"SELECT DISTINCT [種目] FROM [価格基本]"_qs, u"SELECT DISTINCT \"種目\" FROM \"価格基本\""_qs);
         row("order", u"SELECT * FROM [法別] ORDER BY [有効Flg],[順番] DESC ;"_qs,
             u"SELECT * FROM [法別] ORDER BY [有効Flg] ASC, [順番] DESC"_qs,
             u"SELECT * FROM \"法別\" ORDER BY \"有効Flg\" ASC NULLS FIRST, \"順番\" DESC NULLS LAST"_qs);
@@ -47,8 +49,8 @@ private slots:
             u"SELECT * FROM \"顧客情報\" WHERE \"生年月日\" = TIMESTAMP '2005-03-01 00:00:00'"_qs);
         row("text as a number", u"SELECT * FROM [価格基本] WHERE [ID] = '5'"_qs,
             u"SELECT * FROM [価格基本] WHERE [ID] = 5"_qs, u"SELECT * FROM \"価格基本\" WHERE \"ID\" = 5"_qs);
-        row("number as a text", u"SELECT * FROM [採番] WHERE [年度] = 2024"_qs, u"SELECT * FROM [採番] WHERE [年度] = '2024'"_qs,
-            u"SELECT * FROM \"採番\" WHERE \"年度\" = '2024'"_qs);
+        row("number as a text", u"SELECT * FROM [採番] WHERE [年度] = 2024"_qs,
+            u"SELECT * FROM [採番] WHERE [年度] = '2024'"_qs, u"SELECT * FROM \"採番\" WHERE \"年度\" = '2024'"_qs);
         row("literal ahead of the column", u"SELECT * FROM [採番] WHERE 2024 = [年度] AND '5' < [桁]"_qs,
             u"SELECT * FROM [採番] WHERE '2024' = [年度] AND 5 < [桁]"_qs,
             u"SELECT * FROM \"採番\" WHERE '2024' = \"年度\" AND 5 < \"桁\""_qs);
@@ -56,7 +58,8 @@ private slots:
             u"SELECT [種目] FROM [価格基本] GROUP BY [種目] HAVING COUNT(*) = 2"_qs,
             u"SELECT \"種目\" FROM \"価格基本\" GROUP BY \"種目\" HAVING COUNT(*) = 2"_qs);
         row("quote in a text", u"SELECT * FROM [採番] WHERE [項目名] = 'O''Neil'"_qs,
-            u"SELECT * FROM [採番] WHERE [項目名] = 'O''Neil'"_qs, u"SELECT * FROM \"採番\" WHERE \"項目名\" = 'O''Neil'"_qs);
+            u"SELECT * FROM [採番] WHERE [項目名] = 'O''Neil'"_qs,
+            u"SELECT * FROM \"採番\" WHERE \"項目名\" = 'O''Neil'"_qs);
         row("joined texts", u"SELECT [項目名] & '-' & [桁] FROM [採番]"_qs,
             u"SELECT ((COALESCE([項目名], '') || COALESCE('-', '') || (CASE typeof([桁]) WHEN 'real' THEN "
             u"RTRIM(RTRIM(PRINTF('%.10f', [桁]), '0'), '.') ELSE COALESCE([桁], '') END)) COLLATE NOCASE) FROM [採番]"_qs,
@@ -74,7 +77,8 @@ private slots:
             u"SELECT * FROM [法別] WHERE [法別No] IN (2, 3) AND [法別No] NOT BETWEEN 5 AND 7"_qs,
             u"SELECT * FROM \"法別\" WHERE \"法別No\" IN (2, 3) AND \"法別No\" NOT BETWEEN 5 AND 7"_qs);
         row("IS NULL", u"SELECT * FROM [法別] WHERE [順番] IS NOT NULL"_qs,
-            u"SELECT * FROM [法別] WHERE [順番] IS NOT NULL"_qs, u"SELECT * FROM \"法別\" WHERE \"順番\" IS NOT NULL"_qs);
+            u"SELECT * FROM [法別] WHERE [順番] IS NOT NULL"_qs,
+            u"SELECT * FROM \"法別\" WHERE \"順番\" IS NOT NULL"_qs);
         row("insert", u"INSERT INTO 採番 ([項目名], [桁], [年度]) VALUES ('a', 6, NULL)"_qs,
             u"INSERT INTO [採番] ([項目名], [桁], [年度]) VALUES ('a', 6, NULL)"_qs,
             u"INSERT INTO \"採番\" (\"項目名\", \"桁\", \"年度\") VALUES ('a', 6, NULL)"_qs);
@@ -90,7 +94,8 @@ private slots:
         row("alter", u" ALTER TABLE [システム設定] ALTER COLUMN [No] INTEGER NOT NULL"_qs, QString(),
             u"ALTER TABLE \"システム設定\" ALTER COLUMN \"No\" TYPE integer USING \"No\"::text::integer, "
             u"ALTER COLUMN \"No\" SET NOT NULL"_qs);
-        row("column with the name of another table", u"SELECT [処理区分] FROM [顧客見積情報] WHERE [処理区分] = [顧客枝番]"_qs,
+        row("column with the name of another table",
+            u"SELECT [処理区分] FROM [顧客見積情報] WHERE [処理区分] = [顧客枝番]"_qs,
             u"SELECT [処理区分] FROM [顧客見積情報] WHERE [処理区分] = [顧客枝番]"_qs,
             u"SELECT \"処理区分\" FROM \"顧客見積情報\" WHERE \"処理区分\" = \"顧客枝番\""_qs);
         row("tables in a list", u"SELECT * FROM [法別] AS a, [採番] WHERE [桁] = '3'"_qs,
@@ -140,7 +145,8 @@ private slots:
         QTest::addColumn<QString>("statement");
         QTest::addColumn<int>("position");
         const auto row = [](const QString& statement) {
-            QTest::newRow(qUtf8Printable(statement)) << QString(statement).remove(QChar(u'^')) << int(statement.indexOf(u'^')) + 1;
+            QTest::newRow(qUtf8Printable(statement))
+                << QString(statement).remove(QChar(u'^')) << int(statement.indexOf(u'^')) + 1;
         };
         row(u"^EXPLAIN SELECT * FROM [採番]"_qs);
         row(u"^"_qs);
@@ -215,7 +221,8 @@ private slots:
         const QString quoted = u'\'' + QString(value).replace(u"'"_qs, u"''"_qs) + u'\'';
         const QString statement = u"UPDATE [採番] SET [最終値] = %1"_qs.arg(quoted);
         QCOMPARE(m_file.translate(statement).simplified(), u"UPDATE [採番] SET [最終値] = "_qs + quoted.simplified());
-        QCOMPARE(m_server.translate(statement).simplified(), u"UPDATE \"採番\" SET \"最終値\" = "_qs + quoted.simplified());
+        QCOMPARE(m_server.translate(statement).simplified(),
+                 u"UPDATE \"採番\" SET \"最終値\" = "_qs + quoted.simplified());
     }
 };
 

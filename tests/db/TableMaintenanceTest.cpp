@@ -23,7 +23,9 @@ class TableMaintenanceTest : public QObject {
 private slots:
     void init() {
         m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Delivered);
-        m_database->connection().onStatement = [this](const QString& statement) { m_statements << statement.trimmed(); };
+        m_database->connection().onStatement = [this](const QString& statement) {
+            m_statements << statement.trimmed();
+        };
         m_statements.clear();
     }
     void cleanup() { m_database.reset(); }
@@ -34,8 +36,10 @@ private slots:
         QTest::addColumn<QStringList>("writes");
         QTest::addColumn<QString>("kept");
         const QString version = u"INSERT 99"_qs, alter = u"ALTER"_qs, setting = u"INSERT 44"_qs, update = u"UPDATE"_qs;
-        QTest::newRow("no version row") << QString() << false << QStringList{version, alter, setting, update} << u"020206"_qs;
-        QTest::newRow("no version row, setting there") << QString() << true << QStringList{version, alter, update} << u"020206"_qs;
+        QTest::newRow("no version row") << QString() << false << QStringList{version, alter, setting, update}
+                                        << u"020206"_qs;
+        QTest::newRow("no version row, setting there")
+            << QString() << true << QStringList{version, alter, update} << u"020206"_qs;
         QTest::newRow("000000") << u"000000"_qs << false << QStringList{alter, setting, update} << u"020206"_qs;
         QTest::newRow("020104") << u"020104"_qs << false << QStringList{alter, setting, update} << u"020206"_qs;
         QTest::newRow("020105") << u"020105"_qs << false << QStringList{setting, update} << u"020206"_qs;
@@ -94,7 +98,8 @@ private slots:
         m_database->connection().onStatement = [](const QString& statement) {
             if (statement.contains(u"44, 'マスタ"_qs)) throw AppError(u"stop"_qs);
         };
-        const QStringList log = logOf([&] { QCOMPARE(raised([&] { TableMaintenance(m_database->connection()); }), u"stop"_qs); });
+        const QStringList log =
+            logOf([&] { QCOMPARE(raised([&] { TableMaintenance(m_database->connection()); }), u"stop"_qs); });
         QCOMPARE(log, QStringList{u"テーブルメンテナンスの開始"_qs});
         QCOMPARE(settingOf(m_database->connection(), 99), u"000000"_qs);
         m_database->connection().onStatement = nullptr;
@@ -116,8 +121,10 @@ private:
     QStringList writes() const {
         QStringList words;
         for (const QString& statement : m_statements) {
-            if (statement.startsWith(u"INSERT"_qs)) words << (statement.contains(u"   99,"_qs) ? u"INSERT 99"_qs : u"INSERT 44"_qs);
-            else if (!statement.startsWith(u"SELECT"_qs)) words << statement.section(u' ', 0, 0);
+            if (statement.startsWith(u"INSERT"_qs))
+                words << (statement.contains(u"   99,"_qs) ? u"INSERT 99"_qs : u"INSERT 44"_qs);
+            else if (!statement.startsWith(u"SELECT"_qs))
+                words << statement.section(u' ', 0, 0);
         }
         return words;
     }

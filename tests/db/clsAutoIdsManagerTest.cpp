@@ -38,7 +38,8 @@ private slots:
         QTest::addColumn<QString>("year");
         QTest::addColumn<QString>("drawn");
         QTest::addColumn<QString>("kept");
-        const auto row = [](const char* name, const QString& last, int digits, const QString& year, const QString& drawn,
+        const auto row = [](const char* name, const QString& last, int digits, const QString& year,
+                            const QString& drawn,
                             const QString& kept) { QTest::newRow(name) << last << digits << year << drawn << kept; };
         row("yearly series in a new year", u"000123"_qs, 6, u"2023"_qs, u"000001"_qs, u"000001/2024"_qs);
         row("yearly series in its year", u"000123"_qs, 6, u"2024"_qs, u"000124"_qs, u"000124/2024"_qs);

@@ -12,10 +12,10 @@ clsSQLMaker makerOf(TestDatabase& database, const QString& table) {
     return maker;
 }
 
-// The first so many characters, never half of one, without blanks behind.
+// The first so many characters, one of two units counting once, without blanks behind.
 QString asCut(const QString& value, int size) {
-    QString cut = size > 0 ? value.left(size) : value;
-    if (cut.size() < value.size() && cut.back().isHighSurrogate()) cut.chop(1);
+    const std::u32string characters = value.toStdU32String();
+    QString cut = size > 0 ? QString::fromStdU32String(characters.substr(0, static_cast<size_t>(size))) : value;
     while (cut.endsWith(u' ')) cut.chop(1);
     return cut;
 }
@@ -48,7 +48,8 @@ private slots:
     void givenStampIsKept() {
         clsSQLMaker maker = makerOf(*m_database, u"顧客カルテ"_qs);
         maker.AddData(u"更新日"_qs, u"2005/03/01"_qs);
-        QCOMPARE(maker.GetSqlForInsert(), u"INSERT INTO 顧客カルテ ([更新日], [登録日]) VALUES (#2005/03/01#, NOW())"_qs);
+        QCOMPARE(maker.GetSqlForInsert(),
+                 u"INSERT INTO 顧客カルテ ([更新日], [登録日]) VALUES (#2005/03/01#, NOW())"_qs);
     }
 
     void updateStampsTheChangeOnly() {
@@ -125,7 +126,8 @@ private slots:
         row("ideographic blank is text", u"見積名称"_qs, u"　"_qs, u"'　'"_qs, u"= '　'"_qs);
         row("leading blanks stay", u"見積名称"_qs, u"  a "_qs, u"'  a'"_qs, u"= '  a'"_qs);
         row("date", u"採型日"_qs, u"2005/3/1 "_qs, u"#2005/3/1#"_qs, u"= #2005/3/1#"_qs);
-        row("date with time", u"採型日"_qs, u"2005/03/01 9:05:00"_qs, u"#2005/03/01 9:05:00#"_qs, u"= #2005/03/01 9:05:00#"_qs);
+        row("date with time", u"採型日"_qs, u"2005/03/01 9:05:00"_qs, u"#2005/03/01 9:05:00#"_qs,
+            u"= #2005/03/01 9:05:00#"_qs);
         row("whole number", u"処理区分"_qs, u"007"_qs, u"7"_qs, u"= 7"_qs);
         row("number with decimals", u"耐用年数"_qs, u"1.5"_qs, u"1.5"_qs, u"= 1.5"_qs);
         row("plus", u"耐用年数"_qs, u"+2"_qs, u"2"_qs, u"= 2"_qs);
@@ -148,7 +150,8 @@ private slots:
 
     void lettersOfNowAnywhereMeanTheCurrentTime_data() {
         QTest::addColumn<QString>("value");
-        for (const char* value : {"now", "NOW", "snowfall", " Now() "}) QTest::newRow(value) << QString::fromUtf8(value);
+        for (const char* value : {"now", "NOW", "snowfall", " Now() "})
+            QTest::newRow(value) << QString::fromUtf8(value);
     }
     void lettersOfNowAnywhereMeanTheCurrentTime() {
         QFETCH(QString, value);
@@ -236,8 +239,10 @@ private slots:
             connection.execute(u"DELETE FROM [%1]"_qs.arg(table.name));
             clsSQLMaker maker = makerOf(*m_database, table.name);
             for (const Schema::Column& column : table.columns) {
-                if (column.isText()) maker.AddData(column.name, value);
-                else if (table.key.contains(column.name)) maker.AddData(column.name, u"1"_qs);
+                if (column.isText())
+                    maker.AddData(column.name, value);
+                else if (table.key.contains(column.name))
+                    maker.AddData(column.name, u"1"_qs);
             }
             QCOMPARE(connection.execute(maker.GetSqlForInsert()), 1);
             compareTexts(table, maker, value);

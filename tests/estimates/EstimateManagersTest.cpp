@@ -18,7 +18,8 @@ clsCsEstimate filled() {
     for (const auto& field : gCsEstimateManager.fields()) {
         const Schema::Column& column = *table.column(field.column);
         ++number;
-        estimate.*field.member = column.isDate() ? u"2026/04/%1"_qs.arg(number % 28 + 1, 2, 10, QChar(u'0')) : QString::number(number);
+        estimate.*field.member =
+            column.isDate() ? u"2026/04/%1"_qs.arg(number % 28 + 1, 2, 10, QChar(u'0')) : QString::number(number);
     }
     estimate.EstId = u"  "_qs;
     return estimate;
@@ -50,8 +51,10 @@ private slots:
         clsCsEstimate stored;
         QVERIFY(gCsEstimateManager.GetData(estimate.EstId, stored));
         for (const auto& field : gCsEstimateManager.fields()) {
-            if (ledger.contains(field.column)) QCOMPARE(stored.*field.member, QString());
-            else if (!stamps.contains(field.column)) QCOMPARE(stored.*field.member, estimate.*field.member);
+            if (ledger.contains(field.column))
+                QCOMPARE(stored.*field.member, QString());
+            else if (!stamps.contains(field.column))
+                QCOMPARE(stored.*field.member, estimate.*field.member);
         }
         QVERIFY(!stored.AddDate.isEmpty());
     }
@@ -165,7 +168,8 @@ private slots:
         };
         QList<clsCustomer> customers;
         QList<clsChart> charts;
-        const QList<clsCsEstimate> found = list(u"[顧客情報].[名前1] = '山田' AND [顧客カルテ].[受注先] LIKE '病%'"_qs, customers, charts);
+        const QList<clsCsEstimate> found =
+            list(u"[顧客情報].[名前1] = '山田' AND [顧客カルテ].[受注先] LIKE '病%'"_qs, customers, charts);
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.first().EstId, estimate.EstId);
         QCOMPARE(customers.value(0).Birth, u"1960/05/01"_qs);
@@ -185,7 +189,9 @@ private slots:
         sql(u"UPDATE [法別] SET [法別] = '社会保険' WHERE [法別No] = 1"_qs);
         sql(u"UPDATE [法別] SET [法別] = '自費' WHERE [法別No] = 12"_qs);
         for (const auto& [number, law] : {std::pair{1, 12}, {2, 1}, {3, 777}})
-            sql(u"INSERT INTO 顧客見積請求 ([見積ID], [請求No], [法別No]) VALUES ('%1', %2, %3)"_qs.arg(estimate.EstId).arg(number).arg(law));
+            sql(u"INSERT INTO 顧客見積請求 ([見積ID], [請求No], [法別No]) VALUES ('%1', %2, %3)"_qs.arg(estimate.EstId)
+                    .arg(number)
+                    .arg(law));
         QString list;
         bool excluded = false;
         gCsEstimateManager.GetInsData(estimate.EstId, list, u"生活保護,社会"_qs, excluded);
@@ -206,7 +212,9 @@ private slots:
 
 private:
     void sql(const QString& statement) { m_database->connection().execute(statement); }
-    QString count(const QString& table) { return m_database->connection().scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table)); }
+    QString count(const QString& table) {
+        return m_database->connection().scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table));
+    }
     static clsCsEstimate saved() {
         clsCsEstimate estimate = filled();
         gCsEstimateManager.SaveData(estimate);
@@ -247,7 +255,9 @@ private:
         int number = 0;
         for (const auto& field : manager.fields()) {
             const qsizetype place = table.key.indexOf(field.column);
-            record.*field.member = place >= 0 ? key.at(place) : table.column(field.column)->isDate() ? u"2026/04/05"_qs : QString::number(++number);
+            record.*field.member = place >= 0                             ? key.at(place)
+                                   : table.column(field.column)->isDate() ? u"2026/04/05"_qs
+                                                                          : QString::number(++number);
         }
         manager.SaveData({record});
         Record stored;

@@ -16,7 +16,8 @@ private slots:
     void initTestCase() {
         m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Sample);
         m_database->prepareManagers();
-        for (const clsAssist& style : gAssistManager.group(AssistGroup::PickStyle)) m_styles.insert(style.AsstNo, style.AsstData);
+        for (const clsAssist& style : gAssistManager.group(AssistGroup::PickStyle))
+            m_styles.insert(style.AsstNo, style.AsstData);
         gCsEstimateManager.GetList(m_estimates, {}, u"[見積ID]"_qs);
         QCOMPARE(m_estimates.size(), 120);
     }
@@ -29,9 +30,11 @@ private slots:
             for (const clsCsMakeElmt& line : linesOf(gCsMakeElmtManager, estimate.EstId)) {
                 const clsCsItem item = itemOf(estimate.EstId, line.EstItemNo);
                 qint16 code = 0;
-                const Money unit = GetElementPrice(item.Item, item.PickKbn, item.Name, item.Form, m_styles.value(item.PickStyle),
-                                                   line.MakeElmt, line.Materials, tierOf(estimate), code);
-                QVERIFY2(code == 0, qUtf8Printable(estimate.EstId + u' ' + item.Item + u' ' + line.MakeElmt + u' ' + line.Materials));
+                const Money unit =
+                    GetElementPrice(item.Item, item.PickKbn, item.Name, item.Form, m_styles.value(item.PickStyle),
+                                    line.MakeElmt, line.Materials, tierOf(estimate), code);
+                QVERIFY2(code == 0, qUtf8Printable(estimate.EstId + u' ' + item.Item + u' ' + line.MakeElmt + u' ' +
+                                                   line.Materials));
                 QCOMPARE(line.Price, numberText(unit.toDouble() * Val(line.Suryo)));
                 QVERIFY(unit.toYen() > 0);
                 ++lines;
@@ -61,8 +64,8 @@ private slots:
             qint32 elements = 0, parts = 0, elementAmount = 0, partAmount = 0, tax = 0, total = 0;
             for (const clsCsMakeElmt& line : linesOf(gCsMakeElmtManager, estimate.EstId)) elements += ToInt(line.Price);
             for (const clsCsCmpltElmt& line : linesOf(gCsCmpltElmtManager, estimate.EstId)) parts += ToInt(line.Price);
-            CalcAmounts(elements, parts, ToInt(estimate.Discount1), ToInt(estimate.Discount2), ToInt(estimate.Discount3),
-                        Val(estimate.Tax), elementAmount, partAmount, tax, total);
+            CalcAmounts(elements, parts, ToInt(estimate.Discount1), ToInt(estimate.Discount2),
+                        ToInt(estimate.Discount3), Val(estimate.Tax), elementAmount, partAmount, tax, total);
             QVERIFY2(estimate.Total == QString::number(elementAmount + partAmount), qUtf8Printable(estimate.EstId));
             QVERIFY2(estimate.EstSum == QString::number(total), qUtf8Printable(estimate.EstId));
         }
@@ -79,14 +82,20 @@ private slots:
 
     void countersStandAtTheHighestNumbers() {
         Connection& connection = m_database->connection();
-        const auto last = [&](const QString& item) { return connection.scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '%1'"_qs.arg(item)); };
+        const auto last = [&](const QString& item) {
+            return connection.scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '%1'"_qs.arg(item));
+        };
         QCOMPARE(last(u"見積ID"_qs), connection.scalar(u"SELECT MAX([見積ID]) FROM [顧客見積情報]"_qs));
         QCOMPARE(last(u"顧客ID"_qs), connection.scalar(u"SELECT MAX([顧客ID]) FROM [顧客情報]"_qs));
     }
 
 private:
-    static QList<clsCsMakeElmt> linesOf(clsCsMakeElmtManager& manager, const QString& id) { return listed<clsCsMakeElmt>(manager, id); }
-    static QList<clsCsCmpltElmt> linesOf(clsCsCmpltElmtManager& manager, const QString& id) { return listed<clsCsCmpltElmt>(manager, id); }
+    static QList<clsCsMakeElmt> linesOf(clsCsMakeElmtManager& manager, const QString& id) {
+        return listed<clsCsMakeElmt>(manager, id);
+    }
+    static QList<clsCsCmpltElmt> linesOf(clsCsCmpltElmtManager& manager, const QString& id) {
+        return listed<clsCsCmpltElmt>(manager, id);
+    }
     template <class Record> static QList<Record> listed(TableManager<Record>& manager, const QString& id) {
         QList<Record> rows;
         manager.GetList(rows, u"[見積ID] = "_qs + sqlText(id), u"[見積種目No],[要素No]"_qs);

@@ -33,7 +33,8 @@ private slots:
         DatabaseCreation::create(m_settings, Contents::Delivered, [&](const QString& step) { steps << step; });
         QVERIFY(!steps.isEmpty());
         const auto connection = opened();
-        for (const Schema::Table& table : Schema::tables()) QVERIFY2(connection->tableExists(table.name), qUtf8Printable(table.name));
+        for (const Schema::Table& table : Schema::tables())
+            QVERIFY2(connection->tableExists(table.name), qUtf8Printable(table.name));
         for (const QString& table : Managers::tables()) QVERIFY(connection->tableExists(table));
         compareWithSeed(*connection);
     }
@@ -46,7 +47,8 @@ private slots:
         Managers::release();
         const auto check = [](const auto& manager) {
             for (const auto& field : manager.fields())
-                QVERIFY2(Schema::table(manager.table())->column(field.column), qUtf8Printable(manager.table() + field.column));
+                QVERIFY2(Schema::table(manager.table())->column(field.column),
+                         qUtf8Printable(manager.table() + field.column));
         };
         check(gPriceItemManager);
         check(gPriceBaseManager);
@@ -70,21 +72,28 @@ private slots:
     void existingDatabaseIsRefusedAndLeftAlone() {
         DatabaseCreation::create(m_settings, Contents::Delivered);
         opened()->execute(u"UPDATE [企業情報] SET [企業名] = '大切'"_qs);
-        QVERIFY(raised([&] { DatabaseCreation::create(m_settings, Contents::WithSample); }).startsWith(u"データベースは既に存在します。"_qs));
+        QVERIFY(raised([&] {
+                    DatabaseCreation::create(m_settings, Contents::WithSample);
+                }).startsWith(u"データベースは既に存在します。"_qs));
         QCOMPARE(opened()->scalar(u"SELECT [企業名] FROM [企業情報]"_qs), u"大切"_qs);
         QCOMPARE(opened()->scalar(u"SELECT COUNT(*) FROM [顧客情報]"_qs), u"0"_qs);
     }
 
     void databaseOfAnotherProgramIsRefused() {
         if (TestDatabase::isPostgres()) {
-            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(m_settings.database));
+            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(
+                m_settings.database));
             opened()->engineExecute(u"CREATE TABLE other (a integer)"_qs);
         } else {
             writeFile("some text");
         }
-        QVERIFY(raised([&] { DatabaseCreation::create(m_settings, Contents::Delivered); }).startsWith(u"データベースは既に存在します。"_qs));
-        if (TestDatabase::isPostgres()) QCOMPARE(opened()->engineScalar(u"SELECT COUNT(*) FROM other"_qs), u"0"_qs);
-        else QCOMPARE(readFile(), QByteArray("some text"));
+        QVERIFY(raised([&] {
+                    DatabaseCreation::create(m_settings, Contents::Delivered);
+                }).startsWith(u"データベースは既に存在します。"_qs));
+        if (TestDatabase::isPostgres())
+            QCOMPARE(opened()->engineScalar(u"SELECT COUNT(*) FROM other"_qs), u"0"_qs);
+        else
+            QCOMPARE(readFile(), QByteArray("some text"));
     }
 
     void failureLeavesNothingBehind() {
@@ -94,7 +103,8 @@ private slots:
             QVERIFY(errorOf([&] { DatabaseCreation::create(settings, Contents::Delivered); }));
             QVERIFY(!standsOnServer());
         } else {
-            QVERIFY(QDir().mkpath(m_folder->filePath(u"new folder/office.db.new"_qs))); // in the way of the unfinished one
+            QVERIFY(
+                QDir().mkpath(m_folder->filePath(u"new folder/office.db.new"_qs))); // in the way of the unfinished one
             QVERIFY(errorOf([&] { DatabaseCreation::create(settings, Contents::Delivered); }));
             QVERIFY(!QFile::exists(settings.path));
         }
@@ -102,7 +112,8 @@ private slots:
 
     void creationBrokenOffBeforeIsTakenUpAnew() {
         if (TestDatabase::isPostgres()) { // an empty database is what such a creation leaves
-            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(m_settings.database));
+            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(
+                m_settings.database));
         } else {
             m_settings.path += u".new"_qs;
             writeFile("half");
@@ -146,7 +157,8 @@ private:
     }
     static void onServer(const QString& statement) { askServer(statement, false); }
     bool standsOnServer() const {
-        return !askServer(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(m_settings.database), true).isEmpty();
+        return !askServer(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(m_settings.database), true)
+                    .isEmpty();
     }
     void dropDatabase() const { onServer(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_qs.arg(m_settings.database)); }
 

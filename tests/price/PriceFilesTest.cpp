@@ -27,7 +27,8 @@ private slots:
         const QByteArray line = QByteArray(fields - 1, ',');
         QCOMPARE(PriceFiles::read(table, line + "\r\n").size(), 1);
         for (const QByteArray& damaged : {line + ',', line.chopped(1)})
-            QCOMPARE(raised([&] { PriceFiles::read(table, line + "\n" + damaged); }), u"2行目のデータ形式が違います。処理を終了します。"_qs);
+            QCOMPARE(raised([&] { PriceFiles::read(table, line + "\n" + damaged); }),
+                     u"2行目のデータ形式が違います。処理を終了します。"_qs);
     }
 
     void linesAreRead_data() {
@@ -35,7 +36,8 @@ private slots:
         QTest::addColumn<int>("lines");
         QTest::addColumn<QString>("first");
         QTest::newRow("empty") << QString() << 0 << QString();
-        QTest::newRow("quotes mean nothing") << u"\"1\",\"義足\",\"B\"\"-1\",名,形\r\n"_qs << 1 << u"1/義足/B-1/名/形"_qs;
+        QTest::newRow("quotes mean nothing")
+            << u"\"1\",\"義足\",\"B\"\"-1\",名,形\r\n"_qs << 1 << u"1/義足/B-1/名/形"_qs;
         QTest::newRow("empty lines") << u"\r\n1,a,b,c,d\r\n\r\n2,a,b,c,d\n"_qs << 2 << u"1/a/b/c/d"_qs;
         QTest::newRow("no end of line") << u"1,a,b,c,"_qs << 1 << u"1/a/b/c/"_qs;
         QTest::newRow("signs of the code page") << u"1,①表,㈱,髙～,－"_qs << 1 << u"1/①表/㈱/髙～/－"_qs;
@@ -65,8 +67,10 @@ private slots:
             QByteArray bytes = whole;
             for (int i = static_cast<int>(random() % 4); i >= 0; --i) {
                 const auto at = static_cast<qsizetype>(random() % bytes.size());
-                if (random() % 2) bytes[at] = static_cast<char>(random());
-                else bytes.remove(at, 1);
+                if (random() % 2)
+                    bytes[at] = static_cast<char>(random());
+                else
+                    bytes.remove(at, 1);
             }
             const QString words = raised([&] {
                 for (const QStringList& line : PriceFiles::read(u"価格種目"_qs, bytes)) QCOMPARE(line.size(), 5);
@@ -81,7 +85,8 @@ private slots:
 
     void importedRowsAreValidAndKeepTheirNumbers() {
         TestDatabase database(TestDatabase::Contents::Delivered);
-        PriceFiles::importInto(database.connection(), u"価格加算"_qs, Text::toCp932(u"7,3,義足,A-1,断端's,3,15900,\r\n"_qs));
+        PriceFiles::importInto(database.connection(), u"価格加算"_qs,
+                               Text::toCp932(u"7,3,義足,A-1,断端's,3,15900,\r\n"_qs));
         Recordset rows = database.connection().query(u"SELECT * FROM [価格加算]"_qs);
         QVERIFY(rows.next());
         QCOMPARE(rows.value(u"ID"_qs), u"7"_qs);
@@ -107,7 +112,8 @@ private slots:
         Connection& connection = database.connection();
         QVERIFY(errorOf([&] {
             Transaction transaction(connection);
-            PriceFiles::importInto(connection, u"価格加算"_qs, Text::toCp932(u"7,3,義足,A-1,断端,3,15900,1\r\n"_qs + line));
+            PriceFiles::importInto(connection, u"価格加算"_qs,
+                                   Text::toCp932(u"7,3,義足,A-1,断端,3,15900,1\r\n"_qs + line));
             transaction.commit();
         }));
         QCOMPARE(connection.scalar(u"SELECT COUNT(*) FROM [価格加算]"_qs), u"0"_qs);

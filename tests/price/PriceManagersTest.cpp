@@ -41,12 +41,16 @@ private slots:
 
     void countersStartAboveTheFilesRows() {
         for (const QString& table : Schema::priceTables())
-            QVERIFY(m_database->connection().scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '%1ID'"_qs.arg(table)).toInt() >= 9000000);
+            QVERIFY(m_database->connection()
+                        .scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '%1ID'"_qs.arg(table))
+                        .toInt() >= 9000000);
     }
 
     void newRowTakesTheNextNumberAndStoresItAfterwards() {
         QStringList statements;
-        m_database->connection().onStatement = [&](const QString& statement) { statements << statement.trimmed().section(u' ', 0, 0); };
+        m_database->connection().onStatement = [&](const QString& statement) {
+            statements << statement.trimmed().section(u' ', 0, 0);
+        };
         clsPriceItem item = newItem();
         gPriceItemManager.SaveData(item);
         QCOMPARE(item.ID, u"9000005"_qs);
@@ -143,7 +147,10 @@ private slots:
     void partsAreOfferedWhenUsableAndValid() {
         const auto add = [this](int id, const QString& name, const QString& form, int usable, int invalid) {
             sql(u"INSERT INTO 価格部品 ([ID], [種目], [名称], [形式], [使用設定], [有効Flg]) VALUES (%1, '義足', '%2', '%3', %4, %5)"_qs
-                    .arg(id).arg(name, form).arg(usable).arg(invalid));
+                    .arg(id)
+                    .arg(name, form)
+                    .arg(usable)
+                    .arg(invalid));
         };
         add(1, u"ア"_qs, u"f2"_qs, 1, 0);
         add(2, u"ウ"_qs, u"f1"_qs, 1, 0);
@@ -168,15 +175,20 @@ private slots:
     void selectionListIsRebuiltFromThePriceTables() {
         fillPrices();
         QList<std::pair<qint64, qint64>> steps;
-        RebuildBaseElmtSelect(m_database->connection(), [&](qint64 done, qint64 all) { steps << std::pair{done, all}; });
+        RebuildBaseElmtSelect(m_database->connection(), [&](qint64 done, qint64 all) {
+            steps << std::pair{done, all};
+        });
         QList<clsBaseElmtSelect> rows;
         gBaseElmtSelectManager.GetList(rows, {}, u"[ID]"_qs);
         QStringList texts;
-        for (const clsBaseElmtSelect& row : rows) texts << QStringList{row.ID, row.Item, row.PickKbn, row.MakeElmt, row.Materials}.join(u'/');
-        QCOMPARE(texts, (QStringList{u"1/車椅子/＊/基本価格/オーダーメイド"_qs, u"2/車椅子/＊/基本価格/レディメイド"_qs,
-                                     u"3/車椅子/＊/加算/調整加算（オーダーメイド）"_qs, u"4/車椅子/＊/加算/調整加算（レディメイド）"_qs,
-                                     u"5/電動車椅子/＊/加算/調整加算"_qs, u"6/義足/A-1/基本価格/＊"_qs, u"7/義足/B-1/基本価格/＊"_qs,
-                                     u"8/義足/B-1/加算/断端加算"_qs, u"9/義足/B-1/継手/木'製"_qs, u"10/義足/B-1/継手/鋼"_qs}));
+        for (const clsBaseElmtSelect& row : rows)
+            texts << QStringList{row.ID, row.Item, row.PickKbn, row.MakeElmt, row.Materials}.join(u'/');
+        QCOMPARE(texts,
+                 (QStringList{u"1/車椅子/＊/基本価格/オーダーメイド"_qs, u"2/車椅子/＊/基本価格/レディメイド"_qs,
+                              u"3/車椅子/＊/加算/調整加算（オーダーメイド）"_qs,
+                              u"4/車椅子/＊/加算/調整加算（レディメイド）"_qs, u"5/電動車椅子/＊/加算/調整加算"_qs,
+                              u"6/義足/A-1/基本価格/＊"_qs, u"7/義足/B-1/基本価格/＊"_qs,
+                              u"8/義足/B-1/加算/断端加算"_qs, u"9/義足/B-1/継手/木'製"_qs, u"10/義足/B-1/継手/鋼"_qs}));
         QCOMPARE(steps.size(), 10);
         QCOMPARE(steps.last(), (std::pair<qint64, qint64>{10, 10}));
         QCOMPARE(gBaseElmtSelectManager.GetLastID(), u"10"_qs);
@@ -197,7 +209,8 @@ private slots:
 
     void makeElementsOfAnItemKeepTheirOrder() {
         for (const auto& [id, element] : {std::pair{"1", "乙"}, {"2", "甲"}, {"3", "乙"}})
-            gBaseElmtSelectManager.SaveInit({QString::fromUtf8(id), u"義足"_qs, u"B-1"_qs, QString::fromUtf8(element), u"x"_qs});
+            gBaseElmtSelectManager.SaveInit(
+                {QString::fromUtf8(id), u"義足"_qs, u"B-1"_qs, QString::fromUtf8(element), u"x"_qs});
         QList<clsBaseElmtSelect> rows;
         gBaseElmtSelectManager.GetListSumMakeElmt(rows, u"義足"_qs, u"B-1"_qs);
         QCOMPARE(joined(rows, &clsBaseElmtSelect::MakeElmt), u"乙 甲"_qs);
@@ -212,17 +225,25 @@ private slots:
 
 private:
     void sql(const QString& statement) { m_database->connection().execute(statement); }
-    QString counter() { return m_database->connection().scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '価格種目ID'"_qs); }
+    QString counter() {
+        return m_database->connection().scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '価格種目ID'"_qs);
+    }
     void addItem(int id, const QString& item, const QString& kbn, const QString& name, const QString& form, int flag) {
         sql(u"INSERT INTO 価格種目 ([ID], [種目], [採型区分], [名称], [形式], [有効Flg]) VALUES (%1, '%2', '%3', '%4', '%5', %6)"_qs
-                .arg(id).arg(item, kbn, name, form).arg(flag));
+                .arg(id)
+                .arg(item, kbn, name, form)
+                .arg(flag));
     }
     void fillPrices() {
         for (const QString& kbn : {u"B-1"_qs, u"A-1"_qs, u"B-1"_qs})
             sql(u"INSERT INTO 価格基本 ([ID], [種目], [採型区分]) VALUES (%1, '義足', '%2')"_qs.arg(++m_id).arg(kbn));
-        for (int i = 0; i < 2; ++i) sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素]) VALUES (%1, '義足', 'B-1', '断端加算')"_qs.arg(++m_id));
+        for (int i = 0; i < 2; ++i)
+            sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素]) VALUES (%1, '義足', 'B-1', '断端加算')"_qs
+                    .arg(++m_id));
         for (const QString& material : {u"鋼"_qs, u"木''製"_qs})
-            sql(u"INSERT INTO 価格要素 ([ID], [種目], [採型区分], [製作要素], [原材料]) VALUES (%1, '義足', 'B-1', '継手', '%2')"_qs.arg(++m_id).arg(material));
+            sql(u"INSERT INTO 価格要素 ([ID], [種目], [採型区分], [製作要素], [原材料]) VALUES (%1, '義足', 'B-1', '継手', '%2')"_qs
+                    .arg(++m_id)
+                    .arg(material));
     }
     static clsPriceItem newItem() {
         clsPriceItem item;
@@ -237,7 +258,8 @@ private:
         Record stored;
         manager.GetData((record.*number).toInt(), stored);
         for (const auto& field : manager.fields())
-            if (field.column != u"登録日" && field.column != u"更新日") QCOMPARE(stored.*field.member, record.*field.member);
+            if (field.column != u"登録日" && field.column != u"更新日")
+                QCOMPARE(stored.*field.member, record.*field.member);
     }
 
     std::unique_ptr<TestDatabase> m_database;

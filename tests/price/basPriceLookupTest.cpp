@@ -30,26 +30,36 @@ private slots:
     void lineReadsItsTable_data() {
         QTest::addColumn<QStringList>("line");
         QTest::addColumn<QString>("price");
-        const auto row = [](const char* name, const QStringList& line, const char* price) { QTest::newRow(name) << line << QString::fromLatin1(price); };
+        const auto row = [](const char* name, const QStringList& line, const char* price) {
+            QTest::newRow(name) << line << QString::fromLatin1(price);
+        };
         const QString base = u"基本価格"_qs, add = u"加算"_qs;
         for (const QString& item : {u"車椅子"_qs, u"車いす"_qs}) {
-            row(qUtf8Printable(item + u" order-made"_qs), {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, base, u"オーダーメイド"_qs}, "1001");
-            row(qUtf8Printable(item + u" ready-made"_qs), {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, base, u"レディメイド"_qs}, "1002");
-            row(qUtf8Printable(item + u" adjusted order"_qs), {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（オーダーメイド）"_qs}, "1003");
-            row(qUtf8Printable(item + u" adjusted ready"_qs), {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（レディメイド）"_qs}, "1004");
-            row(qUtf8Printable(item + u" other addition"_qs), {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"枕"_qs}, "2001");
+            row(qUtf8Printable(item + u" order-made"_qs),
+                {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, base, u"オーダーメイド"_qs}, "1001");
+            row(qUtf8Printable(item + u" ready-made"_qs),
+                {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, base, u"レディメイド"_qs}, "1002");
+            row(qUtf8Printable(item + u" adjusted order"_qs),
+                {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（オーダーメイド）"_qs}, "1003");
+            row(qUtf8Printable(item + u" adjusted ready"_qs),
+                {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（レディメイド）"_qs}, "1004");
+            row(qUtf8Printable(item + u" other addition"_qs),
+                {item, u"＊"_qs, u"普通"_qs, u"A"_qs, u"0"_qs, add, u"枕"_qs}, "2001");
         }
         for (const QString& item : {u"電動車椅子"_qs, u"電動車いす"_qs}) {
             row(qUtf8Printable(item + u" base"_qs), {item, u"＊"_qs, u"電動"_qs, u"A"_qs, u"0"_qs, base, {}}, "1011");
-            row(qUtf8Printable(item + u" adjusted"_qs), {item, u"＊"_qs, u"調整"_qs, u"A"_qs, u"0"_qs, add, u"調整加算"_qs}, "1013");
-            row(qUtf8Printable(item + u" adjusted, more text"_qs), {item, u"＊"_qs, u"調整"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（レディメイド）"_qs}, "1013");
+            row(qUtf8Printable(item + u" adjusted"_qs),
+                {item, u"＊"_qs, u"調整"_qs, u"A"_qs, u"0"_qs, add, u"調整加算"_qs}, "1013");
+            row(qUtf8Printable(item + u" adjusted, more text"_qs),
+                {item, u"＊"_qs, u"調整"_qs, u"A"_qs, u"0"_qs, add, u"調整加算（レディメイド）"_qs}, "1013");
         }
         for (const QString& item : {u"殻構造義手"_qs, u"殻構造義足"_qs, u"骨格構造義手"_qs, u"骨格構造義足"_qs})
             row(qUtf8Printable(item), {item, u"A-1"_qs, u"別名"_qs, u"F"_qs, {}, base, {}}, "1021");
         for (const QString& item : {u"下肢装具"_qs, u"靴型装具"_qs, u"体幹装具"_qs, u"上肢装具"_qs, u"座位保持装置"_qs})
             row(qUtf8Printable(item), {item, u"A-1"_qs, u"別名"_qs, u"別形"_qs, u"2"_qs, base, {}}, "1032");
         row("other kind", {u"補助つえ"_qs, u"別区分"_qs, u"多点杖"_qs, u"＊"_qs, {}, base, {}}, "1041");
-        row("seating adjusted is an addition", {u"座位保持装置"_qs, u"＊"_qs, {}, {}, {}, add, u"調整加算（オーダーメイド）"_qs}, "2002");
+        row("seating adjusted is an addition",
+            {u"座位保持装置"_qs, u"＊"_qs, {}, {}, {}, add, u"調整加算（オーダーメイド）"_qs}, "2002");
         row("make element", {u"下肢装具"_qs, u"A-1"_qs, {}, {}, {}, u"継手'"_qs, u"鋼"_qs}, "3001");
     }
     void lineReadsItsTable() {
@@ -77,7 +87,8 @@ private slots:
         row("addition without a material", {u"下肢装具"_qs, u"A"_qs, u"n"_qs, u"f"_qs, u"1"_qs, add, {}});
         row("element without a material", {u"下肢装具"_qs, u"A"_qs, u"n"_qs, u"f"_qs, u"1"_qs, u"継手"_qs, {}});
         for (const char* style : {"0", "", "x", "0.4"})
-            row(qPrintable(u"orthosis of style "_qs + QString::fromLatin1(style)), {u"下肢装具"_qs, u"A"_qs, u"n"_qs, u"f"_qs, QString::fromLatin1(style), base, {}});
+            row(qPrintable(u"orthosis of style "_qs + QString::fromLatin1(style)),
+                {u"下肢装具"_qs, u"A"_qs, u"n"_qs, u"f"_qs, QString::fromLatin1(style), base, {}});
     }
     void lineThatLacksSomethingAsksNothing() {
         QFETCH(QStringList, line);
@@ -112,13 +123,20 @@ private slots:
         QTest::newRow("no row") << QStringList{} << u"大人"_qs << u"0"_qs << 1;
         QTest::newRow("one row") << QStringList{u"5,5,5"_qs} << u"大人"_qs << u"5"_qs << none;
         QTest::newRow("rows that agree") << QStringList{u"5,5,5"_qs, u"5,5,5"_qs} << u"大人"_qs << u"5"_qs << none;
-        QTest::newRow("zero at the head is passed over") << QStringList{u"0,0,0"_qs, u"5000,0,0"_qs, u"5000,0,0"_qs} << u"大人"_qs << u"0"_qs << none;
-        QTest::newRow("zero behind differs") << QStringList{u"5000,0,0"_qs, u"0,0,0"_qs} << u"大人"_qs << u"5000"_qs << 2;
+        QTest::newRow("zero at the head is passed over")
+            << QStringList{u"0,0,0"_qs, u"5000,0,0"_qs, u"5000,0,0"_qs} << u"大人"_qs << u"0"_qs << none;
+        QTest::newRow("zero behind differs")
+            << QStringList{u"5000,0,0"_qs, u"0,0,0"_qs} << u"大人"_qs << u"5000"_qs << 2;
         QTest::newRow("first counts") << QStringList{u"7,0,0"_qs, u"5,0,0"_qs} << u"大人"_qs << u"7"_qs << 2;
         for (const QString& tier : {u"大人"_qs, u"中人"_qs, u"小人"_qs})
-            QTest::newRow(qUtf8Printable(u"third price alone differs, "_qs + tier)) << QStringList{u"5,6,7"_qs, u"5,6,8"_qs} << tier
-                                                                                    << (tier == u"大人" ? u"5"_qs : tier == u"中人" ? u"6"_qs : u"7"_qs) << none;
-        QTest::newRow("first price differs, child asked") << QStringList{u"5,6,7"_qs, u"9,6,7"_qs} << u"小人"_qs << u"7"_qs << 2;
+            QTest::newRow(qUtf8Printable(u"third price alone differs, "_qs + tier))
+                << QStringList{u"5,6,7"_qs, u"5,6,8"_qs} << tier
+                << (tier == u"大人"   ? u"5"_qs
+                    : tier == u"中人" ? u"6"_qs
+                                      : u"7"_qs)
+                << none;
+        QTest::newRow("first price differs, child asked")
+            << QStringList{u"5,6,7"_qs, u"9,6,7"_qs} << u"小人"_qs << u"7"_qs << 2;
     }
     void severalRowsAreCompared() {
         QFETCH(QStringList, rows);
@@ -159,7 +177,10 @@ private slots:
         QFETCH(QString, form);
         const auto add = [this](int id, const QString& value, const QString& shape, int usable, int yen) {
             sql(u"INSERT INTO 価格部品 ([ID], [種目], [名称], [形式], [部品コード], [使用設定], [新価格], [有効Flg]) "
-                u"VALUES (%1, '義足', '継手', '%2', %3, %4, %5, 1)"_qs.arg(id).arg(shape, value).arg(usable).arg(yen));
+                u"VALUES (%1, '義足', '継手', '%2', %3, %4, %5, 1)"_qs.arg(id)
+                    .arg(shape, value)
+                    .arg(usable)
+                    .arg(yen));
         };
         add(1, u"'P-1'"_qs, u"f"_qs, 1, 11);
         add(2, u"NULL"_qs, u"f"_qs, 1, 12);
@@ -178,7 +199,9 @@ private slots:
         QTest::addColumn<QList<int>>("given");
         QTest::addColumn<double>("tax");
         QTest::addColumn<QList<int>>("amounts");
-        const auto row = [](const char* name, const QList<int>& given, double tax, const QList<int>& amounts) { QTest::newRow(name) << given << tax << amounts; };
+        const auto row = [](const char* name, const QList<int>& given, double tax, const QList<int>& amounts) {
+            QTest::newRow(name) << given << tax << amounts;
+        };
         row("nothing taken off", {10000, 1000, 100, 100, 100}, 5, {10000, 1000, 550, 11550});
         row("each percentage", {10000, 1000, 95, 90, 50}, 6, {8550, 500, 543, 9593});
         row("half to the even below", {25, 0, 10, 100, 100}, 0, {2, 0, 0, 2});
@@ -193,7 +216,8 @@ private slots:
         QFETCH(QList<int>, given);
         QFETCH(double, tax);
         qint32 elements = 0, parts = 0, taxAmount = 0, total = 0;
-        CalcAmounts(given.at(0), given.at(1), given.at(2), given.at(3), given.at(4), tax, elements, parts, taxAmount, total);
+        CalcAmounts(given.at(0), given.at(1), given.at(2), given.at(3), given.at(4), tax, elements, parts, taxAmount,
+                    total);
         QTEST((QList<int>{elements, parts, taxAmount, total}), "amounts");
     }
 
@@ -218,30 +242,41 @@ private slots:
 private:
     Money price(const QStringList& line, const QString& tier = u"大人"_qs) {
         m_queries.clear();
-        return GetElementPrice(line.at(0), line.at(1), line.at(2), line.at(3), line.at(4), line.at(5), line.at(6), tier, m_code);
+        return GetElementPrice(line.at(0), line.at(1), line.at(2), line.at(3), line.at(4), line.at(5), line.at(6), tier,
+                               m_code);
     }
     void sql(const QString& statement) { m_database->connection().execute(statement); }
 
     void addBase(int id, const QString& item, const QString& name, const QString& prices, const QString& kbn = u"A"_qs,
                  const QString& form = u"f"_qs, int style = 0, int apply = 0) {
-        sql(u"INSERT INTO 価格基本 ([ID], [種目], [採型区分], [名称], [形式], [採型採寸区分], [適用], [新価格１], [新価格２], [新価格３]) "
-            u"VALUES (%1, '%2', '%3', '%4', '%5', %6, %7, %8)"_qs.arg(id).arg(item, kbn, name, form).arg(style).arg(apply).arg(prices));
+        sql(u"INSERT INTO 価格基本 ([ID], [種目], [採型区分], [名称], [形式], [採型採寸区分], [適用], [新価格１], "
+            u"[新価格２], [新価格３]) "
+            u"VALUES (%1, '%2', '%3', '%4', '%5', %6, %7, %8)"_qs.arg(id)
+                .arg(item, kbn, name, form)
+                .arg(style)
+                .arg(apply)
+                .arg(prices));
     }
 
     // Rows for a line of this 種目 that differ in what each group filters by.
     void fillAll(const QString& item) {
         const auto three = [](int price) { return u"%1,%1,%1"_qs.arg(price); };
         int id = 0;
-        for (int apply = 1; apply <= 4; ++apply) addBase(++id, item, u"普通"_qs, three(1000 + apply), u"＊"_qs, u"A"_qs, 0, apply);
+        for (int apply = 1; apply <= 4; ++apply)
+            addBase(++id, item, u"普通"_qs, three(1000 + apply), u"＊"_qs, u"A"_qs, 0, apply);
         addBase(++id, item, u"電動"_qs, three(1011), u"＊"_qs, u"A"_qs, 0, 1);
         addBase(++id, item, u"殻"_qs, three(1021), u"A-1"_qs, u"F"_qs, 7);
-        for (int style = 1; style <= 2; ++style) addBase(++id, item, u"装具"_qs, three(1030 + style), u"A-1"_qs, u"G"_qs, style);
+        for (int style = 1; style <= 2; ++style)
+            addBase(++id, item, u"装具"_qs, three(1030 + style), u"A-1"_qs, u"G"_qs, style);
         addBase(++id, item, u"多点杖"_qs, three(1041), u"＊"_qs, u"＊"_qs, 9);
         addBase(++id, item, u"調整"_qs, three(1012), u"＊"_qs, u"A"_qs, 0, 1);
         addBase(++id, item, u"調整"_qs, three(1013), u"＊"_qs, u"A"_qs, 0, 3);
-        sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素], [新価格]) VALUES (1, '%1', '＊', '枕', 2001)"_qs.arg(item));
-        sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素], [新価格]) VALUES (2, '%1', '＊', '調整加算（オーダーメイド）', 2002)"_qs.arg(item));
-        sql(u"INSERT INTO 価格要素 ([ID], [種目], [採型区分], [製作要素], [原材料], [新価格１]) VALUES (1, '%1', 'A-1', '継手''', '鋼', 3001)"_qs.arg(item));
+        sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素], [新価格]) VALUES (1, '%1', '＊', '枕', 2001)"_qs
+                .arg(item));
+        sql(u"INSERT INTO 価格加算 ([ID], [種目], [採型区分], [加算要素], [新価格]) VALUES (2, '%1', '＊', '調整加算（オーダーメイド）', 2002)"_qs
+                .arg(item));
+        sql(u"INSERT INTO 価格要素 ([ID], [種目], [採型区分], [製作要素], [原材料], [新価格１]) VALUES (1, '%1', 'A-1', '継手''', '鋼', 3001)"_qs
+                .arg(item));
     }
     std::unique_ptr<TestDatabase> m_database;
     QStringList m_queries;

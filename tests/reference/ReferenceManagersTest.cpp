@@ -9,8 +9,9 @@ namespace {
 
 const QString bySeq = u"[順番]"_qs;
 
-template <class Manager, class Record> QStringList listed(Manager& manager, QString Record::*member, Direction direction,
-                                                          const QString& order = bySeq, const QString& where = {}) {
+template <class Manager, class Record>
+QStringList listed(Manager& manager, QString Record::*member, Direction direction, const QString& order = bySeq,
+                   const QString& where = {}) {
     QList<Record> rows;
     manager.GetList(rows, where, order, direction);
     QStringList values;
@@ -28,7 +29,8 @@ private slots:
         m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Delivered);
         m_clock = std::make_unique<FixedClock>(u"2024/03/10 9:05:07"_qs);
         m_database->prepareManagers();
-        for (const char* table : {"主治医", "製作担当者", "請求先", "受注先", "装具", "都道府県", "法別請求対応"}) sql(u"DELETE FROM [%1]"_qs.arg(QString::fromUtf8(table)));
+        for (const char* table : {"主治医", "製作担当者", "請求先", "受注先", "装具", "都道府県", "法別請求対応"})
+            sql(u"DELETE FROM [%1]"_qs.arg(QString::fromUtf8(table)));
         m_database->connection().onStatement = [this](const QString& statement) { m_statements << statement; };
         m_statements.clear();
     }
@@ -38,12 +40,16 @@ private slots:
     }
 
     void rowsInUseStandAheadOfRetiredOnes() {
-        for (const auto& [code, seq, flag] : {std::tuple{"a", "3", "1"}, {"b", "1", "0"}, {"c", "2", "0"}, {"d", "4", "1"}, {"e", "2", "1"}})
+        for (const auto& [code, seq, flag] :
+             {std::tuple{"a", "3", "1"}, {"b", "1", "0"}, {"c", "2", "0"}, {"d", "4", "1"}, {"e", "2", "1"}})
             addDoctor(QString::fromLatin1(code), u"医"_qs, QString::fromLatin1(seq), QString::fromLatin1(flag));
         QCOMPARE(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Descending).join(u' '), u"c b d a e"_qs);
         QCOMPARE(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Ascending).join(u' '), u"b c e a d"_qs);
-        QCOMPARE(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Descending, u"[主治医コード]"_qs).join(u' '), u"e d c b a"_qs);
-        QCOMPARE(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Descending, bySeq, u"[有効Flg] = 0"_qs).join(u' '), u"c b"_qs);
+        QCOMPARE(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Descending, u"[主治医コード]"_qs).join(u' '),
+                 u"e d c b a"_qs);
+        QCOMPARE(
+            listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Descending, bySeq, u"[有効Flg] = 0"_qs).join(u' '),
+            u"c b"_qs);
     }
 
     void listByOrderNamesTheFlagFirst() {
@@ -160,8 +166,9 @@ private slots:
         clsProducer producer;
         producer.ProducerNm = u"新"_qs;
         gProducerManager.AddByName(producer);
-        QCOMPARE(boxes.texts(), (QStringList{u"主治医コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs,
-                                             u"製作担当者コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs}));
+        QCOMPARE(boxes.texts(),
+                 (QStringList{u"主治医コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs,
+                              u"製作担当者コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs}));
         QCOMPARE(boxes.requests().first().icon, MessageIcon::Information);
         QCOMPARE(doctor.DoctorNo, QString());
         QVERIFY(listed(gDoctorManager, &clsDoctor::DoctorCd, Direction::Ascending).isEmpty());
@@ -238,9 +245,10 @@ private slots:
         QTEST(stored.ClaimNm, "master");
         QCOMPARE(stored.Tel, master.Tel);
         QCOMPARE(boxes.requests().first().buttons, MessageButtons::YesNoCancel);
-        QCOMPARE(boxes.texts().first(),
-                 u"入力された請求先はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n　　請求先コード：A1\n"
-                 u"　　(入力)区役所\n　　(マスタ)市役所\n\n※「いいえ」ボタンを選択するとマスタの内容が上書きされます。"_qs);
+        QCOMPARE(
+            boxes.texts().first(),
+            u"入力された請求先はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n　　請求先コード：A1\n"
+            u"　　(入力)区役所\n　　(マスタ)市役所\n\n※「いいえ」ボタンを選択するとマスタの内容が上書きされます。"_qs);
     }
 
     void unknownCodeOfAPartyIsRegistered() {
@@ -275,7 +283,8 @@ private slots:
     }
 
     void everyColumnOfAPartyIsSaved() {
-        clsClaim claim{{}, u"1"_qs, u"2"_qs, u"3"_qs, u"4"_qs, u"5"_qs, u"6"_qs, u"7"_qs, u"8"_qs, u"9"_qs, u"10"_qs, u"11"_qs, u"12"_qs, u"0"_qs};
+        clsClaim claim{{},      u"1"_qs, u"2"_qs, u"3"_qs,  u"4"_qs,  u"5"_qs,  u"6"_qs,
+                       u"7"_qs, u"8"_qs, u"9"_qs, u"10"_qs, u"11"_qs, u"12"_qs, u"0"_qs};
         gClaimManager.SaveData(claim);
         clsClaim stored;
         QVERIFY(gClaimManager.GetData(claim.ClaimNo, stored));
@@ -297,7 +306,8 @@ private slots:
     }
 
     void lastUsedPrefecturesStandFirst() {
-        for (const auto& [pref, city, seq] : {std::tuple{"東京都", "港区", "1"}, {"大阪府", "北区", "2"}, {"東京都", "北区", "3"}}) {
+        for (const auto& [pref, city, seq] :
+             {std::tuple{"東京都", "港区", "1"}, {"大阪府", "北区", "2"}, {"東京都", "北区", "3"}}) {
             clsPrefecture pair{{}, QString::fromUtf8(pref), QString::fromUtf8(city), QString::fromUtf8(seq)};
             gPrefectureManager.SaveData(pair);
         }
@@ -339,7 +349,8 @@ private slots:
         m_clock->set(u"2024/03/11 10:00:00"_qs);
         gInsClaimManager.ReconcileData(u"1"_qs, claim.ClaimNo);
         QList<clsInsClaim> pairs;
-        gInsClaimManager.GetList(pairs, u"[法別請求対応].[法別No] = 1 AND [請求先].[有効Flg] = 0"_qs, u"[法別請求対応].[順番]"_qs, Direction::Descending);
+        gInsClaimManager.GetList(pairs, u"[法別請求対応].[法別No] = 1 AND [請求先].[有効Flg] = 0"_qs,
+                                 u"[法別請求対応].[順番]"_qs, Direction::Descending);
         QCOMPARE(pairs.size(), 1);
         QCOMPARE(pairs.first().InsClaimNo, number);
         QCOMPARE(pairs.first().Seq, u"20240311100000"_qs);

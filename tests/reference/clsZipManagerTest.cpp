@@ -40,7 +40,8 @@ private slots:
         QTest::addColumn<QString>("zip");
         QTest::newRow("code") << QStringList{u"1000002"_qs, {}, {}, {}} << u"1000002"_qs;
         QTest::newRow("parts") << QStringList{{}, u"東京"_qs, u"千代"_qs, u"外苑"_qs} << u"1000002"_qs;
-        QTest::newRow("code and a part that does not fit") << QStringList{u"1000002"_qs, u"大阪"_qs, {}, {}} << QString();
+        QTest::newRow("code and a part that does not fit")
+            << QStringList{u"1000002"_qs, u"大阪"_qs, {}, {}} << QString();
         QTest::newRow("sign of LIKE") << QStringList{{}, u"%"_qs, {}, {}} << QString();
         QTest::newRow("underscore") << QStringList{{}, u"東_都"_qs, {}, {}} << QString();
         QTest::newRow("quote") << QStringList{{}, u"'"_qs, {}, {}} << QString();
@@ -57,7 +58,8 @@ private slots:
     void listsByAddressStartWithWhatWasTyped() {
         MessageQueue boxes;
         const auto found = [](const QString& pref, const QString& address) {
-            return column(gZipManager.GetSelectListFromAddr(pref, address, u"[郵便番号]"_qs), u"郵便番号"_qs).join(u' ');
+            return column(gZipManager.GetSelectListFromAddr(pref, address, u"[郵便番号]"_qs), u"郵便番号"_qs)
+                .join(u' ');
         };
         QCOMPARE(found(u"東京都"_qs, u"千代田区"_qs), u"1000001 1000002"_qs);
         QCOMPARE(found(u"東京都"_qs, u"千代田区皇居"_qs), u"1000002"_qs);
@@ -109,7 +111,8 @@ private slots:
                      transaction.commit();
                  }).isEmpty());
         QCOMPARE(gZipManager.GetCount(), 3);
-        QCOMPARE(column(gZipManager.GetSelectListFromZip(u"53"_qs, u"[郵便番号]"_qs), u"市区町村名"_qs), QStringList{u"大阪市北区"_qs});
+        QCOMPARE(column(gZipManager.GetSelectListFromZip(u"53"_qs, u"[郵便番号]"_qs), u"市区町村名"_qs),
+                 QStringList{u"大阪市北区"_qs});
     }
 
 private:

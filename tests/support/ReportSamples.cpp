@@ -1,5 +1,6 @@
 #include "support/ReportSamples.h"
 
+#include "reports/CsEstListFields.h"
 #include "reports/CsEstimateFields.h"
 
 namespace ReportSamples {
@@ -149,6 +150,17 @@ ReportRecordset longest() {
         for (const ReportField& field : fields)
             if (kind.contains(field.name)) row.append({field.name, largest(field)});
         addRow(records, longestHeader(), row);
+    }
+    return records;
+}
+
+ReportRecordset longestList() {
+    constexpr int moreThanOnePage = 60;
+    ReportRecordset records = csEstListRecordset();
+    const QList<ReportField> fields = records.fields();
+    for (int row = 0; row < moreThanOnePage; ++row) {
+        records.AddNew();
+        for (const ReportField& field : fields) records.Set(field.name, largest(field));
     }
     return records;
 }

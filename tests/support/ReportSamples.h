@@ -10,6 +10,8 @@ void addDocument(ReportRecordset& records, int askNo = 1, int copy = 1);
 ReportRecordset ordinary();
 // Every kind of row that the data method makes, each text at its full size in wide characters, amounts of nine digits.
 ReportRecordset longest();
+// The same for the estimate data list: enough rows for more than one page.
+ReportRecordset longestList();
 // `rows` rows of one document that show their number as quantity.
 ReportRecordset rows(int rows);
 

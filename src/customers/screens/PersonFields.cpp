@@ -29,8 +29,8 @@ PersonFields::PersonFields(const PersonControls& controls, QWidget* form)
     : QObject(form), m_fields(controls), m_form(form) {
     m_fields.name1->setReadingField(m_fields.kana1);
     m_fields.name2->setReadingField(m_fields.kana2);
-    m_fields.pref->lineEdit()->setMaxLength(prefLength);
-    m_fields.city->lineEdit()->setMaxLength(cityLength);
+    m_fields.pref->setMaxLength(prefLength);
+    m_fields.city->setMaxLength(cityLength);
     for (TextField* part : {m_fields.name1, m_fields.name2})
         connect(part, &TextField::valueChanged, this, &PersonFields::followName);
     for (QRadioButton* choice : {m_fields.sameName, m_fields.ownName})

@@ -25,9 +25,9 @@ QList<GridColumn> chartColumns() {
         QString title;
         int width;
     };
-    static const QList<Form> forms{{u"カルテNo"_qs, 9},      {u"ｶﾙﾃ番号"_qs, 14}, {u"病名原因"_qs, 30},
-                                   {u"入通院開始日"_qs, 13}, {u"左右"_qs, 6},     {u"受注先ｺｰﾄﾞ"_qs, 11},
-                                   {u"受注先"_qs, 28},       {u"主治医"_qs, 14},  {u"備考"_qs, 20}};
+    static const QList<Form> forms{{u"カルテNo"_qs, 9},      {u"ｶﾙﾃ番号"_qs, 14}, {u"病名原因"_qs, 26},
+                                   {u"入通院開始日"_qs, 12}, {u"左右"_qs, 6},     {u"受注先ｺｰﾄﾞ"_qs, 11},
+                                   {u"受注先"_qs, 25},       {u"主治医"_qs, 13},  {u"備考"_qs, 10}};
     QList<GridColumn> columns;
     for (const Form& form : forms) {
         GridColumn column;

@@ -31,7 +31,7 @@ QString codeFilter(const QString& code) { return u"[受注先コード] LIKE '%1
 
 frmCustomerChart::frmCustomerChart(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCustomerChart>()) {
     ui->setupUi(this);
-    ui->cboDoctor->lineEdit()->setMaxLength(doctorLength);
+    ui->cboDoctor->setMaxLength(doctorLength);
     connect(ui->txtOrderCd, &TextField::valueChanged, this, [this] {
         if (!m_showing) guarded([this] { takeOrderOfCode(); });
     });

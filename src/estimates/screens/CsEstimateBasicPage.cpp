@@ -60,8 +60,8 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     ui->setupUi(this);
     FormPieces::applyCharacters(this);
     m_person = new PersonFields(PersonControls::of(*ui), this);
-    for (ChoiceBox* person : {ui->cboDoctor, ui->cboProducer}) person->lineEdit()->setMaxLength(personLength);
-    ui->cboCharge1->lineEdit()->setMaxLength(chargeLength);
+    for (ChoiceBox* person : {ui->cboDoctor, ui->cboProducer}) person->setMaxLength(personLength);
+    ui->cboCharge1->setMaxLength(chargeLength);
     ui->flxIns->setColumns(insuranceColumns());
     ui->flxIns->setRows(claimRowCount);
     FormPieces::stretchColumn(ui->flxIns, insuranceClaimName);

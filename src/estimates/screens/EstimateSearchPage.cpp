@@ -4,8 +4,8 @@
 #include "base/basMessage.h"
 #include "customers/clsCustomerManager.h"
 #include "db/clsDbManager.h"
-#include "ui/FormPieces.h"
 #include "reference/ReferenceManagers.h"
+#include "ui/FormPieces.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"
 #include "ui_EstimateSearchPage.h"
@@ -47,7 +47,8 @@ EstimateSearchPage::EstimateSearchPage(QWidget* parent)
             ui->cboCity->setText(city);
         });
     });
-    connect(ui->txtZip, &TextField::valueSettled, this, [this] { ui->txtZip->setValue(FormatZip(ui->txtZip->value())); });
+    connect(ui->txtZip, &TextField::valueSettled, this,
+            [this] { ui->txtZip->setValue(FormatZip(ui->txtZip->value())); });
 }
 
 EstimateSearchPage::~EstimateSearchPage() = default;
@@ -135,15 +136,16 @@ bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->
 // --- selection lists ---
 
 void EstimateSearchPage::chooseCustomer() {
-    const QString where = joined({startingWith(u"顧客番号"_qs, ui->txtCsNo->value()),
-                                  startingWith(u"名前1"_qs, ui->txtName1->value()),
-                                  startingWith(u"名前2"_qs, ui->txtName2->value()),
-                                  startingWith(u"フリガナ1"_qs, ui->txtKana1->value()),
-                                  startingWith(u"フリガナ2"_qs, ui->txtKana2->value())});
-    const auto chosen = SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
-                                   {u"顧客ID"_qs, u"顧客枝番"_qs});
+    const QString where =
+        joined({startingWith(u"顧客番号"_qs, ui->txtCsNo->value()), startingWith(u"名前1"_qs, ui->txtName1->value()),
+                startingWith(u"名前2"_qs, ui->txtName2->value()), startingWith(u"フリガナ1"_qs, ui->txtKana1->value()),
+                startingWith(u"フリガナ2"_qs, ui->txtKana2->value())});
+    const auto chosen =
+        SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
+                   {u"顧客ID"_qs, u"顧客枝番"_qs});
     clsCustomer customer;
-    if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer)) return;
+    if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer))
+        return;
     ui->txtCsNo->setValue(customer.CustNo);
     showNames(customer.CustNm1, customer.CustNm2);
     ui->txtKana1->setValue(customer.CustKn1);
@@ -152,7 +154,8 @@ void EstimateSearchPage::chooseCustomer() {
 
 void EstimateSearchPage::chooseClaim() {
     const QString where = joined({inUse, startingWith(u"請求先コード"_qs, ui->txtClaimCd->value())});
-    const auto chosen = SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, u"[順番]"_qs), {u"請求先No"_qs});
+    const auto chosen =
+        SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, u"[順番]"_qs), {u"請求先No"_qs});
     if (!chosen) return;
     ui->txtClaimCd->setValue(chosen->value(u"請求先コード"_qs));
     ui->txtClaimNm->setValue(chosen->value(u"請求先"_qs));
@@ -160,7 +163,8 @@ void EstimateSearchPage::chooseClaim() {
 
 void EstimateSearchPage::chooseOrder() {
     const QString where = joined({inUse, startingWith(u"受注先コード"_qs, ui->txtOrderCd->value())});
-    const auto chosen = SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
+    const auto chosen =
+        SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
     if (!chosen) return;
     ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
     ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));

@@ -35,8 +35,8 @@ GridColumn column(const QString& title, int width) {
 }
 
 QList<GridColumn> customerColumns() {
-    QList<GridColumn> columns{column(u"選択"_qs, 5),    column(u"顧客ID"_qs, 12), column(u"顧客枝番"_qs, 8),
-                              column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 24),   column(u"フリガナ"_qs, 26),
+    QList<GridColumn> columns{column(u"選択"_qs, 5),      column(u"顧客ID"_qs, 12),  column(u"顧客枝番"_qs, 8),
+                              column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 24),    column(u"フリガナ"_qs, 26),
                               column(u"電話番号"_qs, 15), column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
     columns[Tick].kind = GridColumn::Check;
     columns[Tick].editable = true;
@@ -45,10 +45,10 @@ QList<GridColumn> customerColumns() {
 }
 
 QList<GridColumn> estimateColumns() {
-    QList<GridColumn> columns{column(u"見積ID"_qs, 11),   column(u"顧客番号"_qs, 11),   column(u"氏名"_qs, 18),
-                              column(u"見積番号"_qs, 11), column(u"採型日"_qs, 9),      column(u"納品日"_qs, 9),
+    QList<GridColumn> columns{column(u"見積ID"_qs, 11),     column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 18),
+                              column(u"見積番号"_qs, 11),   column(u"採型日"_qs, 9),    column(u"納品日"_qs, 9),
                               column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 30), column(u"金額"_qs, 11),
-                              column(u"受注先"_qs, 20),   column(u"作業状況"_qs, 9)};
+                              column(u"受注先"_qs, 20),     column(u"作業状況"_qs, 9)};
     columns[Sum].kind = GridColumn::Number;
     for (const int date : {PickPtn, DelvFin}) columns[date].alignment = Qt::AlignHCenter;
     return columns;
@@ -89,21 +89,20 @@ QHash<QString, QStringList> fetchCustomers(const QStringList& keys) {
     for (const clsCustomer& customer : gCustomerManager.customersOf(keys))
         rows.insert(clsCustomerManager::listKey(customer),
                     {u"0"_qs, customer.CustId, customer.CustSubId, customer.CustNo,
-                     JoinWithSpace(customer.CustNm1, customer.CustNm2), JoinWithSpace(customer.CustKn1, customer.CustKn2),
-                     customer.Tel, customer.Pref, customer.City});
+                     JoinWithSpace(customer.CustNm1, customer.CustNm2),
+                     JoinWithSpace(customer.CustKn1, customer.CustKn2), customer.Tel, customer.Pref, customer.City});
     return rows;
 }
 
 QHash<QString, QStringList> fetchEstimates(const QStringList& keys) {
     QHash<QString, QStringList> rows;
-    gCsEstimateManager.ForEachOf(
-        keys, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-            rows.insert(estimate.EstId,
-                        {estimate.EstId, customer.CustNo, JoinWithSpace(customer.CustNm1, customer.CustNm2),
-                         estimate.EstNo, shortDate(estimate.PickPtnDate), shortDate(estimate.DelvFinDate),
-                         estimate.ProductCd, estimate.EstNm, formatThousands(estimate.EstSum), chart.OrderNm,
-                         estimate.ProcKbnNo});
-        });
+    gCsEstimateManager.ForEachOf(keys, [&](const clsCsEstimate& estimate, const clsCustomer& customer,
+                                           const clsChart& chart) {
+        rows.insert(estimate.EstId,
+                    {estimate.EstId, customer.CustNo, JoinWithSpace(customer.CustNm1, customer.CustNm2), estimate.EstNo,
+                     shortDate(estimate.PickPtnDate), shortDate(estimate.DelvFinDate), estimate.ProductCd,
+                     estimate.EstNm, formatThousands(estimate.EstSum), chart.OrderNm, estimate.ProcKbnNo});
+    });
     return rows;
 }
 
@@ -136,8 +135,8 @@ frmCsEstimateList::~frmCsEstimateList() { --s_open; }
 
 // --- as a chooser ---
 
-std::optional<frmCsEstimateList::Choice> frmCsEstimateList::open(
-    QWidget* parent, const std::function<void(frmCsEstimateList&)>& prepare) {
+std::optional<frmCsEstimateList::Choice>
+frmCsEstimateList::open(QWidget* parent, const std::function<void(frmCsEstimateList&)>& prepare) {
     std::optional<Choice> choice;
     openScreen<frmCsEstimateList>(parent, prepare, [&](const frmCsEstimateList& list) {
         if (!list.Cancel) choice = Choice{list.EstId, list.EditMode};
@@ -183,7 +182,8 @@ void frmCsEstimateList::connectSearch() {
 }
 
 void frmCsEstimateList::connectLists() {
-    connect(ui->tabEstList, &QTabWidget::currentChanged, this, [this](int page) { guarded([&] { pageTurned(page); }); });
+    connect(ui->tabEstList, &QTabWidget::currentChanged, this,
+            [this](int page) { guarded([&] { pageTurned(page); }); });
     connect(m_customers, &KeyedList::shown, this, &frmCsEstimateList::customersShown);
     connect(ui->flxCustList, &Grid::cellEdited, this, [this](int row) { noteTick(row); });
     connect(ui->flxCustList, &Grid::rowOpened, this, [this](int row) { guarded([&] { openCustomer(row); }); });
@@ -198,7 +198,8 @@ void frmCsEstimateList::connectCommands() {
     onClick(ui->cmdClose, [this] { close(); });
     onClick(ui->cmdCsv, [this] { writeCsv(); });
     const QList<QPushButton*> members{ui->cmdPrint_0, ui->cmdPrint_1, ui->cmdPrint_2, ui->cmdPrint_3};
-    for (int member = 0; member < members.size(); ++member) onClick(members.at(member), [this, member] { print(member); });
+    for (int member = 0; member < members.size(); ++member)
+        onClick(members.at(member), [this, member] { print(member); });
 }
 
 void frmCsEstimateList::load() {
@@ -240,8 +241,10 @@ void frmCsEstimateList::showCustomers() {
 void frmCsEstimateList::customersShown() { m_ticked.clear(); }
 
 void frmCsEstimateList::noteTick(int row) {
-    if (ui->flxCustList->isChecked(row, Tick)) m_ticked.insert(row);
-    else m_ticked.remove(row);
+    if (ui->flxCustList->isChecked(row, Tick))
+        m_ticked.insert(row);
+    else
+        m_ticked.remove(row);
 }
 
 // Opening a person is ticking that person alone, unless others are ticked.
@@ -397,6 +400,8 @@ void frmCsEstimateList::print(int member) {
     }
     Report report(u"repCsEstList"_qs);
     report.Recordset(records);
-    if (toPrinter) report.PrintReport(false);
-    else report.Show(1);
+    if (toPrinter)
+        report.PrintReport(false);
+    else
+        report.Show(1);
 }

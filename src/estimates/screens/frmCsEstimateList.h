@@ -86,7 +86,7 @@ private:
     QSet<int> m_ticked;         // rows of flxCustList
     QString m_customersAskedBy; // the condition that they answer
 
-    QString m_exclusions;       // 法別 names that the list without them leaves out
+    QString m_exclusions; // 法別 names that the list without them leaves out
     bool m_busy = false;
 
     static int s_open;

@@ -11,6 +11,8 @@
 namespace {
 
 QList<ReportPage> longestPages(const QString& report, int prtType) {
+    if (reportClass(report).isList)
+        return listPages(loadReportLayout(report), ReportSamples::longestList(), measurePaperText);
     return documentPages(reportClass(report), loadReportLayout(report), ReportSamples::longest(), prtType,
                          ReportSamples::longestSetup(), measurePaperText);
 }
@@ -35,6 +37,7 @@ class ReportLayoutsTest : public QObject {
         for (const ReportClass& report : reportClasses())
             for (const int prtType : {1, 2})
                 QTest::addRow("%s %d", qPrintable(report.name), prtType) << report.name << prtType;
+        for (const ReportClass& list : listClasses()) QTest::addRow("%s", qPrintable(list.name)) << list.name << 0;
     }
 
 private slots:

@@ -1,0 +1,184 @@
+#include "HalvaneTest.h"
+#include "support/MessageQueue.h"
+#include "support/TestDatabase.h"
+
+#include "base/AppError.h"
+#include "base/basMessage.h"
+#include "customers/CustomerSave.h"
+#include "reference/ReferenceManagers.h"
+
+class CustomerSaveTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestDatabase> m_database;
+
+    Connection& connection() { return m_database->connection(); }
+    QString scalar(const QString& sql) { return connection().scalar(sql); }
+    QString count(const QString& table) { return scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table)); }
+
+    static CustomerChart chart(const QString& code, const QString& orderCd = {}, const QString& orderNm = {}) {
+        CustomerChart row;
+        row.chart.ChartCd = code;
+        row.chart.OrderNm = orderNm;
+        row.orderCd = orderCd;
+        return row;
+    }
+
+    static CustomerDraft newPerson() {
+        CustomerDraft draft;
+        draft.customer.CustNo = automaticNumber;
+        draft.customer.CustNm1 = u"見本"_qs;
+        draft.customer.CustNm2 = u"花子"_qs;
+        draft.customer.Birth = u"1960/04/01"_qs;
+        draft.customer.Pref = u"愛知県"_qs;
+        draft.customer.City = u"弥富市"_qs;
+        draft.customer.Tel = u"1"_qs;
+        draft.laws = QStringList{u"1"_qs, u"11"_qs};
+        draft.charts = {chart(u"K-1"_qs), chart(u"K-2"_qs)};
+        return draft;
+    }
+
+    CustomerDraft stored() {
+        CustomerDraft draft = newPerson();
+        if (saveCustomer(connection(), draft) != CustomerSaveResult::Added) throw AppError(u"not saved"_qs);
+        return draft;
+    }
+
+private slots:
+    void init() {
+        m_database = std::make_unique<TestDatabase>();
+        m_database->prepareManagers();
+    }
+    void cleanup() { m_database.reset(); }
+
+    void newPersonIsTheFirstBranch() {
+        const CustomerDraft draft = stored();
+        QCOMPARE(draft.customer.CustSubId, u"1"_qs);
+        QVERIFY(!draft.customer.CustId.isEmpty());
+        QVERIFY(draft.customer.CustNo != automaticNumber);
+        QCOMPARE(draft.charts.at(1).chart.ChartNo, u"2"_qs);
+        QCOMPARE(count(u"顧客保険"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [都道府県] WHERE [都道府県] = '愛知県' AND [市区郡] = '弥富市'"_qs), u"1"_qs);
+    }
+
+    void whatWasSavedIsReadBack() {
+        const CustomerDraft draft = stored();
+        CustomerDraft read;
+        QVERIFY(loadCustomer(draft.customer.CustId, u"1"_qs, read));
+        QCOMPARE(read.customer.CustNm2, u"花子"_qs);
+        QCOMPARE(read.laws, draft.laws);
+        QCOMPARE(read.charts.size(), 2);
+        QCOMPARE(read.charts.first().chart.ChartCd, u"K-1"_qs);
+        QVERIFY(!loadCustomer(draft.customer.CustId, u"2"_qs, read));
+    }
+
+    void anotherTelephoneIsTheSamePerson() {
+        const CustomerDraft first = stored();
+        CustomerDraft again = newPerson();
+        again.customer.Tel = u"2"_qs;
+        MessageQueue messages({AnswerYes});
+        QCOMPARE(saveCustomer(connection(), again), CustomerSaveResult::Added);
+        QCOMPARE(again.customer.CustId, first.customer.CustId);
+        QCOMPARE(again.customer.CustSubId, u"2"_qs);
+        QCOMPARE(again.customer.CustNo, first.customer.CustNo);
+    }
+
+    void cancelledQuestionWritesNothingAndDrawsNothing() {
+        stored();
+        const QString numbers = scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '顧客ID'"_qs);
+        CustomerDraft again = newPerson();
+        MessageQueue messages({AnswerCancel});
+        QCOMPARE(saveCustomer(connection(), again), CustomerSaveResult::Refused);
+        QCOMPARE(again.customer.CustId, QString());
+        QCOMPARE(again.customer.CustNo, automaticNumber);
+        QCOMPARE(count(u"顧客情報"_qs), u"1"_qs);
+        QCOMPARE(scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '顧客ID'"_qs), numbers);
+        QCOMPARE(connection().transactionDepth(), 0);
+    }
+
+    void numberTypedByHandIsSkipped() {
+        CustomerDraft first = stored();
+        const qint64 next = first.customer.CustNo.toLongLong() + 1;
+        CustomerDraft byHand = newPerson();
+        byHand.customer.CustNm1 = u"手入力"_qs;
+        byHand.customer.CustNo = QString::number(next);
+        QCOMPARE(saveCustomer(connection(), byHand), CustomerSaveResult::Added);
+        CustomerDraft third = newPerson();
+        third.customer.CustNm1 = u"次"_qs;
+        QCOMPARE(saveCustomer(connection(), third), CustomerSaveResult::Added);
+        QCOMPARE(third.customer.CustNo, QString::number(next + 1));
+    }
+
+    void newBranchTakesChartsAndLawsAlong() {
+        CustomerDraft draft = stored();
+        draft.customer.Addr1 = u"移転先"_qs;
+        QCOMPARE(saveCustomer(connection(), draft, CustomerSaveAs::NewBranch), CustomerSaveResult::Added);
+        QCOMPARE(draft.customer.CustSubId, u"2"_qs);
+        for (const QString& table : {u"顧客カルテ"_qs, u"顧客保険"_qs})
+            for (const QString& branch : {u"1"_qs, u"2"_qs})
+                QCOMPARE(scalar(u"SELECT COUNT(*) FROM [%1] WHERE [顧客枝番] = %2"_qs.arg(table, branch)), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT [住所1] FROM [顧客情報] WHERE [顧客枝番] = 1"_qs), QString());
+    }
+
+    void lawsThatAreMissingGo() {
+        CustomerDraft draft = stored();
+        draft.laws = QStringList{u"11"_qs};
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(count(u"顧客保険"_qs), u"1"_qs);
+        QCOMPARE(scalar(u"SELECT [法別No] FROM [顧客保険] WHERE [項番] = 1"_qs), u"11"_qs);
+    }
+
+    void newChartNeverTakesTheNumberOfOneThatGoes() {
+        CustomerDraft draft = stored();
+        draft.charts.removeLast();
+        draft.charts << chart(u"K-3"_qs);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(scalar(u"SELECT [カルテNo] FROM [顧客カルテ] WHERE [カルテ番号] = 'K-3'"_qs), u"3"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ] WHERE [カルテ番号] = 'K-2'"_qs), u"0"_qs);
+        QCOMPARE(scalar(u"SELECT [カルテNo] FROM [顧客カルテ] WHERE [カルテ番号] = 'K-1'"_qs), u"1"_qs);
+    }
+
+    void refusedNameOfAPartyWritesNothing() {
+        clsOrder order;
+        order.OrderCd = u"A01"_qs;
+        order.OrderNm = u"中央病院"_qs;
+        order.UseFlg = u"0"_qs;
+        gOrderManager.SaveData(order);
+        CustomerDraft draft = newPerson();
+        draft.charts = {chart(u"K-1"_qs, u"B02"_qs, u"新病院"_qs), chart(u"K-2"_qs, u"A01"_qs, u"別の病院"_qs)};
+        MessageQueue messages({AnswerCancel});
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Refused);
+        for (const QString& table : {u"顧客情報"_qs, u"顧客カルテ"_qs, u"顧客保険"_qs}) QCOMPARE(count(table), u"0"_qs);
+        QCOMPARE(count(u"受注先"_qs), u"1"_qs);
+    }
+
+    void failureRollsEverythingBack() {
+        CustomerDraft draft = newPerson();
+        draft.laws << u"no number"_qs;
+        QVERIFY_EXCEPTION_THROWN(saveCustomer(connection(), draft), AppError);
+        QCOMPARE(count(u"顧客情報"_qs), u"0"_qs);
+        QCOMPARE(connection().transactionDepth(), 0);
+    }
+
+    void deletingABranchLeavesWhatHangsOnIt() {
+        CustomerDraft draft = stored();
+        connection().execute(u"INSERT INTO [顧客見積情報] ([見積ID], [顧客ID], [顧客枝番]) VALUES ('1', '%1', 1)"_qs.arg(
+            draft.customer.CustId));
+        deleteCustomer(connection(), draft.customer);
+        QCOMPARE(count(u"顧客情報"_qs), u"0"_qs);
+        QCOMPARE(count(u"顧客カルテ"_qs), u"2"_qs);
+        QCOMPARE(count(u"顧客保険"_qs), u"2"_qs);
+        QCOMPARE(count(u"顧客見積情報"_qs), u"1"_qs);
+    }
+
+    void characterOfTwoUnitsCountsOnce() {
+        CustomerDraft draft = newPerson();
+        draft.customer.CustNm1 = QString(u"𠮷"_qs).repeated(20);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Added);
+        QCOMPARE(scalar(u"SELECT [名前1] FROM [顧客情報]"_qs), QString(u"𠮷"_qs).repeated(15));
+    }
+};
+
+HALVANE_TEST(CustomerSaveTest)
+#include "CustomerSaveTest.moc"

@@ -1,0 +1,44 @@
+#include "HalvaneTest.h"
+
+#include "estimates/EstimateCsv.h"
+
+class EstimateCsvTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fieldsFollowTheColumns() {
+        clsCsEstimate estimate;
+        estimate.EstNo = u"2024000001"_qs;
+        estimate.EstNm = u"短下肢装具"_qs;
+        estimate.EstSum = u"70299"_qs;
+        clsCustomer customer;
+        customer.CustNm1 = u"青木"_qs;
+        customer.Birth = u"1948/02/11"_qs;
+        const QStringList fields = EstimateCsv::fields(estimate, customer);
+        const auto field = [&](const QString& column) { return fields.at(EstimateCsv::columns().indexOf(column)); };
+        QCOMPARE(fields.size(), 16);
+        QCOMPARE(field(u"見積番号"_qs), estimate.EstNo);
+        QCOMPARE(field(u"名前1"_qs), u"青木"_qs);
+        QCOMPARE(field(u"生年月日"_qs), u"1948/02/11"_qs);
+        QCOMPARE(field(u"金額"_qs), u"70299"_qs);
+    }
+
+    void lackingCharactersAreToldByRowAndField() {
+        QStringList fields(16);
+        fields[3] = u"𠮷田"_qs;
+        fields[10] = u"①髙🙂"_qs;
+        const auto found = EstimateCsv::lacking(12, fields);
+        QCOMPARE(EstimateCsv::told(found), u"12行目 名前1：𠮷\n12行目 住所1：🙂"_qs);
+    }
+
+    void manyAreCounted() {
+        QList<EstimateCsv::Lacking> found;
+        for (int row = 1; row <= 1300; ++row) found << EstimateCsv::Lacking{row, u"名前1"_qs, u"𠮷"_qs};
+        const QString told = EstimateCsv::told(found);
+        QCOMPARE(told.count(u'\n'), 15);
+        QVERIFY(told.endsWith(u"ほか 1,285か所"_qs));
+    }
+};
+
+HALVANE_TEST(EstimateCsvTest)
+#include "EstimateCsvTest.moc"

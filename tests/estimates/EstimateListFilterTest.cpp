@@ -1,0 +1,133 @@
+#include "HalvaneTest.h"
+#include "support/TestDatabase.h"
+
+#include "estimates/EstimateListFilter.h"
+#include "estimates/EstimateManagers.h"
+
+class EstimateListFilterTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestDatabase> m_database;
+
+    qint64 found(const EstimateListFilter& filter) { return gCsEstimateManager.CountWithMst(filter.condition()); }
+
+private slots:
+    void initTestCase() {
+        m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Sample);
+        m_database->prepareManagers();
+    }
+    void cleanupTestCase() { m_database.reset(); }
+
+    void nothingAskedGivesNoCondition() {
+        QCOMPARE(EstimateListFilter().condition(), QString());
+        QCOMPARE(found({}), m_database->connection().scalar(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs).toLongLong());
+    }
+
+    void eachTextHasItsTerm_data() {
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<EstimateListFilter>("filter");
+        const auto row = [](QString EstimateListFilter::*member, const QString& told) {
+            EstimateListFilter filter;
+            filter.*member = u"甲"_qs;
+            QTest::addRow("%s", qPrintable(told)) << told << filter;
+        };
+        row(&EstimateListFilter::CsNo, u" [顧客情報].[顧客番号] LIKE '甲%'"_qs);
+        row(&EstimateListFilter::Name1, u" [顧客情報].[名前1] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Name2, u" [顧客情報].[名前2] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Kana1, u" [顧客情報].[フリガナ1] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Kana2, u" [顧客情報].[フリガナ2] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Zip, u" [顧客情報].[郵便番号] LIKE '甲%'"_qs);
+        row(&EstimateListFilter::Pref, u" [顧客情報].[都道府県] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::City, u" [顧客情報].[市区郡] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Addr, u" [顧客情報].[住所1] & [顧客情報].[住所2] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::TelNo, u" [顧客情報].[電話] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::EstNo, u" [顧客見積情報].[見積番号] LIKE '甲%'"_qs);
+        row(&EstimateListFilter::ProductCd, u" [顧客見積情報].[製品コード] LIKE '甲%'"_qs);
+        row(&EstimateListFilter::ProductNm, u" [顧客見積情報].[見積名称] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Producer, u" [顧客見積情報].[製作担当者] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::DiseaseNm, u" [顧客カルテ].[病名原因] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::OrderCd, u" [受注先].[受注先コード] LIKE '甲%'"_qs);
+        row(&EstimateListFilter::OrderNm, u" [顧客カルテ].[受注先] LIKE '%甲%'"_qs);
+        row(&EstimateListFilter::Doctor, u" [顧客カルテ].[主治医] LIKE '%甲%'"_qs);
+    }
+    void eachTextHasItsTerm() {
+        QFETCH(QString, told);
+        QFETCH(EstimateListFilter, filter);
+        QCOMPARE(filter.condition(), told);
+        QCOMPARE(found(filter), 0);
+    }
+
+    void datesBoundBothWays() {
+        EstimateListFilter filter;
+        filter.Birth = u"1948/02/11"_qs;
+        filter.RecvDate = {u"2024/04/01"_qs, {}};
+        filter.LifeEnd = {{}, u"2030/03/31"_qs};
+        QCOMPARE(filter.condition(),
+                 u" [顧客情報].[生年月日] = #1948/02/11# AND  [顧客見積情報].[受付日] >= #2024/04/01#"
+                 u" AND  [顧客見積情報].[耐用完了日] <= #2030/03/31#"_qs);
+        QVERIFY(found(filter) > 0);
+    }
+
+    void statusesStandTogether() {
+        EstimateListFilter filter;
+        filter.ProcKbn = QStringList{u"1"_qs, u"99"_qs};
+        QCOMPARE(filter.condition(), u" [顧客見積情報].[処理区分] IN (1,99)"_qs);
+        const qint64 these = found(filter);
+        QVERIFY(these > 0);
+        QVERIFY(these < found({}));
+    }
+
+    // One claim line must answer all that is asked of claims.
+    void claimsAreOneTerm() {
+        EstimateListFilter filter;
+        filter.InsNo = u"3"_qs;
+        filter.ClaimNm = u"後期高齢"_qs;
+        QCOMPARE(
+            filter.condition(),
+            u" [顧客見積情報].[見積ID] IN  (SELECT [顧客見積請求].[見積ID] FROM ([顧客見積請求] LEFT JOIN [請求先] ON"
+            u" ([顧客見積請求].[請求先No] = [請求先].[請求先No])) WHERE  [顧客見積請求].[法別No] = 3 AND "
+            u" [顧客見積請求].[請求先] LIKE '%後期高齢%')"_qs);
+        QVERIFY(found(filter) > 0);
+        filter.InsNo = u"99"_qs;
+        QCOMPARE(found(filter), 0);
+    }
+
+    void signsStandForThemselves_data() {
+        QTest::addColumn<QString>("sign");
+        for (const char* sign : {"%", "_", "[", "]", "'", "-", "\\", "*"})
+            QTest::addRow("%s", sign) << QString::fromUtf8(sign);
+    }
+    void signsStandForThemselves() {
+        QFETCH(QString, sign);
+        EstimateListFilter filter;
+        filter.ProductNm = sign;
+        QCOMPARE(found(filter), 0);
+        const QString rename = u"UPDATE [顧客見積情報] SET [見積名称] = '%1' WHERE [見積ID] = '0000000001'"_qs;
+        m_database->connection().execute(rename.arg(u"前"_qs + QString(sign).replace(u'\'', u"''"_qs) + u"後"_qs));
+        QCOMPARE(found(filter), 1);
+        m_database->connection().execute(rename.arg(u"元"_qs));
+    }
+
+    void tickedCustomersNarrowTheCondition() {
+        QCOMPARE(withCustomers(u"x"_qs, {}), u"x"_qs);
+        const QList<CustomerKey> two{{u"00000001"_qs, u"1"_qs}, {u"00000002"_qs, u"1"_qs}};
+        const QString narrowed = u"(([顧客情報].[顧客ID] = '00000001' AND [顧客情報].[顧客枝番] = 1) OR "
+                                 u"([顧客情報].[顧客ID] = '00000002' AND [顧客情報].[顧客枝番] = 1))"_qs;
+        QCOMPARE(withCustomers({}, two), narrowed);
+        QCOMPARE(withCustomers(u"x"_qs, two), u"x AND "_qs + narrowed);
+        QVERIFY(gCsEstimateManager.CountWithMst(withCustomers({}, two)) > 5);
+    }
+
+    void aCustomerThatIsGoneLeavesTheEstimate() {
+        m_database->connection().execute(u"DELETE FROM [顧客情報] WHERE [顧客ID] = '00000033'"_qs);
+        QList<clsCsEstimate> estimates;
+        QList<clsCustomer> customers;
+        QList<clsChart> charts;
+        gCsEstimateManager.GetListWithMst(estimates, customers, charts, {}, u"[顧客見積情報].[見積ID]"_qs);
+        QCOMPARE(estimates.size(), gCsEstimateManager.CountWithMst({}));
+        QCOMPARE(gCsEstimateManager.IdsWithMst({}, u"[顧客見積情報].[見積ID]"_qs).size(), estimates.size());
+    }
+};
+
+HALVANE_TEST(EstimateListFilterTest)
+#include "EstimateListFilterTest.moc"
