@@ -161,6 +161,9 @@ ReportRecordset longestList() {
     for (int row = 0; row < moreThanOnePage; ++row) {
         records.AddNew();
         for (const ReportField& field : fields) records.Set(field.name, largest(field));
+        records.Set(u"PickPtnDate"_qs, u"令和２８年１２月２８日"_qs);
+        records.Set(u"DelvFinDate"_qs, u"令和２８年１２月２８日"_qs);
+        records.Set(u"Ins"_qs, u"社会,国民,後期,身体"_qs); // as many claims as a paper shows
     }
     return records;
 }
