@@ -164,9 +164,27 @@ QString SqlTranslator::takeName() {
 
 // --- statements ---
 
-QString SqlTranslator::selectStatement() {
-    if (accept(u"DISTINCTROW")) return u" DISTINCT"_qs + clauses();
-    return clauses();
+QString SqlTranslator::selectStatement(Kind* firstKind) {
+    SelectList list;
+    SelectList* const outer = std::exchange(m_list, &list);
+    const QString distinct = accept(u"DISTINCTROW") ? u" DISTINCT"_qs : QString();
+    const QString text = distinct + clauses();
+    endSelectList(at());
+    m_list = outer;
+    if (firstKind) *firstKind = list.first.value(0, Kind::Unknown);
+    return text;
+}
+
+// One engine would put values of two kinds below each other, the other one would convert or refuse them.
+void SqlTranslator::endSelectList(const SqlToken& at) {
+    if (m_list->first.isEmpty()) m_list->first = m_list->kinds;
+    const qsizetype columns = qMin(m_list->first.size(), m_list->kinds.size());
+    for (qsizetype i = 0; i < columns; ++i) {
+        const Kind above = m_list->first.at(i), below = m_list->kinds.at(i);
+        if (above != below && above != Kind::Unknown && below != Kind::Unknown) raiseMismatch(at);
+    }
+    m_list->kinds.clear();
+    m_list->open = true;
 }
 
 QString SqlTranslator::insertStatement() {
@@ -302,13 +320,7 @@ QString SqlTranslator::expressionUntilComma() {
 // One keyword, sign or value of a clause, with what belongs to it.
 QString SqlTranslator::word() {
     const SqlToken token = at();
-    if (startsOperand(token)) {
-        Operand left = operand();
-        if (m_firstKind) *std::exchange(m_firstKind, nullptr) = left.kind;
-        const QString behind = comparison(left);
-        refuseValue();
-        return left.text + behind;
-    }
+    if (startsOperand(token)) return valueWord();
     if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isArithmetic(token))) {
         take();
         return token.text;
@@ -319,7 +331,19 @@ QString SqlTranslator::word() {
         token.is(u"DISTINCTROW"))
         raiseSqlError(u"この語はここでは使えません。"_qs, token);
     if (token.is(u"AS")) return u"AS "_qs + takeName();
+    if (m_list && token.is(u"FROM")) m_list->open = false;
+    if (m_list && token.is(u"UNION")) endSelectList(token);
     return token.text.toUpper();
+}
+
+QString SqlTranslator::valueWord() {
+    Operand left = operand();
+    const QString behind = comparison(left);
+    refuseValue();
+    if (!m_list || !m_list->open) return left.text + behind;
+    m_list->kinds << (behind.isEmpty() ? left.kind : Kind::Truth);
+    const bool isText = left.literal && left.kind == Kind::Text && behind.isEmpty();
+    return isText ? m_dialect.caseBlind(left.text) : left.text + behind;
 }
 
 // A value right behind a value would be taken as its new name, under which its column is not known any more.
@@ -500,15 +524,13 @@ SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
 // A select, a join, a condition, or a value, whose kind it keeps.
 SqlTranslator::Operand SqlTranslator::bracket() {
     expectSymbol(u"(");
-    Kind first = Kind::Unknown;
-    Kind* const outer = std::exchange(m_firstKind, nullptr);
     if (accept(u"SELECT")) {
-        m_firstKind = &first;
-        const QString inside = u"SELECT"_qs + selectStatement();
-        m_firstKind = outer;
+        Kind first = Kind::Unknown;
+        const QString inside = u"SELECT"_qs + selectStatement(&first);
         expectSymbol(u")");
         return {u'(' + inside + u')', first, {}, true};
     }
+    SelectList* const outer = std::exchange(m_list, nullptr);
     QStringList words;
     Operand only;
     bool isCondition = false, isJoin = false;
@@ -526,7 +548,7 @@ SqlTranslator::Operand SqlTranslator::bracket() {
         isJoin = isJoin || token.is(u"JOIN");
         words << word();
     }
-    m_firstKind = outer;
+    m_list = outer;
     if (words.isEmpty()) raiseSqlError(u"かっこの中が空です。"_qs, at());
     expectSymbol(u")");
     const QString text = u'(' + words.join(u' ') + u')';
@@ -556,7 +578,9 @@ SqlTranslator::Operand SqlTranslator::function() {
 
 SqlTranslator::Operand SqlTranslator::choice() {
     QStringList condition;
+    SelectList* const outer = std::exchange(m_list, nullptr);
     while (!at().isSymbol(u",") && !at().isSymbol(u")") && at().kind != SqlToken::End) condition << word();
+    m_list = outer;
     if (condition.isEmpty()) raiseSqlError(u"条件がありません。"_qs, at());
     expectSymbol(u",");
     Operand yes = operand();

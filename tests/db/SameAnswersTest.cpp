@@ -150,6 +150,16 @@ private slots:
         QCOMPARE(answer(m_database->connection(), statement), expected);
     }
 
+    // Which of two spellings stays is the engine's affair.
+    void unionsKeepOneSpellingOfAText() {
+        const QStringList statements{
+            u"SELECT 'ABC' FROM [装具] UNION SELECT [装具] FROM [装具] WHERE [装具No] = 1"_qs,
+            u"SELECT DISTINCTROW 'ABC' FROM [装具] UNION SELECT [装具] FROM [装具] WHERE [装具No] = 1"_qs,
+            u"SELECT IIF([装具No] = 1, 'abc', 'ABC') FROM [装具] UNION SELECT 'Abc' FROM [装具]"_qs};
+        for (const QString& statement : statements)
+            QCOMPARE(answer(m_database->connection(), statement).toLower(), u"abc"_qs);
+    }
+
     void databaseOfTheOtherLettersIsRefused() {
         if (!TestDatabase::isPostgres()) {
             QCOMPARE(m_database->connection().engineScalar(u"PRAGMA journal_mode"_qs), u"delete"_qs);
