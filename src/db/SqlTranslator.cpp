@@ -43,6 +43,8 @@ bool isArithmetic(const SqlToken& token) {
     return token.isSymbol(u"+") || token.isSymbol(u"-") || token.isSymbol(u"*");
 }
 
+bool isSign(const SqlToken& token) { return token.isSymbol(u"+") || token.isSymbol(u"-"); }
+
 bool startsOperand(const SqlToken& token) {
     switch (token.kind) {
     case SqlToken::Name:
@@ -53,7 +55,7 @@ bool startsOperand(const SqlToken& token) {
     case SqlToken::Word:
         return !isKeyword(token);
     case SqlToken::Symbol:
-        return token.text == u"(";
+        return token.text == u"(" || isSign(token);
     case SqlToken::End:
         return false;
     }
@@ -311,7 +313,7 @@ QString SqlTranslator::sortTerms() {
 
 QString SqlTranslator::expressionUntilComma() {
     const SqlToken start = at();
-    if (start.kind == SqlToken::Number || start.kind == SqlToken::String)
+    if (start.kind == SqlToken::Number || start.kind == SqlToken::String || isSign(start))
         raiseSqlError(u"並べ替えに使えない値です。"_qs, start);
     if (!startsOperand(start)) raiseSqlError(u"値がありません。"_qs, start);
     return operand().text;
@@ -491,10 +493,19 @@ SqlTranslator::Operand SqlTranslator::joined(Kind expected) {
     return {m_dialect.caseBlind(u'(' + parts.join(u" || "_qs) + u')'), Kind::Text, {}, false};
 }
 
+SqlTranslator::Operand SqlTranslator::signedValue() {
+    const SqlToken sign = take();
+    const SqlToken next = at();
+    if (isSign(next)) raiseSqlError(u"値がありません。"_qs, next);
+    Operand value = primary(Kind::Number);
+    requireNumber(value, next);
+    return {u"(%1 %2)"_qs.arg(sign.text, value.text), Kind::Number, {}, false};
+}
+
 SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
-    const bool negative = at().isSymbol(u"-") && at(1).kind == SqlToken::Number;
-    const bool positive = at().isSymbol(u"+") && at(1).kind == SqlToken::Number;
-    if (negative || positive) take();
+    if (isSign(at()) && at(1).kind != SqlToken::Number) return signedValue();
+    const bool negative = at().isSymbol(u"-");
+    if (isSign(at())) take();
     const SqlToken token = at();
     switch (token.kind) {
     case SqlToken::String:

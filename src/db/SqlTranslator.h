@@ -81,6 +81,7 @@ private:
     Operand operand(Kind expected = Kind::Unknown);
     Operand joined(Kind expected);
     Operand primary(Kind expected);
+    Operand signedValue();
     Operand function();
     Operand choice();
     Operand aggregate(const SqlToken& called);
