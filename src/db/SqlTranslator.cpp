@@ -425,6 +425,7 @@ QString SqlTranslator::between(Operand& left) {
     expect(u"AND");
     Operand high = operand(expected);
     match(left, high, start);
+    match(left, low, start); // the upper end may have changed the kind
     left.text = comparable(left);
     return comparable(low) + u" AND "_qs + comparable(high);
 }
