@@ -28,10 +28,24 @@ template <class Line> struct ElementRules {
     bool (*mayEdit)(const Cells&, int, const LineContext&);
     CellChoices (*choices)(const Cells&, int, const LineContext&);
     void (*edited)(Cells&, int, const QString&, const LineContext&);
-    Cells (*cellsOf)(const Line&);
+    int cellCount;
+    QList<std::pair<int, QString Line::*>> columns; // from the first text to the price
+
+    int priceColumn() const { return columns.last().first; }
+
+    Cells cellsOf(const Line& line) const {
+        Cells cells(cellCount);
+        for (const auto& [column, member] : columns) cells[column] = line.*member;
+        return cells;
+    }
+
     // The line of a row; a row without its first text or without a price is none.
-    std::optional<Line> (*lineOf)(const Cells&);
-    int priceColumn;
+    std::optional<Line> lineOf(const Cells& cells) const {
+        if (cells.at(columns.first().first).isEmpty() || cells.at(priceColumn()).isEmpty()) return std::nullopt;
+        Line line;
+        for (const auto& [column, member] : columns) line.*member = cells.at(column);
+        return line;
+    }
 };
 
 const ElementRules<clsCsMakeElmt>& makeRules();
@@ -116,7 +130,7 @@ private:
     void showSum() {
         Money sum;
         for (int row = 1; row <= m_grid->rows(); ++row)
-            sum += Money::leadingNumber(m_grid->value(row, m_rules.priceColumn));
+            sum += Money::leadingNumber(m_grid->value(row, m_rules.priceColumn()));
         m_sum->setText(formatThousands(sum.toYen()));
     }
 
