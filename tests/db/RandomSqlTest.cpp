@@ -322,6 +322,7 @@ private slots:
                      qUtf8Printable(inFile->join(u' ')), qUtf8Printable(onServer->join(u' ')));
             if (++differences == 20) break;
         }
+        if (seconds > 0) qInfo("seed %u: %d statements meant the same on both engines", seed, accepted);
         QCOMPARE(differences, 0);
         QVERIFY2(accepted > 1000, qPrintable(QString::number(accepted)));
     }
