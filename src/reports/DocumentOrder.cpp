@@ -1,5 +1,7 @@
 #include "reports/DocumentOrder.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isTicked(const PrintGridRow& row, DocumentKind kind) { return row.ticked.at(static_cast<size_t>(kind) - 1); }
@@ -23,9 +25,40 @@ std::optional<DocumentOrder> missingAmount(const QList<PrintGridRow>& rows) {
     return std::nullopt;
 }
 
+bool hasTick(const PrintGridRow& row) {
+    return std::any_of(row.ticked.begin(), row.ticked.end(), [](bool ticked) { return ticked; });
+}
+
+// A paper for a row without its 法別 belongs to nobody, unless the order has no claim at all.
+std::optional<DocumentOrder> missingLaw(const QList<PrintGridRow>& rows) {
+    for (int row = 0; row < rows.size(); ++row)
+        if (hasTick(rows.at(row)) && !rows.at(row).hasLaw) return refused(u"法別を選択して下さい。"_qs, row);
+    return std::nullopt;
+}
+
+DocumentOrder tickedKinds(const QList<PrintGridRow>& rows) {
+    DocumentOrder order;
+    for (const PrintGridRow& row : rows)
+        for (size_t kind = 0; kind < order.claims.size(); ++kind)
+            if (row.ticked.at(kind)) order.claims.at(kind).append(row.askNo);
+    return order;
+}
+
+DocumentOrder withoutClaim(const QList<PrintGridRow>& rows) {
+    DocumentOrder order;
+    order.outcome = DocumentOrder::Outcome::WithoutClaim;
+    for (const PrintGridRow& row : rows) {
+        for (size_t kind = 0; kind < order.claims.size(); ++kind)
+            if (row.ticked.at(kind)) order.claims.at(kind) = {1};
+        if (isTicked(row, DocumentKind::Invoice) && order.askPrice == Money()) order.askPrice = row.askPrice;
+        if (isTicked(row, DocumentKind::Receipt) && order.payPrice == Money()) order.payPrice = row.payPrice;
+    }
+    return order;
+}
+
 DocumentOrder wholeEstimate() {
     DocumentOrder order;
-    order.outcome = DocumentOrder::Outcome::PrintWhole;
+    order.outcome = DocumentOrder::Outcome::WithoutClaim;
     order.claims.fill({1});
     return order;
 }
@@ -34,15 +67,12 @@ DocumentOrder wholeEstimate() {
 
 DocumentOrder orderDocuments(const QList<PrintGridRow>& rows) {
     if (const auto refusal = missingAmount(rows)) return *refusal;
-    DocumentOrder order;
-    bool any = false;
-    for (const PrintGridRow& row : rows)
-        for (size_t kind = 0; kind < order.claims.size(); ++kind)
-            if (row.ticked.at(kind)) {
-                order.claims.at(kind).append(row.askNo);
-                any = true;
-            }
-    if (any) return order;
-    const bool claimEntered = !rows.isEmpty() && rows.first().hasLaw;
-    return claimEntered ? refused(u"帳票を選択して下さい。"_qs) : wholeEstimate();
+    if (!std::any_of(rows.begin(), rows.end(), hasTick)) {
+        const bool claimEntered = !rows.isEmpty() && rows.first().hasLaw;
+        return claimEntered ? refused(u"帳票を選択して下さい。"_qs) : wholeEstimate();
+    }
+    const bool anyLaw = std::any_of(rows.begin(), rows.end(), [](const PrintGridRow& row) { return row.hasLaw; });
+    if (!anyLaw) return withoutClaim(rows);
+    if (const auto refusal = missingLaw(rows)) return *refusal;
+    return tickedKinds(rows);
 }

@@ -19,16 +19,19 @@ struct PrintGridRow {
 
 struct DocumentOrder {
     enum class Outcome {
-        Print,      // the kinds with their claims
-        PrintWhole, // no claim was entered: all five kinds for one claim of number 1 over the total, never saved
-        Refused     // `message` says why; `row` is where to go, -1 for none
+        Print,        // the kinds with their claims
+        WithoutClaim, // no claim was entered: the kinds for one claim of number 1 that is never saved
+        Refused       // `message` says why; `row` is where to go, -1 for none
     };
     Outcome outcome = Outcome::Print;
     std::array<QList<int>, 5> claims; // 請求No for each kind, in the order of the kinds
+    Money askPrice, payPrice;         // of the claim that was not entered; 0: the grand total
     QString message;
     int row = -1;
 
     const QList<int>& claimsOf(DocumentKind kind) const { return claims.at(static_cast<size_t>(kind) - 1); }
 };
 
+// Without a tick an order with a claim in its first row is refused, any other one printed as a whole: all five kinds for
+// one claim over the total.
 DocumentOrder orderDocuments(const QList<PrintGridRow>& rows);

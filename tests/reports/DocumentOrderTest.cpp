@@ -28,9 +28,41 @@ private slots:
         PrintGridRow empty;
         for (const QList<PrintGridRow>& rows : {QList<PrintGridRow>{}, QList<PrintGridRow>{empty}}) {
             const DocumentOrder order = orderDocuments(rows);
-            QCOMPARE(order.outcome, Outcome::PrintWhole);
+            QCOMPARE(order.outcome, Outcome::WithoutClaim);
             for (const QList<int>& claims : order.claims) QCOMPARE(claims, QList<int>{1});
+            QCOMPARE(order.askPrice, Money());
         }
+    }
+
+    void aFirstRowWithoutClaimPrintsTheWholeEvenWhenALaterOneHasOne() {
+        const DocumentOrder order = orderDocuments({PrintGridRow(), row(1, nothing, 500)});
+        QCOMPARE(order.outcome, Outcome::WithoutClaim);
+        for (const QList<int>& claims : order.claims) QCOMPARE(claims, QList<int>{1});
+        QCOMPARE(order.askPrice, Money());
+    }
+
+    void ticksWithoutAnyClaimPrintTheirKindsAlone() {
+        PrintGridRow second;
+        second.ticked = {true, false, false, true, false};
+        second.askPrice = Money::yen(700);
+        const DocumentOrder order = orderDocuments({PrintGridRow(), second});
+        QCOMPARE(order.outcome, Outcome::WithoutClaim);
+        QCOMPARE(order.claimsOf(DocumentKind::Estimate), QList<int>{1});
+        QCOMPARE(order.claimsOf(DocumentKind::Breakdown), QList<int>());
+        QCOMPARE(order.claimsOf(DocumentKind::Invoice), QList<int>{1});
+        QCOMPARE(order.askPrice, Money::yen(700));
+        QCOMPARE(order.payPrice, Money());
+        second.askPrice = Money();
+        QCOMPARE(orderDocuments({second}).message, u"請求金額を入力して下さい。"_qs);
+    }
+
+    void aTickBesideTheClaimsNeedsItsLaw() {
+        PrintGridRow second;
+        second.ticked = {true, false, false, false, false};
+        const DocumentOrder order = orderDocuments({row(1, {true, false, false, false, false}), second});
+        QCOMPARE(order.outcome, Outcome::Refused);
+        QCOMPARE(order.message, u"法別を選択して下さい。"_qs);
+        QCOMPARE(order.row, 1);
     }
 
     void everyKindTakesTheClaimsTickedForIt() {

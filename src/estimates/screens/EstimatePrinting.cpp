@@ -38,7 +38,7 @@ public:
           m_elements(job.draft.lines.make.stored(job.draft.estimate.EstId)),
           m_parts(job.draft.lines.parts.stored(job.draft.estimate.EstId)) {
         m_manager.Prepare(gDbManager.Connection());
-        if (m_claims.isEmpty()) m_claims << temporaryClaim();
+        if (job.order.outcome == DocumentOrder::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
     }
 
     void all() {
@@ -48,12 +48,16 @@ public:
     }
 
 private:
-    // Without a claim the papers are made out over the whole estimate.
+    // Without a claim the papers are made out over the whole estimate, or what was typed for them.
     clsCsEstAsk temporaryClaim() const {
         clsCsEstAsk claim;
         claim.EstId = m_job.draft.estimate.EstId;
         claim.AskNo = u"1"_qs;
-        claim.AskPrice = claim.PayPrice = m_job.draft.estimate.EstSum;
+        const auto amount = [&](Money typed) {
+            return typed == Money() ? m_job.draft.estimate.EstSum : typed.toText();
+        };
+        claim.AskPrice = amount(m_job.order.askPrice);
+        claim.PayPrice = amount(m_job.order.payPrice);
         return claim;
     }
 
@@ -65,7 +69,7 @@ private:
 
     void documents(DocumentKind kind) {
         QList<int> accident, ordinary;
-        for (const int askNo : m_job.claims.at(static_cast<size_t>(kind) - 1))
+        for (const int askNo : m_job.order.claimsOf(kind))
             (isAccident(askNo) ? accident : ordinary) << askNo;
         if (!accident.isEmpty()) documents(kind, accident, true);
         if (!ordinary.isEmpty()) documents(kind, ordinary, false);
@@ -112,10 +116,8 @@ QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>&
         const ClaimRow& claim = draft.claims.at(i);
         PrintGridRow row;
         row.hasLaw = claim.isUsed();
-        if (row.hasLaw) {
-            row.askNo = ++askNo;
-            row.ticked = ticks.at(i).ticked;
-        }
+        if (row.hasLaw) row.askNo = ++askNo;
+        row.ticked = ticks.at(i).ticked;
         row.askPrice = Money::leadingNumber(claim.ask.AskPrice);
         row.payPrice = Money::leadingNumber(claim.ask.PayPrice);
         rows << row;

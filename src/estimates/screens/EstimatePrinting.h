@@ -10,9 +10,9 @@ enum class To { Preview, Printer };
 
 struct Job {
     EstimateDraft draft;
-    std::array<QList<int>, 5> claims; // 請求No for each kind, in the order of the kinds
-    bool receivedMark = false;        // 受領印
-    bool wholeSum = false;            // receipts are made over the grand total
+    DocumentOrder order;       // not a refused one
+    bool receivedMark = false; // 受領印
+    bool wholeSum = false;     // receipts are made over the grand total
     To to = To::Preview;
 };
 

@@ -519,7 +519,7 @@ const QString printAndSave = u"印刷終了後必ず反映処理を実行して�
 void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     if (!leaveField()) return;
     m_warnedUnsaved = false;
-    EstimateDraft draft = collect();
+    const EstimateDraft draft = collect();
     QList<EstimatePrinting::TickedRow> ticks(claimRowCount);
     for (int kind = CsEstimatePrintPage::Estimate; kind <= CsEstimatePrintPage::Receipt; ++kind)
         for (const int row : ui->pagPrint->ticked(static_cast<CsEstimatePrintPage::Document>(kind)))
@@ -537,17 +537,20 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     const bool soleReceipt = order.outcome == DocumentOrder::Outcome::Print && draft.usedClaims().size() == 1 &&
                              !order.claimsOf(DocumentKind::Receipt).isEmpty();
     const bool wholeSum = soleReceipt && to == EstimatePrinting::To::Printer && setReceiptAmount();
-    if (confirmPrinting(to)) EstimatePrinting::run({collect(), order.claims, ui->pagPrint->hasReceivedMark(), wholeSum, to});
+    if (confirmPrinting(to)) EstimatePrinting::run({collect(), order, ui->pagPrint->hasReceivedMark(), wholeSum, to});
 }
 
 void frmCsEstimate::printReceipt() {
     if (!leaveField()) return;
     m_warnedUnsaved = false;
     const bool wholeSum = setReceiptAmount();
-    std::array<QList<int>, 5> claims;
-    claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
+    const EstimateDraft draft = collect();
+    DocumentOrder order;
+    if (draft.usedClaims().isEmpty()) order.outcome = DocumentOrder::Outcome::WithoutClaim;
+    order.payPrice = Money::leadingNumber(ui->pagPrint->payPrice(0)->value());
+    order.claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
     if (confirmPrinting(EstimatePrinting::To::Printer))
-        EstimatePrinting::run({collect(), claims, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+        EstimatePrinting::run({draft, order, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
 }
 
 bool frmCsEstimate::setReceiptAmount() {
