@@ -49,9 +49,8 @@ void createDatabase(const QStringList& options) {
 }
 
 void copyDatabase(const QStringList& profiles) {
-    const auto comparisons =
-        DatabaseCopy::copy(ConnectionSettings::fromProfile(clsProfile(profiles.at(0))),
-                           ConnectionSettings::fromProfile(clsProfile(profiles.at(1))), print);
+    const auto comparisons = DatabaseCopy::copy(ConnectionSettings::fromProfile(clsProfile(profiles.at(0))),
+                                                ConnectionSettings::fromProfile(clsProfile(profiles.at(1))), print);
     for (const QString& line : DatabaseCopy::report(comparisons)) print(line);
     print(u"移行が完了しました。"_qs);
 }
@@ -92,10 +91,13 @@ int runCommand(int argc, char** argv, const Command& command) {
 int runScreens(int argc, char** argv) {
     QApplication application(argc, argv);
     application.setApplicationName(u"Halvane"_qs);
-    Text::assertConverters();
     Style::apply(application);
     fillSeamsWithDialogs();
-    if (!guarded([] { assertPaperFonts(); })) return EXIT_FAILURE;
+    const bool equipped = guarded([] {
+        Text::assertConverters();
+        assertPaperFonts();
+    });
+    if (!equipped) return EXIT_FAILURE;
     return Main() ? QApplication::exec() : EXIT_FAILURE;
 }
 

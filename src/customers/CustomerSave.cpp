@@ -2,6 +2,7 @@
 
 #include "base/Application.h"
 #include "base/basCommon.h"
+#include "db/AskingOutside.h"
 #include "customers/ChartParties.h"
 #include "reference/ReferenceManagers.h"
 
@@ -81,19 +82,22 @@ bool loadCustomer(const QString& CustId, const QString& CustSubId, CustomerDraft
 }
 
 CustomerSaveResult saveCustomer(Connection& connection, CustomerDraft& draft, CustomerSaveAs as) {
-    CustomerDraft saved = draft;
-    clsCustomer& customer = saved.customer;
-    Transaction transaction(connection);
-    if (as == CustomerSaveAs::NewBranch) customer.CustSubId.clear();
-    customer.UpdUserNo = QString::number(gUserNo);
-    const bool isKnown = isStored(customer);
-    if (!gCustomerManager.SaveData(customer)) return CustomerSaveResult::Refused;
-    savePlace(customer);
-    saveLaws(customer, saved.laws);
-    if (!saveCharts(customer, saved.charts)) return CustomerSaveResult::Refused;
-    transaction.commit();
+    CustomerDraft saved;
+    bool isKnown = false;
+    const bool stored = AskingOutside::run(connection, [&] {
+        saved = draft;
+        clsCustomer& customer = saved.customer;
+        if (as == CustomerSaveAs::NewBranch) customer.CustSubId.clear();
+        customer.UpdUserNo = QString::number(gUserNo);
+        isKnown = isStored(customer);
+        if (!gCustomerManager.SaveData(customer)) return false;
+        savePlace(customer);
+        saveLaws(customer, saved.laws);
+        return saveCharts(customer, saved.charts);
+    });
+    if (!stored) return CustomerSaveResult::Refused;
     draft = saved;
-    logDone(isKnown ? u"顧客更新"_qs : u"顧客登録"_qs, customer);
+    logDone(isKnown ? u"顧客更新"_qs : u"顧客登録"_qs, saved.customer);
     return isKnown ? CustomerSaveResult::Updated : CustomerSaveResult::Added;
 }
 

@@ -66,17 +66,21 @@ bool clsChartManager::CheckExist(const QString& CustId, const QString& CustSubId
 
 void clsChartManager::SaveData(clsChart& chart) {
     if (chart.ChartNo.isEmpty()) chart.ChartNo = GetNewChartNo(chart.CustId, chart.CustSubId);
-    if (CheckExist(chart.CustId, chart.CustSubId, chart.ChartNo)) update(chart, columnsWithout(keys + stamps), keys);
-    else insert(chart, columnsWithout(stamps));
+    if (CheckExist(chart.CustId, chart.CustSubId, chart.ChartNo))
+        update(chart, columnsWithout(keys + stamps), keys);
+    else
+        insert(chart, columnsWithout(stamps));
 }
 
 void clsChartManager::CopyData(const QString& OldCustId, const QString& OldCustSubId, const QString& NewCustId,
                                const QString& NewCustSubId, qint32 UpdUserNo) {
-    const QString kept = u"[カルテNo], [カルテ番号], [病名原因], [左右区分], [入通院開始日], [受注先No], [受注先], [主治医No], [主治医]"_qs;
-    execute(u" INSERT INTO [顧客カルテ] ([顧客ID], [顧客枝番], "_qs + kept + u", [登録日], [更新日], [編集者No], [備考]) SELECT "_qs +
-            sqlText(NewCustId) + u" AS 顧客ID, "_qs + sqlNumber(NewCustSubId) + u" AS 顧客枝番, "_qs + kept +
-            u", NOW() AS 登録日, NOW() AS 更新日, "_qs + QString::number(UpdUserNo) +
-            u" AS 編集者No, [備考] FROM [顧客カルテ] WHERE "_qs + branchFilter(OldCustId, OldCustSubId));
+    const QString kept =
+        u"[カルテNo], [カルテ番号], [病名原因], [左右区分], [入通院開始日], [受注先No], [受注先], [主治医No], [主治医]"_qs;
+    execute(u" INSERT INTO [顧客カルテ] ([顧客ID], [顧客枝番], "_qs + kept +
+            u", [登録日], [更新日], [編集者No], [備考]) SELECT "_qs + sqlText(NewCustId) + u" AS 顧客ID, "_qs +
+            sqlNumber(NewCustSubId) + u" AS 顧客枝番, "_qs + kept + u", NOW() AS 登録日, NOW() AS 更新日, "_qs +
+            QString::number(UpdUserNo) + u" AS 編集者No, [備考] FROM [顧客カルテ] WHERE "_qs +
+            branchFilter(OldCustId, OldCustSubId));
 }
 
 QString clsChartManager::GetDiffText(const clsChart& chart, const clsChart& stored) {
@@ -99,7 +103,8 @@ QString clsChartManager::GetDiffText(const clsChart& chart, const clsChart& stor
 bool clsChartManager::findAlike(clsChart& chart) {
     QString filter = branchFilter(chart.CustId, chart.CustSubId);
     const auto text = [&filter](const QString& column, const QString& value) {
-        if (!Text::rightTrimmed(value).isEmpty()) filter += u" AND ["_qs + column + u"] = "_qs + sqlText(Text::rightTrimmed(value));
+        if (!Text::rightTrimmed(value).isEmpty())
+            filter += u" AND ["_qs + column + u"] = "_qs + sqlText(Text::rightTrimmed(value));
     };
     const auto number = [&filter](const QString& column, const QString& value) {
         if (Val(value) != 0) filter += u" AND ["_qs + column + u"] = "_qs + sqlNumber(value);

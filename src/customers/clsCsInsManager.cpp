@@ -47,8 +47,10 @@ bool clsCsInsManager::CheckExistData(const QString& CustId, const QString& CustS
 
 void clsCsInsManager::SaveData(clsCsIns& ins) {
     if (Val(ins.DataNo) == 0) ins.DataNo = GetNewDataNo(ins.CustId, ins.CustSubId);
-    if (CheckExistData(ins.CustId, ins.CustSubId, ins.DataNo)) update(ins, {u"法別No"_qs}, keys);
-    else insert(ins, columnsWithout({}));
+    if (CheckExistData(ins.CustId, ins.CustSubId, ins.DataNo))
+        update(ins, {u"法別No"_qs}, keys);
+    else
+        insert(ins, columnsWithout({}));
 }
 
 void clsCsInsManager::AddIfMissing(clsCsIns& ins) {

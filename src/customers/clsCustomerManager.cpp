@@ -56,7 +56,19 @@ void clsCustomerManager::DeleteData(const QString& CustId, const QString& CustSu
 QString clsCustomerManager::GetNewSubId(const QString& CustId) {
     const QString last = connection().scalar(
         u"SELECT MAX([顧客枝番]) AS [最終枝番] FROM [顧客情報]  WHERE [顧客ID] = "_qs + sqlText(CustId));
-    return numberText(Val(last) + 1);
+    double branch = Val(last) + 1;
+    while (hasLeftovers(CustId, numberText(branch))) ++branch;
+    return numberText(branch);
+}
+
+// Charts, laws and estimates outlive a deleted branch; no new branch may find them as its own.
+bool clsCustomerManager::hasLeftovers(const QString& CustId, const QString& CustSubId) {
+    for (const QString& table : {u"顧客カルテ"_qs, u"顧客保険"_qs, u"顧客見積情報"_qs}) {
+        const QString rows =
+            connection().scalar(u"SELECT COUNT(*) FROM [%1] WHERE "_qs.arg(table) + keyFilter(CustId, CustSubId));
+        if (rows != u"0") return true;
+    }
+    return false;
 }
 
 bool clsCustomerManager::FindSame(const clsCustomer& customer, clsCustomer& same) {

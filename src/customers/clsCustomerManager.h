@@ -34,7 +34,8 @@ public:
     // The save of the estimate editor: a stored row that differs is put to the operator through `confirmUpdate`.
     bool SaveDataFromEstimate(clsCustomer& customer);
 
-    // The largest branch number plus 1, "1" for a person without a branch.
+    // The largest branch number plus 1, "1" for a person without a branch; beyond it when a deleted branch of that number
+    // left charts, laws or estimates behind.
     QString GetNewSubId(const QString& CustId);
     // A row of the same name, sex, birth date, postal code, prefecture and city: its id, branch and number.
     bool FindSame(const clsCustomer& customer, clsCustomer& same);
@@ -58,6 +59,7 @@ public:
 
 private:
     CustomerUpdate askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const;
+    bool hasLeftovers(const QString& CustId, const QString& CustSubId);
     bool drawNewId(clsCustomer& customer);
     bool drawNumber(clsCustomer& customer);
     void insertNew(const clsCustomer& customer);

@@ -1,5 +1,6 @@
 #include "db/clsAutoIdsManager.h"
 
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/basCommon.h"
 
@@ -20,6 +21,7 @@ QString clsAutoIdsManager::GetNewId(const QString& itemName) {
     const qint16 digits = ToInt16(Val(series.Digits));
     QString year = Text::rightTrimmed(series.Year);
     QString last = series.LastValue;
+    if (!last.isEmpty() && !isPlainNumber(last)) throw AppError(u"データ型が一致しません。"_qs, table(), 13);
     if (!year.isEmpty() && year != gSysYear) {
         year = gSysYear;
         last = QString(u"0"_qs).rightJustified(digits, u'0');

@@ -17,17 +17,16 @@ bool isDate(const QString& text) {
 
 QString statusOf(const clsCsEstimate& estimate, const QList<clsCsEstAsk>& claims) {
     const QList<std::pair<QString, QString>> stages{
-        {estimate.RecvDate, WorkStatus::Reception},     {estimate.EstDate, WorkStatus::Estimate},
-        {estimate.TickRsvDate, WorkStatus::Voucher},    {estimate.PickPtnDate, WorkStatus::Casting},
-        {estimate.TmpSetFinDate, WorkStatus::Fitting},  {estimate.CmpltFinDate, WorkStatus::Completion},
+        {estimate.RecvDate, WorkStatus::Reception},    {estimate.EstDate, WorkStatus::Estimate},
+        {estimate.TickRsvDate, WorkStatus::Voucher},   {estimate.PickPtnDate, WorkStatus::Casting},
+        {estimate.TmpSetFinDate, WorkStatus::Fitting}, {estimate.CmpltFinDate, WorkStatus::Completion},
         {estimate.DelvFinDate, WorkStatus::Delivery},
     };
     QString status = WorkStatus::Nothing;
     for (const auto& [date, number] : stages)
         if (isDate(date)) status = number;
-    const bool paid = !claims.isEmpty() && std::all_of(claims.begin(), claims.end(), [](const clsCsEstAsk& claim) {
-        return isDate(claim.PayDate);
-    });
+    const bool paid = !claims.isEmpty() && std::all_of(claims.begin(), claims.end(),
+                                                       [](const clsCsEstAsk& claim) { return isDate(claim.PayDate); });
     return paid ? WorkStatus::Payment : status;
 }
 

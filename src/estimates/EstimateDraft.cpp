@@ -1,5 +1,6 @@
 #include "estimates/EstimateDraft.h"
 
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Seams.h"
 #include "base/basCommon.h"
@@ -24,8 +25,8 @@ public:
     bool run() {
         const QString shownId = m_draft.customer.CustId;
         const QString shownBranch = m_draft.customer.CustSubId;
-        if (!mayOverwrite() || !saveCustomer() || !savePrefecture() || !saveClaims() || !saveChart(shownId, shownBranch) ||
-            !confirmTax())
+        if (!mayOverwrite() || !saveCustomer() || !savePrefecture() || !saveClaims() ||
+            !saveChart(shownId, shownBranch) || !confirmTax())
             return false;
         saveMakers();
         saveHeader();
@@ -42,7 +43,10 @@ private:
     bool mayOverwrite() {
         m_connection.lockForWriting(gCsEstimateManager.table()); // so that nobody stores it between look and write
         clsCsEstimate stored;
-        if (estimate().EstId.isEmpty() || !gCsEstimateManager.GetData(estimate().EstId, stored)) return true;
+        if (estimate().EstId.isEmpty()) return true;
+        if (!gCsEstimateManager.GetData(estimate().EstId, stored))
+            throw AppError(
+                u"この見積は他の端末で削除されています。\n「再来受付」で新しい見積にすると登録できます。"_qs);
         if (stored.UpdDate == estimate().UpdDate) return true;
         return ShowMessage(905, u"他の端末で更新されています。上書きしますか？"_qs) == AnswerYes;
     }
@@ -139,9 +143,12 @@ private:
         gCsEstAskManager.SaveData(m_draft.claimLines());
     }
 
-    template <class Manager, class Line> static void saveLines(Manager& manager, const QList<Line>& lines, const QString& EstId) {
-        if (lines.isEmpty()) manager.DeleteData(EstId);
-        else manager.SaveData(lines);
+    template <class Manager, class Line>
+    static void saveLines(Manager& manager, const QList<Line>& lines, const QString& EstId) {
+        if (lines.isEmpty())
+            manager.DeleteData(EstId);
+        else
+            manager.SaveData(lines);
     }
 
     Connection& m_connection;

@@ -221,7 +221,9 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
 }
 
 qint64 clsCsEstimateManager::CountWithMst(const QString& where) {
-    return connection().scalar(u"SELECT COUNT(*)"_qs + listClauses({}, where, {})).toLongLong();
+    const QString sql = u"SELECT COUNT(*)"_qs + listClauses({}, where, {});
+    WriteSqlLog(sql);
+    return connection().scalar(sql).toLongLong();
 }
 
 void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& order, const ListRow& take) {
@@ -266,11 +268,13 @@ void clsCsEstimateManager::UpUrikake(const QString& EstId, const QString& Articl
 
 void clsCsEstimateManager::GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList,
                                       bool& Excluded) {
-    Recordset rows = connection().query(u" SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
-                                        u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
-                                        u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"
-                                        u" WHERE [顧客見積情報].[見積ID] = "_qs +
-                                        sqlText(EstId) + u" ORDER BY [法別].[法別No];"_qs);
+    const QString sql = u" SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
+                        u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
+                        u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"
+                        u" WHERE [顧客見積情報].[見積ID] = "_qs +
+                        sqlText(EstId) + u" ORDER BY [法別].[法別No];"_qs;
+    WriteSqlLog(sql);
+    Recordset rows = connection().query(sql);
     while (rows.next()) {
         const QString name = rows.value(u"法別"_qs);
         if (!InsList.isEmpty()) InsList += u',';

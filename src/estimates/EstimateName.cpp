@@ -25,13 +25,14 @@ public:
 
 private:
     QString repairOf(const NamedItem& item) const {
-        const bool named = m_settings.grantRepair == u"1" ||
-                           (m_settings.grantRepair == u"3" && item.grantRepair == u"修理");
+        const bool named =
+            m_settings.grantRepair == u"1" || (m_settings.grantRepair == u"3" && item.grantRepair == u"修理");
         return named && isUsable(item.grantRepair) ? u'(' + item.grantRepair + u')' : QString();
     }
 
     QString wordsOf(const NamedItem& item) {
-        static const QStringList orthoses{u"下肢装具"_qs, u"上肢装具"_qs, u"体幹装具"_qs, u"靴型装具"_qs, u"座位保持装置"_qs};
+        static const QStringList orthoses{u"下肢装具"_qs, u"上肢装具"_qs, u"体幹装具"_qs, u"靴型装具"_qs,
+                                          u"座位保持装置"_qs};
         if (item.item.startsWith(u'殻')) return u"殻構造"_qs + m_side + usable(item.name) + usable(item.form);
         if (item.item.startsWith(u'骨')) return u"骨格構造"_qs + m_side + usable(item.name) + usable(item.form);
         if (orthoses.contains(item.item)) return orthosis(item);

@@ -262,7 +262,7 @@ void checkRowId(Cells& row, int column, const LineContext& context) {
 }
 
 void takeRowId(Cells& row, const LineContext& context) {
-    const QList<clsBaseElmtSelect> found = selection(idTerm(row.at(RowId)) + u" AND "_qs + itemTerms(context));
+    const QList<clsBaseElmtSelect> found = selection(idTerm(row.at(RowId)));
     clearFrom(row, MakeElmt, Price);
     if (found.isEmpty()) return;
     row[MakeElmt] = found.first().MakeElmt;
@@ -359,8 +359,7 @@ void checkRowId(Cells& row, int column, const LineContext& context) {
 }
 
 void takeRowId(Cells& row, const LineContext& context) {
-    const QList<clsPriceParts> found =
-        parts(idTerm(row.at(RowId)) + u" AND "_qs + term(u"種目"_qs, context.item) + u" AND [有効Flg] = 0"_qs);
+    const QList<clsPriceParts> found = parts(idTerm(row.at(RowId)) + u" AND [有効Flg] = 0"_qs);
     clearFrom(row, PartsNm, Price);
     if (found.size() != 1) return;
     const clsPriceParts& part = found.first();

@@ -36,13 +36,20 @@ public:
             this->update(record, data, {u"ID"_qs});
             return;
         }
-        record.ID = GetLastID();
-        this->insert(record, columns);
-        UpdateID(record.ID);
+        Record numbered = record; // a number that could not be inserted may be another machine's by now
+        numbered.ID = GetLastID();
+        this->insert(numbered, columns);
+        UpdateID(numbered.ID);
+        record.ID = numbered.ID;
     }
 
-    // Inserts the record as it stands, its ID included; the counter is not touched.
-    void SaveInit(const Record& record) { this->insert(record, this->columnsWithout({u"登録日"_qs, u"更新日"_qs})); }
+    // Inserts the record as it stands, its ID and its stamps included, if it has them; the counter is not touched.
+    void SaveInit(const Record& record) {
+        QStringList without;
+        if (record.AddDate.isEmpty()) without << u"登録日"_qs;
+        if (record.UpdDate.isEmpty()) without << u"更新日"_qs;
+        this->insert(record, this->columnsWithout(without));
+    }
 
     void UpdateID(const QString& lastID) {
         this->execute(u"UPDATE [採番] set 最終値 = %1 WHERE 項目名='%2ID'"_qs.arg(sqlText(lastID), this->table()));
@@ -65,12 +72,14 @@ public:
 protected:
     // The values of one column, each with its largest ID.
     void groupList(QList<Record>& result, const QString& column, QString Record::*member, const QString& where) {
-        grouped(result, column, member, where, u"SELECT [%1] , MAX([ID]) AS 項番 FROM [%2]"_qs, u" ORDER BY [%1] ASC"_qs);
+        grouped(result, column, member, where, u"SELECT [%1] , MAX([ID]) AS 項番 FROM [%2]"_qs,
+                u" ORDER BY [%1] ASC"_qs);
     }
 
     // The values of one column in the order of their first appearance.
     void sumList(QList<Record>& result, const QString& column, QString Record::*member, const QString& where) {
-        grouped(result, column, member, where, u"SELECT [%1] , MIN([ID]) AS 項番 FROM [%2]"_qs, u" ORDER BY MIN([ID])"_qs);
+        grouped(result, column, member, where, u"SELECT [%1] , MIN([ID]) AS 項番 FROM [%2]"_qs,
+                u" ORDER BY MIN([ID])"_qs);
     }
 
     // The combinations of several columns, in their order.

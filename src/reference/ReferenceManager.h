@@ -84,14 +84,14 @@ protected:
     QString numberOf(const QString& name) {
         return this->connection().scalar(u"SELECT [%1] FROM [%2] WHERE [%3] = "_qs.arg(
                                              m_key.numberColumn, this->table(), m_key.nameColumn) +
-                                         sqlText(name) + u" ORDER BY [%1] DESC"_qs.arg(m_key.numberColumn));
+                                         sqlText(Text::rightTrimmed(name)) + u" ORDER BY [%1] DESC"_qs.arg(m_key.numberColumn));
     }
 
     // The number of the row with this code, and name if given; "0" when there is none.
     QString existing(const QString& codeColumn, const QString& code, const QString& nameColumn, const QString& name) {
         QString sql = u"SELECT [%1] FROM [%2]  WHERE [%3] = "_qs.arg(m_key.numberColumn, this->table(), codeColumn) +
-                      sqlText(code);
-        if (!name.isEmpty()) sql += u" AND [%1] = "_qs.arg(nameColumn) + sqlText(name);
+                      sqlText(Text::rightTrimmed(code));
+        if (!name.isEmpty()) sql += u" AND [%1] = "_qs.arg(nameColumn) + sqlText(Text::rightTrimmed(name));
         const QString number = this->connection().scalar(sql);
         return number.isEmpty() ? u"0"_qs : number;
     }

@@ -39,13 +39,13 @@ QString equalsOrNull(const QString& column, const QString& value) {
 // --- 都道府県 ---
 
 clsPrefectureManager::clsPrefectureManager()
-    : ReferenceManager(u"都道府県"_qs,
-                       {{&clsPrefecture::PrefNo, u"管理No"_qs},
-                        {&clsPrefecture::Pref, u"都道府県"_qs},
-                        {&clsPrefecture::City, u"市区郡"_qs},
-                        {&clsPrefecture::Seq, u"順番"_qs}},
-                       {&clsPrefecture::PrefNo, u"管理No"_qs, &clsPrefecture::Pref, u"都道府県"_qs, &clsPrefecture::Seq,
-                        false}) {}
+    : ReferenceManager(
+          u"都道府県"_qs,
+          {{&clsPrefecture::PrefNo, u"管理No"_qs},
+           {&clsPrefecture::Pref, u"都道府県"_qs},
+           {&clsPrefecture::City, u"市区郡"_qs},
+           {&clsPrefecture::Seq, u"順番"_qs}},
+          {&clsPrefecture::PrefNo, u"管理No"_qs, &clsPrefecture::Pref, u"都道府県"_qs, &clsPrefecture::Seq, false}) {}
 
 namespace {
 
@@ -106,21 +106,24 @@ void clsInsManager::insertNew(clsIns& ins) {
     const QString last =
         connection().scalar(u"SELECT 法別.法別No FROM 法別 WHERE 法別No<>99 ORDER BY 法別.法別No DESC;"_qs);
     ins.InsNo = numberText(Val(last) + 1);
+    if (blank(ins.Seq)) ins.Seq = orderTextNow();
+    if (blank(ins.UseFlg)) ins.UseFlg = u"0"_qs;
     insert(ins, columnsWithout({}));
-    ins.InsNo = numberOf(ins.InsNm);
 }
 
 void clsInsManager::SaveData2(clsIns& ins) {
     Transaction transaction(connection());
-    if (blank(ins.InsNo)) insertNew(ins);
-    else update(ins, {u"法別"_qs}, {u"法別No"_qs});
+    if (blank(ins.InsNo))
+        insertNew(ins);
+    else
+        update(ins, {u"法別"_qs}, {u"法別No"_qs});
     transaction.commit();
 }
 
 // --- 請求先, 受注先 ---
 
 template <class Record> bool PartyManager<Record>::GetDataCd(const QString& code, Record& record) {
-    return this->readFirst(record, u"[%1コード] = "_qs.arg(this->table()) + sqlText(code));
+    return this->readFirst(record, u"[%1コード] = "_qs.arg(this->table()) + sqlText(Text::rightTrimmed(code)));
 }
 
 template <class Record> Recordset PartyManager<Record>::GetSelectList(const QString& where, const QString& order) {
@@ -142,7 +145,9 @@ template <class Record> qint16 PartyManager<Record>::askWhichName(const Record& 
 }
 
 template <class Record> Reconciled PartyManager<Record>::ReconcileData(Record& record) {
-    const QString code = record.*this->key().name;
+    QString& code = record.*this->key().name;
+    code = Text::rightTrimmed(code); // as it is stored
+    record.*m_name = Text::rightTrimmed(record.*m_name);
     if (code.isEmpty()) return Reconciled::Done;
     QList<Record> found;
     this->GetList(found, u"%1コード = "_qs.arg(this->table()) + sqlText(code), u"[順番]"_qs, Direction::Descending);
@@ -156,14 +161,17 @@ template <class Record> Reconciled PartyManager<Record>::ReconcileData(Record& r
     record.*this->key().number = master.*this->key().number;
     if (record.*m_name == master.*m_name) return Reconciled::Done;
     switch (askWhichName(record, master)) {
-    case AnswerYes: record.*m_name = master.*m_name; return Reconciled::Done;
+    case AnswerYes:
+        record.*m_name = master.*m_name;
+        return Reconciled::Done;
     case AnswerNo:
         record.Seq = orderTextNow();
         record.UseFlg = u"0"_qs;
         this->update(record, {this->table() + u"コード"_qs, this->table(), u"順番"_qs, u"有効Flg"_qs},
                      {this->key().numberColumn});
         return Reconciled::Done;
-    default: return Reconciled::Cancelled;
+    default:
+        return Reconciled::Cancelled;
     }
 }
 
@@ -204,6 +212,7 @@ template <class Record> void PersonManager<Record>::AddByName(Record& record) {
         record.*this->key().name = row.*this->key().name;
     };
     const QString what = this->table();
+    record.*m_name = Text::rightTrimmed(record.*m_name); // as it is stored
     QList<Record> sameName;
     this->GetList(sameName, what + u" = "_qs + sqlText(record.*m_name), u"[順番]"_qs, Direction::Descending);
     if (!sameName.isEmpty()) return take(sameName.first());
@@ -227,15 +236,16 @@ template <class Record> void PersonManager<Record>::AddByName(Record& record) {
 }
 
 clsDoctorManager::clsDoctorManager()
-    : PersonManager(u"主治医"_qs,
-                    {{&clsDoctor::DoctorNo, u"主治医No"_qs},
-                     {&clsDoctor::DoctorCd, u"主治医コード"_qs},
-                     {&clsDoctor::DoctorNm, u"主治医"_qs},
-                     {&clsDoctor::Seq, u"順番"_qs},
-                     {&clsDoctor::OrderNo, u"受注先No"_qs},
-                     {&clsDoctor::UseFlg, u"有効Flg"_qs}},
-                    {&clsDoctor::DoctorNo, u"主治医No"_qs, &clsDoctor::DoctorCd, u"主治医コード"_qs, &clsDoctor::Seq, true},
-                    &clsDoctor::DoctorNm) {}
+    : PersonManager(
+          u"主治医"_qs,
+          {{&clsDoctor::DoctorNo, u"主治医No"_qs},
+           {&clsDoctor::DoctorCd, u"主治医コード"_qs},
+           {&clsDoctor::DoctorNm, u"主治医"_qs},
+           {&clsDoctor::Seq, u"順番"_qs},
+           {&clsDoctor::OrderNo, u"受注先No"_qs},
+           {&clsDoctor::UseFlg, u"有効Flg"_qs}},
+          {&clsDoctor::DoctorNo, u"主治医No"_qs, &clsDoctor::DoctorCd, u"主治医コード"_qs, &clsDoctor::Seq, true},
+          &clsDoctor::DoctorNm) {}
 
 bool clsDoctorManager::GetDataCd(const QString& code, clsDoctor& doctor) {
     return readFirst(doctor, u"[主治医コード] = "_qs + sqlText(code));
@@ -258,11 +268,12 @@ template class PersonManager<clsProducer>;
 // --- スタッフ, 処理区分 ---
 
 clsStaffManager::clsStaffManager()
-    : ReferenceManager(u"スタッフ"_qs,
-                       {{&clsStaff::StaffNo, u"スタッフNo"_qs},
-                        {&clsStaff::StaffCd, u"スタッフコード"_qs},
-                        {&clsStaff::StaffNm, u"従業員"_qs}},
-                       {&clsStaff::StaffNo, u"スタッフNo"_qs, &clsStaff::StaffCd, u"スタッフコード"_qs, nullptr, false}) {}
+    : ReferenceManager(
+          u"スタッフ"_qs,
+          {{&clsStaff::StaffNo, u"スタッフNo"_qs},
+           {&clsStaff::StaffCd, u"スタッフコード"_qs},
+           {&clsStaff::StaffNm, u"従業員"_qs}},
+          {&clsStaff::StaffNo, u"スタッフNo"_qs, &clsStaff::StaffCd, u"スタッフコード"_qs, nullptr, false}) {}
 
 clsProcKbnManager::clsProcKbnManager()
     : TableManager(u"処理区分"_qs, {{&clsProcKbn::ProcKbnNo, u"処理区分番号"_qs},
@@ -292,7 +303,8 @@ clsInsClaimManager::clsInsClaimManager()
 void clsInsClaimManager::GetList(QList<clsInsClaim>& result, const QString& where, const QString& order,
                                  Direction direction) {
     QString sql =
-        u"SELECT [法別請求対応].[法別請求先No] AS 法別請求先No, [法別請求対応].[法別No] AS 法別No, [法別].[法別] AS 法別,"
+        u"SELECT [法別請求対応].[法別請求先No] AS 法別請求先No, [法別請求対応].[法別No] AS 法別No, [法別].[法別] AS "
+        u"法別,"
         u" [法別請求対応].[請求先No] AS 請求先No, [請求先].[請求先コード] AS 請求先コード, [請求先].[請求先] AS 請求先,"
         u" [法別請求対応].[順番] AS 順番"
         u" FROM (([法別請求対応] LEFT JOIN [法別] ON [法別請求対応].[法別No] = [法別].[法別No])"
@@ -317,8 +329,10 @@ void clsInsClaimManager::ReconcileData(const QString& insNo, const QString& clai
     pair.InsNo = insNo;
     pair.ClaimNo = claimNo;
     pair.Seq = orderTextNow();
-    if (pair.InsClaimNo == u"0") insertNew(pair);
-    else SaveData(pair, SaveMode::OrderOnly);
+    if (pair.InsClaimNo == u"0")
+        insertNew(pair);
+    else
+        SaveData(pair, SaveMode::OrderOnly);
 }
 
 void clsInsClaimManager::insertNew(clsInsClaim& pair) {
@@ -340,5 +354,4 @@ void clsEquipmentManager::insertNew(clsEquip& equip) {
     const QString last = connection().scalar(u"SELECT 装具.装具No FROM 装具 ORDER BY 装具.装具No DESC;"_qs);
     equip.EquipNo = numberText(Val(last) + 1);
     insert(equip, columnsWithout({}));
-    equip.EquipNo = numberOf(equip.EquipNm);
 }

@@ -20,7 +20,7 @@ class clsInsManager : public ReferenceManager<clsIns> {
 public:
     clsInsManager();
 
-    // Writes the name alone: of a known number, else as a new row. One transaction.
+    // Writes the name of a known number, else a new row in use. One transaction.
     void SaveData2(clsIns& ins);
 
 protected:

@@ -31,8 +31,9 @@ bool clsZipManager::GetZipData(clsZip& zip, const QString& strZip7, const QStrin
 }
 
 Recordset clsZipManager::selectList(const QString& where, const QString& order) {
-    return connection().query(u"SELECT [郵便番号], [都道府県名], [市区町村名], [町域名] AS 住所 FROM [郵便番号簿] WHERE "_qs +
-                              where + u" ORDER BY "_qs + order);
+    return connection().query(
+        u"SELECT [郵便番号], [都道府県名], [市区町村名], [町域名] AS 住所 FROM [郵便番号簿] WHERE "_qs + where +
+        u" ORDER BY "_qs + order);
 }
 
 Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const QString& order) {

@@ -1,6 +1,7 @@
 #include "reports/DocumentReport.h"
 
 #include "base/Application.h"
+#include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/clsProfile.h"
 #include "db/clsOfficeManager.h"
@@ -27,7 +28,7 @@ int linesOnPage(const ReportClass& report, int setting) {
 }
 
 // For the stamp of the receiving office: the era of today, the rest for the pen.
-QString blankDate() { return FormatEraDate(dateText(gSysDate), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
+QString blankDate() { return FormatEraDate(dateText(currentDate()), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
 
 // An office with three accounts writes each into one field, the bank and behind a "／" or line break the account.
 void addAccounts(ReportParameters& parameters, const clsOffice& office) {

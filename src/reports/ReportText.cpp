@@ -22,7 +22,7 @@ const QString* patternIn(const QString& form) {
 
 QString twoPlaces(const QString& number) { return number.rightJustified(2, u' '); }
 
-QString today() { return dateText(gSysDate.isValid() ? gSysDate : currentDate()); }
+QString today() { return dateText(currentDate()); }
 
 } // namespace
 

@@ -24,6 +24,13 @@ std::optional<QString> typedText(QWidget* editor) {
 
 bool isStarter(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
 
+// A cell takes an amount as it stands, like its column in the database.
+NumberField* makeNumberEditor(QWidget* parent) {
+    auto* editor = new NumberField(parent);
+    editor->setDecimals(4);
+    return editor;
+}
+
 } // namespace
 
 GridDelegate::GridDelegate(Grid* grid) : QStyledItemDelegate(grid), m_grid(grid) {}
@@ -66,7 +73,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     if (!column.entries.isEmpty())
         m_grid->m_editor = makeListEditor(parent, index.column());
     else if (column.kind == GridColumn::Number)
-        m_grid->m_editor = new NumberField(parent);
+        m_grid->m_editor = makeNumberEditor(parent);
     else if (column.kind == GridColumn::Date)
         m_grid->m_editor = new DateField(parent);
     else

@@ -22,17 +22,15 @@ QString grouped(QString digits) {
 NumberField::NumberField(QWidget* parent) : EntryField(parent) {
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setInputMethodHints(Qt::ImhPreferLatin | Qt::ImhFormattedNumbersOnly);
-    setDecimals(0);
+    // A point is taken also where none belongs: left out, it would make the number ten times as large.
+    setAllowedCharacters(numericKeys + u'.');
 }
 
-void NumberField::setDecimals(int decimals) {
-    m_decimals = decimals;
-    setAllowedCharacters(decimals > 0 ? numericKeys + u'.' : numericKeys);
-}
+void NumberField::setDecimals(int decimals) { m_decimals = decimals; }
 
 QString NumberField::value() const { return plain(text()).value_or(QString()); }
 
-std::optional<QString> NumberField::plain(const QString& typed) const {
+std::optional<QString> NumberField::plain(const QString& typed) {
     QString text = typed.trimmed();
     text.remove(u',');
     if (text.isEmpty()) return QString();
@@ -40,7 +38,6 @@ std::optional<QString> NumberField::plain(const QString& typed) const {
     const bool negative = text.startsWith(u'-');
     if (negative || text.startsWith(u'+')) text.remove(0, 1);
     const QString fraction = text.section(u'.', 1);
-    if (fraction.size() > m_decimals) return std::nullopt;
     const QString number =
         withoutLeadingZeros(text.section(u'.', 0, 0)) + (fraction.isEmpty() ? QString() : u'.' + fraction);
     return negative ? u'-' + number : number;
@@ -51,6 +48,7 @@ std::optional<QString> NumberField::settled(const QString& typed) const {
     if (!number || number->isEmpty()) return number;
     const bool negative = number->startsWith(u'-');
     const QString fraction = number->section(u'.', 1);
+    if (fraction.size() > m_decimals) return std::nullopt;
     return (negative ? u"-"_qs : QString()) + grouped(number->section(u'.', 0, 0).mid(negative ? 1 : 0)) +
            (fraction.isEmpty() ? QString() : u'.' + fraction);
 }

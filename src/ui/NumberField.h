@@ -23,7 +23,7 @@ protected:
     QString editable(const QString& shown) const override;
 
 private:
-    std::optional<QString> plain(const QString& typed) const;
+    static std::optional<QString> plain(const QString& typed);
 
     int m_decimals = 0;
 };

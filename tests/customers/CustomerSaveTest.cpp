@@ -59,7 +59,8 @@ private slots:
         QVERIFY(draft.customer.CustNo != automaticNumber);
         QCOMPARE(draft.charts.at(1).chart.ChartNo, u"2"_qs);
         QCOMPARE(count(u"顧客保険"_qs), u"2"_qs);
-        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [都道府県] WHERE [都道府県] = '愛知県' AND [市区郡] = '弥富市'"_qs), u"1"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [都道府県] WHERE [都道府県] = '愛知県' AND [市区郡] = '弥富市'"_qs),
+                 u"1"_qs);
     }
 
     void whatWasSavedIsReadBack() {
@@ -139,6 +140,30 @@ private slots:
         QCOMPARE(scalar(u"SELECT [カルテNo] FROM [顧客カルテ] WHERE [カルテ番号] = 'K-1'"_qs), u"1"_qs);
     }
 
+    void noOtherMachineWaitsWhileAQuestionIsOpen() {
+        clsOrder order;
+        order.OrderCd = u"A01"_qs;
+        order.OrderNm = u"中央病院"_qs;
+        order.UseFlg = u"0"_qs;
+        gOrderManager.SaveData(order);
+        CustomerDraft draft = newPerson();
+        draft.charts = {chart(u"K-2"_qs, u"A01"_qs, u"別の病院"_qs)};
+        const auto other = m_database->another();
+        const auto before = seams().message;
+        int depth = -1;
+        seams().message = [&](const MessageBoxRequest&) {
+            depth = connection().transactionDepth();
+            other->execute(u"UPDATE [採番] SET [最終値] = '00000041' WHERE [項目名] = '顧客ID'"_qs);
+            return qint16(AnswerYes);
+        };
+        const CustomerSaveResult result = saveCustomer(connection(), draft);
+        seams().message = before;
+        QCOMPARE(result, CustomerSaveResult::Added);
+        QCOMPARE(depth, 0);
+        QCOMPARE(draft.customer.CustId, u"00000042"_qs);
+        QCOMPARE(count(u"顧客カルテ"_qs), u"1"_qs);
+    }
+
     void refusedNameOfAPartyWritesNothing() {
         clsOrder order;
         order.OrderCd = u"A01"_qs;
@@ -163,8 +188,9 @@ private slots:
 
     void deletingABranchLeavesWhatHangsOnIt() {
         CustomerDraft draft = stored();
-        connection().execute(u"INSERT INTO [顧客見積情報] ([見積ID], [顧客ID], [顧客枝番]) VALUES ('1', '%1', 1)"_qs.arg(
-            draft.customer.CustId));
+        connection().execute(
+            u"INSERT INTO [顧客見積情報] ([見積ID], [顧客ID], [顧客枝番]) VALUES ('1', '%1', 1)"_qs.arg(
+                draft.customer.CustId));
         deleteCustomer(connection(), draft.customer);
         QCOMPARE(count(u"顧客情報"_qs), u"0"_qs);
         QCOMPARE(count(u"顧客カルテ"_qs), u"2"_qs);

@@ -262,6 +262,19 @@ private slots:
         QCOMPARE(m_database->connection().scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"1"_qs);
     }
 
+    void numberOfADeletedBranchIsNotGivenWhileSomethingHangsOnIt() {
+        const clsCustomer customer = saved();
+        for (const QString& table : {u"顧客カルテ"_qs, u"顧客保険"_qs}) {
+            const QString key = table == u"顧客カルテ" ? u"カルテNo"_qs : u"項番"_qs;
+            sql(u"INSERT INTO %1 ([顧客ID], [顧客枝番], [%2]) VALUES ('%3', 2, 1)"_qs.arg(table, key, customer.CustId));
+            QCOMPARE(gCustomerManager.GetNewSubId(customer.CustId), u"3"_qs);
+            sql(u"DELETE FROM "_qs + table);
+        }
+        sql(u"INSERT INTO 顧客見積情報 ([見積ID], [顧客ID], [顧客枝番]) VALUES ('1', '%1', 2)"_qs.arg(customer.CustId));
+        sql(u"INSERT INTO 顧客見積情報 ([見積ID], [顧客ID], [顧客枝番]) VALUES ('2', '%1', 3)"_qs.arg(customer.CustId));
+        QCOMPARE(gCustomerManager.GetNewSubId(customer.CustId), u"4"_qs);
+    }
+
     void selectionListJoinsNamesAndAddress() {
         saved();
         Recordset rows = gCustomerManager.GetSelectList(u"[名前1] = '山田'"_qs, u"[顧客番号]"_qs);

@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/MessageQueue.h"
+#include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "base/Application.h"
@@ -67,6 +68,13 @@ private slots:
         setSeries(m_database->connection(), u"000005"_qs, 6, u"2024"_qs);
         QCOMPARE(manager().GetNewId(u"x's"_qs), u"000001"_qs);
         QCOMPARE(series(m_database->connection()), u"000001/2005"_qs);
+    }
+
+    void damagedSeriesDoesNotStartAnew() {
+        setSeries(m_database->connection(), u"00x005"_qs, 6, {});
+        QCOMPARE(raised([&] { manager().GetNewId(u"x's"_qs); }), u"データ型が一致しません。"_qs);
+        QCOMPARE(series(m_database->connection()), u"00x005/"_qs);
+        QCOMPARE(m_database->connection().transactionDepth(), 0);
     }
 
     void unknownSeriesGivesNothing() {

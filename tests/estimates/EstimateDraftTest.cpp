@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "base/AppError.h"
@@ -64,8 +65,9 @@ private:
 
     QStringList rowCounts() {
         QStringList counts;
-        for (const QString& table : {u"顧客情報"_qs, u"顧客カルテ"_qs, u"顧客保険"_qs, u"顧客見積情報"_qs, u"顧客見積種目"_qs,
-                                     u"顧客見積基本製作要素"_qs, u"顧客見積完成要素"_qs, u"顧客見積請求"_qs})
+        for (const QString& table :
+             {u"顧客情報"_qs, u"顧客カルテ"_qs, u"顧客保険"_qs, u"顧客見積情報"_qs, u"顧客見積種目"_qs,
+              u"顧客見積基本製作要素"_qs, u"顧客見積完成要素"_qs, u"顧客見積請求"_qs})
             counts << scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table));
         return counts;
     }
@@ -252,6 +254,19 @@ private slots:
         QCOMPARE(m_messages, QStringList(u"[病名原因]が変更されています。\n顧客カルテ情報を別管理しますか?"_qs));
         QCOMPARE(scalar(u"SELECT [カルテNo] FROM [顧客見積情報]"_qs), u"2"_qs);
         QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"2"_qs);
+    }
+
+    void orderDeletedByAnotherMachineIsNotHalfWritten() {
+        EstimateDraft draft = newOrder();
+        save(draft);
+        EstimateDraft mine;
+        loadEstimate(draft.estimate.EstId, mine);
+        deleteEstimate(connection(), mine.estimate.EstId);
+        QVERIFY(raised([&] { save(mine); }).startsWith(u"この見積は他の端末で削除されています。"_qs));
+        for (const QString& table : {u"顧客見積情報"_qs, u"顧客見積種目"_qs, u"顧客見積請求"_qs})
+            QCOMPARE(scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table)), u"0"_qs);
+        mine.estimate.EstId.clear();
+        QCOMPARE(save(mine), SaveResult::Saved);
     }
 
     void orderStoredByAnotherMachineAsksFirst() {

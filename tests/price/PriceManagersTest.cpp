@@ -79,6 +79,12 @@ private slots:
         QCOMPARE(counter(), u"9000004"_qs);
         gPriceItemManager.GetData(9000123, item);
         QCOMPARE(item.Item, u"新種目"_qs);
+        item.ID = u"9000124"_qs;
+        item.AddDate = item.UpdDate = u"2024/04/01"_qs;
+        gPriceItemManager.SaveInit(item);
+        gPriceItemManager.GetData(9000124, item);
+        QCOMPARE(item.AddDate, u"2024/04/01"_qs);
+        QCOMPARE(item.UpdDate, u"2024/04/01"_qs);
     }
 
     void failedSaveIsAnErrorOfTheSystem() {

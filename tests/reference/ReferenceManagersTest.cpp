@@ -190,6 +190,11 @@ private slots:
         gInsManager.SaveData2(byName);
         QVERIFY(gInsManager.GetData(u"16"_qs, byName));
         QCOMPARE(byName.InsNm, u"改名"_qs);
+        QCOMPARE(byName.UseFlg, u"0"_qs);
+        clsIns alike;
+        alike.InsNm = u"自己負担"_qs;
+        gInsManager.SaveData(alike);
+        QCOMPARE(alike.InsNo, u"17"_qs);
     }
 
     void lawsWithAFixedMeaningAreDelivered() {
@@ -267,6 +272,33 @@ private slots:
         QCOMPARE(gOrderManager.CheckExistData(u"B'2"_qs), stored.OrderNo);
         QCOMPARE(listed(gOrderManager, &clsOrder::OrderNm, Direction::Ascending).size(), 1);
         QVERIFY(boxes.isEmpty());
+    }
+
+    void blanksAtTheEndMakeNoOtherParty() {
+        MessageQueue boxes;
+        const clsClaim master = addClaim(u"A1"_qs, u"市役所"_qs);
+        clsClaim typed;
+        typed.ClaimCd = u"A1  "_qs;
+        typed.ClaimNm = u"市役所 "_qs;
+        QCOMPARE(gClaimManager.ReconcileData(typed), Reconciled::Done);
+        QCOMPARE(typed.ClaimNo, master.ClaimNo);
+        QCOMPARE(typed.ClaimCd, u"A1"_qs);
+        QCOMPARE(gClaimManager.CheckExistData(u"A1 "_qs, u"市役所 "_qs), master.ClaimNo);
+        QVERIFY(gClaimManager.GetDataCd(u"A1 "_qs, typed));
+
+        clsClaim blank;
+        blank.ClaimCd = u" "_qs;
+        blank.ClaimNm = u"名"_qs;
+        QCOMPARE(gClaimManager.ReconcileData(blank), Reconciled::Done);
+        QVERIFY(blank.ClaimNo.isEmpty());
+        QCOMPARE(listed(gClaimManager, &clsClaim::ClaimCd, Direction::Ascending).size(), 1);
+        QVERIFY(boxes.isEmpty());
+
+        const clsDoctor doctor = addDoctor(u"a"_qs, u"同名"_qs, u"1"_qs, u"0"_qs);
+        clsDoctor again;
+        again.DoctorNm = u"同名 "_qs;
+        gDoctorManager.AddByName(again);
+        QCOMPARE(again.DoctorNo, doctor.DoctorNo);
     }
 
     void orderingPartyIsAskedForInItsOwnWords() {

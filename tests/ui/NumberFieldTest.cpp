@@ -36,7 +36,7 @@ private slots:
         FormUnderTest form;
         auto* field = form.add<NumberField>();
         form.open();
-        form.enter(field, u"1a2円.3"_qs);
+        form.enter(field, u"1a2円3"_qs);
         QCOMPARE(field->value(), u"123"_qs);
     }
 
@@ -60,6 +60,20 @@ private slots:
         field.setValue(u"1234.5"_qs);
         QCOMPARE(field.text(), u"1,234.5"_qs);
         QCOMPARE(field.value(), u"1234.5"_qs);
+    }
+
+    // Left out without a word, it would make the number ten times as large.
+    void pointWhereNoneBelongsIsToldAndKept() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<NumberField>();
+        form.open();
+        form.enter(field, u"1.5"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(messages.texts.first().contains(u"整数"_qs));
+        QCOMPARE(field->text(), u"1.5"_qs);
+        field->setValue(u"1000.5"_qs);
+        QCOMPARE(field->value(), u"1000.5"_qs);
     }
 
     void signsInTheMiddleAreToldAndKept() {

@@ -35,6 +35,9 @@ PersonFields::PersonFields(const PersonControls& controls, QWidget* form)
         connect(part, &TextField::valueChanged, this, &PersonFields::followName);
     for (QRadioButton* choice : {m_fields.sameName, m_fields.ownName})
         connect(choice, &QRadioButton::toggled, this, &PersonFields::followName);
+    connect(m_fields.familyType, &ChoiceBox::valueChanged, this, [this] {
+        if (!m_showing) m_unlistedFamilyType.clear();
+    });
     connect(m_fields.birth, &DateField::valueChanged, this, &PersonFields::showAge);
     connect(m_fields.pref, &ChoiceBox::valueChanged, this, [this] { guarded([this] { refillCities(); }); });
     connect(m_fields.zip, &TextField::valueSettled, this, [this] { guarded([this] { takeZip(); }); });
@@ -59,7 +62,9 @@ void PersonFields::show(const clsCustomer& customer) {
     m_fields.kana2->setValue(customer.CustKn2);
     m_fields.birth->setValue(customer.Birth);
     m_fields.sex->setText(customer.Sex);
-    if (!m_fields.familyType->chooseByData(customer.FamilyType)) m_fields.familyType->clearChoice();
+    const bool isListed = m_fields.familyType->chooseByData(customer.FamilyType);
+    if (!isListed) m_fields.familyType->clearChoice();
+    m_unlistedFamilyType = isListed ? QString() : customer.FamilyType;
     m_fields.insured->setValue(customer.Insured);
     m_fields.zip->setValue(customer.Zip);
     m_fields.pref->setText(customer.Pref);
@@ -80,7 +85,8 @@ void PersonFields::collect(clsCustomer& customer) const {
     customer.CustKn2 = m_fields.kana2->value();
     customer.Birth = m_fields.birth->value();
     customer.Sex = m_fields.sex->text();
-    customer.FamilyType = m_fields.familyType->data();
+    const QString familyType = m_fields.familyType->data();
+    customer.FamilyType = familyType.isEmpty() ? m_unlistedFamilyType : familyType;
     customer.Insured = m_fields.insured->value();
     customer.Zip = m_fields.zip->value();
     customer.Pref = m_fields.pref->text();

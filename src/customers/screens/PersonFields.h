@@ -65,5 +65,6 @@ private:
 
     PersonControls m_fields;
     QWidget* m_form;
+    QString m_unlistedFamilyType; // of the record, until another one is chosen
     bool m_showing = false; // while a record, or a code found for an address, is put into the fields
 };

@@ -123,6 +123,7 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
 
 void CsEstimateBasicPage::showChart(const clsChart& chart, const QString& orderCd) {
     m_chart = chart;
+    m_orderCd = orderCd;
     ui->lblChartNo->setText(chart.ChartNo);
     ui->txtChartCd->setValue(chart.ChartCd);
     ui->txtDiseaseNm->setValue(chart.DiseaseNm);
@@ -171,7 +172,9 @@ void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
     chart.OrderNm = ui->txtOrderNm->value();
     chart.DoctorNm = ui->cboDoctor->text();
     draft.orderCd = ui->txtOrderCd->value();
-    if (draft.orderCd.isEmpty()) chart.OrderNo.clear();
+    // A party without a code, or one that is gone, keeps its number as long as nobody touches it.
+    const bool untouched = m_orderCd.isEmpty() && chart.OrderNm == m_chart.OrderNm;
+    if (draft.orderCd.isEmpty() && !untouched) chart.OrderNo.clear();
 
     clsCsEstimate& estimate = draft.estimate;
     estimate.GrantNo = ui->txtGrantNo->value();
@@ -215,11 +218,12 @@ void CsEstimateBasicPage::chooseCustomer() {
                                         {u"フリガナ1"_qs, ui->txtKana1->value()},
                                         {u"フリガナ2"_qs, ui->txtKana2->value()}});
     std::optional<frmCsEstimateList::Choice> estimate;
-    const auto chosen = SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
-                                   {u"顧客ID"_qs, u"顧客枝番"_qs}, TellMissing::Yes, [&](QWidget* parent) {
-                                       estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
-                                       return estimate ? estimate->EstId : QString();
-                                   });
+    const auto chosen =
+        SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
+                   {u"顧客ID"_qs, u"顧客枝番"_qs}, TellMissing::Yes, [&](QWidget* parent) {
+                       estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
+                       return estimate ? estimate->EstId : QString();
+                   });
     if (estimate) emit estimateChosen(estimate->EstId, estimate->EditMode);
     if (!chosen || estimate) return;
     clsCustomer customer;
@@ -235,8 +239,8 @@ void CsEstimateBasicPage::fillDoctors() {
     const QString code = ui->txtOrderCd->value();
     QString where = inUse;
     if (!code.isEmpty())
-        where = u"[受注先No] IN (SELECT [受注先No] FROM [受注先] WHERE [受注先コード] LIKE '"_qs + SqlQuote(code, true) +
-                u"%') AND "_qs + inUse;
+        where = u"[受注先No] IN (SELECT [受注先No] FROM [受注先] WHERE [受注先コード] LIKE '"_qs +
+                SqlQuote(code, true) + u"%') AND "_qs + inUse;
     FillDoctorList(ui->cboDoctor, where);
     ui->cboDoctor->setText(shown);
 }
@@ -268,8 +272,8 @@ void CsEstimateBasicPage::chooseChart() {
         ShowMessage(102, u"顧客"_qs);
         return;
     }
-    const QString where = u"[顧客ID] = "_qs + sqlText(m_customer.CustId) + u" AND [顧客枝番] = "_qs +
-                          sqlNumber(m_customer.CustSubId);
+    const QString where =
+        u"[顧客ID] = "_qs + sqlText(m_customer.CustId) + u" AND [顧客枝番] = "_qs + sqlNumber(m_customer.CustSubId);
     const auto chosen = SelectFrom(this, u"カルテ"_qs, gChartManager.GetSelectList(where, u"[カルテNo]"_qs),
                                    {u"顧客ID"_qs, u"顧客枝番"_qs});
     if (!chosen) return;

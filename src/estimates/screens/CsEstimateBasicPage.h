@@ -63,6 +63,7 @@ private:
     PersonFields* m_person;
     InsuranceGrid* m_insurances;
     clsCustomer m_customer; // the record that the fields came from
+    QString m_orderCd;      // as it was shown
     clsChart m_chart;
     bool m_showing = false; // while a record is put into the fields
 };

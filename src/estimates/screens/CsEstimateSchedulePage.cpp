@@ -25,13 +25,14 @@ CsEstimateSchedulePage::CsEstimateSchedulePage(QWidget* parent)
 CsEstimateSchedulePage::~CsEstimateSchedulePage() = default;
 
 QList<std::pair<DateField*, QString clsCsEstimate::*>> CsEstimateSchedulePage::dates() const {
-    return {{ui->idtRecvDate, &clsCsEstimate::RecvDate},           {ui->idtEstDate, &clsCsEstimate::EstDate},
-            {ui->idtTickRsvDate, &clsCsEstimate::TickRsvDate},     {ui->idtPickPtnDate, &clsCsEstimate::PickPtnDate},
-            {ui->idtTmpSetPlnDate, &clsCsEstimate::TmpSetPlnDate}, {ui->idtTmpSetFinDate, &clsCsEstimate::TmpSetFinDate},
-            {ui->idtCmpltPlnDate, &clsCsEstimate::CmpltPlnDate},   {ui->idtCmpltFinDate, &clsCsEstimate::CmpltFinDate},
-            {ui->idtDelvPlnDate, &clsCsEstimate::DelvPlnDate},     {ui->idtDelvFinDate, &clsCsEstimate::DelvFinDate},
-            {ui->idtAskPlnDate, &clsCsEstimate::AskPlnDate},       {ui->idtAskFinDate, &clsCsEstimate::AskFinDate},
-            {ui->idtPayInPlnDate, &clsCsEstimate::PayInPlnDate},   {ui->idtPayInFinDate, &clsCsEstimate::PayInFinDate}};
+    return {
+        {ui->idtRecvDate, &clsCsEstimate::RecvDate},           {ui->idtEstDate, &clsCsEstimate::EstDate},
+        {ui->idtTickRsvDate, &clsCsEstimate::TickRsvDate},     {ui->idtPickPtnDate, &clsCsEstimate::PickPtnDate},
+        {ui->idtTmpSetPlnDate, &clsCsEstimate::TmpSetPlnDate}, {ui->idtTmpSetFinDate, &clsCsEstimate::TmpSetFinDate},
+        {ui->idtCmpltPlnDate, &clsCsEstimate::CmpltPlnDate},   {ui->idtCmpltFinDate, &clsCsEstimate::CmpltFinDate},
+        {ui->idtDelvPlnDate, &clsCsEstimate::DelvPlnDate},     {ui->idtDelvFinDate, &clsCsEstimate::DelvFinDate},
+        {ui->idtAskPlnDate, &clsCsEstimate::AskPlnDate},       {ui->idtAskFinDate, &clsCsEstimate::AskFinDate},
+        {ui->idtPayInPlnDate, &clsCsEstimate::PayInPlnDate},   {ui->idtPayInFinDate, &clsCsEstimate::PayInFinDate}};
 }
 
 void CsEstimateSchedulePage::fillLists() {

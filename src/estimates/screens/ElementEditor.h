@@ -99,7 +99,10 @@ public:
     }
 
     // Shows the item in view anew, after its lines changed behind the grid.
-    void refresh() { showItem(m_itemNo); }
+    void refresh(const QString& ageKbn) {
+        m_ageKbn = ageKbn;
+        showItem(m_itemNo);
+    }
 
 private:
     LineContext context() const {

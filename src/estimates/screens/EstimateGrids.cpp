@@ -38,12 +38,6 @@ GridColumn grey(GridColumn column) {
     return column;
 }
 
-// A column that the program alone fills.
-GridColumn filled(GridColumn column) {
-    column.editable = false;
-    return column;
-}
-
 GridColumn hidden(GridColumn column) {
     column.editable = false;
     column.hidden = true;
@@ -53,9 +47,8 @@ GridColumn hidden(GridColumn column) {
 } // namespace
 
 void EstimateGrids::setUpItems(Grid* grid) {
-    grid->setColumns({rowNumber(), quickEntry(), text(u"種目"_qs, 20), text(u"採型区分"_qs, 18),
-                      text(u"名称"_qs, 34), text(u"型式"_qs, 30), text(u"採型/採寸"_qs, 10),
-                      text(u"交付/修理"_qs, 10)});
+    grid->setColumns({rowNumber(), quickEntry(), text(u"種目"_qs, 20), text(u"採型区分"_qs, 18), text(u"名称"_qs, 34),
+                      text(u"型式"_qs, 30), text(u"採型/採寸"_qs, 10), text(u"交付/修理"_qs, 10)});
     grid->setRows(itemRows);
     FormPieces::stretchColumn(grid, Form);
 }
@@ -69,7 +62,7 @@ void EstimateGrids::setUpMakeElements(Grid* grid) {
 
 void EstimateGrids::setUpParts(Grid* grid) {
     grid->setColumns({rowNumber(), quickEntry(), text(u"部品名称"_qs, 34), text(u"部品型式"_qs, 30),
-                      text(u"部品ｺｰﾄﾞ"_qs, 18), filled(grey(text(u"ﾒｰｶｰ名"_qs, 20))), number(u"数量"_qs, 8),
+                      text(u"部品ｺｰﾄﾞ"_qs, 18), grey(text(u"ﾒｰｶｰ名"_qs, 20)), number(u"数量"_qs, 8),
                       hidden(number(u"マスタ価格"_qs, 12)), grey(number(u"価格"_qs, 14))});
     grid->setRows(lineRows);
     FormPieces::stretchColumn(grid, PartsForm);

@@ -69,8 +69,7 @@ private:
 
     void documents(DocumentKind kind) {
         QList<int> accident, ordinary;
-        for (const int askNo : m_job.order.claimsOf(kind))
-            (isAccident(askNo) ? accident : ordinary) << askNo;
+        for (const int askNo : m_job.order.claimsOf(kind)) (isAccident(askNo) ? accident : ordinary) << askNo;
         if (!accident.isEmpty()) documents(kind, accident, true);
         if (!ordinary.isEmpty()) documents(kind, ordinary, false);
     }
@@ -94,8 +93,10 @@ private:
         report.PrtType(prtType);
         report.Recordset(records);
         SetWaitCursor(false);
-        if (m_job.to == To::Preview) report.Show(1);
-        else report.PrintReport(false);
+        if (m_job.to == To::Preview)
+            report.Show(1);
+        else
+            report.PrintReport(false);
         seams().letEventsRun();
     }
 

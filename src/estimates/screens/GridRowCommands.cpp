@@ -38,8 +38,10 @@ void GridRowCommands::rearrange(const QList<int>& formerRows, int current) {
     for (int row = 1; row <= m_grid->rows(); ++row) values << m_grid->rowValues(row);
     for (int row = 1; row <= formerRows.size(); ++row) {
         const int former = formerRows.at(row - 1);
-        if (former == 0) m_grid->clearRow(row);
-        else m_grid->setRowValues(row, values.at(former - 1));
+        if (former == 0)
+            m_grid->clearRow(row);
+        else
+            m_grid->setRowValues(row, values.at(former - 1));
     }
     m_grid->setCurrent(current, qMax(m_grid->currentColumn(), 1));
     m_grid->setFocus();

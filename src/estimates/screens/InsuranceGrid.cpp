@@ -63,8 +63,7 @@ QList<clsClaim> InsuranceGrid::payersOf(int row) const {
         return payers;
     }
     QList<clsInsClaim> pairs;
-    gInsClaimManager.GetList(pairs,
-                             u"[法別請求対応].[法別No] = %1 AND [請求先].[有効Flg] = 0"_qs.arg(sqlNumber(law)),
+    gInsClaimManager.GetList(pairs, u"[法別請求対応].[法別No] = %1 AND [請求先].[有効Flg] = 0"_qs.arg(sqlNumber(law)),
                              u"[法別請求対応].[順番]"_qs, Direction::Descending);
     for (const clsInsClaim& pair : pairs) {
         clsClaim payer;
@@ -96,10 +95,14 @@ bool InsuranceGrid::offerChoices(int row, int column) {
 
 void InsuranceGrid::takeEdit(int row, int column) {
     switch (column) {
-    case InsNm: return takeLaw(row);
-    case ClaimCd: return takeCode(row);
-    case ClaimNm: return takeName(row);
-    default: return;
+    case InsNm:
+        return takeLaw(row);
+    case ClaimCd:
+        return takeCode(row);
+    case ClaimNm:
+        return takeName(row);
+    default:
+        return;
     }
 }
 
@@ -112,6 +115,8 @@ void InsuranceGrid::takeLaw(int row) {
     QList<clsIns> laws;
     gInsManager.GetList(laws, u"[法別] = "_qs + sqlText(name), u"[法別No]"_qs);
     m_grid->setValue(row, InsNo, laws.isEmpty() ? QString() : laws.first().InsNo);
+    // The patient pays: the payer of another law has no part in it.
+    if (isPrivate(row) && !m_grid->value(row, ClaimNo).isEmpty()) setPayer(row, {});
 }
 
 void InsuranceGrid::setPayer(int row, const clsClaim& claim) {
@@ -122,12 +127,15 @@ void InsuranceGrid::setPayer(int row, const clsClaim& claim) {
 
 // A known code brings its payer; a new one waits for its name.
 void InsuranceGrid::takeCode(int row) {
-    const QString code = m_grid->value(row, ClaimCd);
+    if (isPrivate(row)) return m_grid->setValue(row, ClaimCd, {});
+    const QString code = Text::rightTrimmed(m_grid->value(row, ClaimCd));
     QList<clsClaim> found;
     if (!code.isEmpty())
         gClaimManager.GetList(found, u"[請求先コード] = %1 AND [有効Flg] = 0"_qs.arg(sqlText(code)), u"[順番]"_qs);
-    if (!found.isEmpty()) setPayer(row, found.first());
-    else m_grid->setValue(row, ClaimNo, {});
+    if (!found.isEmpty())
+        setPayer(row, found.first());
+    else
+        m_grid->setValue(row, ClaimNo, {});
 }
 
 void InsuranceGrid::takeName(int row) {

@@ -22,15 +22,12 @@
 #include "ui_CsEstimateSchedulePage.h"
 #include "ui_frmCsEstimate.h"
 
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 namespace {
 
 const QString screenWord = u"顧客見積"_qs;
-
-void copyDate(const DateField* from, DateField* to) {
-    if (to->value() != from->value()) to->setValue(from->value());
-}
 
 void fillIfEmpty(DateField* field, const QString& date) {
     if (field->value().isEmpty()) field->setValue(date);
@@ -71,7 +68,8 @@ void frmCsEstimate::setUpTabKeys() {
 void frmCsEstimate::connectPages() {
     connect(ui->tabCsEst, &QTabWidget::currentChanged, this, [this](int page) { guarded([&] { pageTurned(page); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this, &frmCsEstimate::showName);
-    connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this, [this] { guarded([this] { insurancesChanged(); }); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this,
+            [this] { guarded([this] { insurancesChanged(); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::customerChosen, this, [this](const clsCustomer& customer) {
         m_draft.customer = customer;
         showNumbers(m_draft);
@@ -102,14 +100,19 @@ void frmCsEstimate::connectMirrors() {
     const auto& basic = *ui->pagBasic->ui;
     const auto& schedule = *ui->pagSchedule->ui;
     DateField* receipt = ui->pagPrint->receiptDate(0);
-    for (const auto& [first, second] : {std::pair(basic.idtPickPtnDate2, schedule.idtPickPtnDate),
-                                        std::pair(basic.idtDelvFinDate2, schedule.idtDelvFinDate),
-                                        std::pair(basic.idtPayPrtDate2, receipt)}) {
-        connect(first, &DateField::valueSettled, this, [first = first, second = second] { copyDate(first, second); });
-        connect(second, &DateField::valueSettled, this, [first = first, second = second] { copyDate(second, first); });
+    // Only a delivery date typed beside the customer fills the others; what is copied here changes nothing else.
+    const auto mirror = [this](const DateField* from, DateField* to) {
+        const QScopedValueRollback mirroring(m_mirroring, true);
+        if (to->value() != from->value()) to->setValue(from->value());
+    };
+    for (const auto& [first, second] :
+         {std::pair(basic.idtPickPtnDate2, schedule.idtPickPtnDate),
+          std::pair(basic.idtDelvFinDate2, schedule.idtDelvFinDate), std::pair(basic.idtPayPrtDate2, receipt)}) {
+        connect(first, &DateField::valueSettled, this, [=, first = first, second = second] { mirror(first, second); });
+        connect(second, &DateField::valueSettled, this, [=, first = first, second = second] { mirror(second, first); });
     }
     connect(basic.idtDelvFinDate2, &DateField::valueSettled, this, [this, &basic, &schedule] {
-        if (m_suppressed || basic.idtDelvFinDate2->value().isEmpty()) return;
+        if (m_suppressed || m_mirroring || basic.idtDelvFinDate2->value().isEmpty()) return;
         fillIfEmpty(schedule.idtDelvPlnDate, basic.idtDelvFinDate2->value());
         fillIfEmpty(schedule.idtCmpltFinDate, basic.idtDelvFinDate2->value());
     });
@@ -155,7 +158,8 @@ void frmCsEstimate::load() {
     ui->pagBasic->fillLists();
     ui->pagSchedule->fillLists();
     // Which item is in view is no change of the order.
-    for (ChoiceBox* choice : {ui->pagMake->ui->itemChoice->ui->cboSelectItem, ui->pagParts->ui->itemChoice->ui->cboSelectItem})
+    for (ChoiceBox* choice :
+         {ui->pagMake->ui->itemChoice->ui->cboSelectItem, ui->pagParts->ui->itemChoice->ui->cboSelectItem})
         choice->setProperty("tag", u"Attached"_qs);
     AttachControls(this, wrappers);
     if (EstId.isEmpty()) {
@@ -188,7 +192,7 @@ void frmCsEstimate::setMode(qint16 mode) {
 // --- what stands on the screen ---
 
 void frmCsEstimate::showOrder(const EstimateDraft& draft) {
-    m_suppressed = true;
+    const QScopedValueRollback refilling(m_suppressed, true);
     m_draft = draft;
     showNumbers(draft);
     showStatus(draft.estimate.ProcKbnNo.isEmpty() ? WorkStatus::Nothing : draft.estimate.ProcKbnNo);
@@ -203,7 +207,6 @@ void frmCsEstimate::showOrder(const EstimateDraft& draft) {
     pageTurned(ui->tabCsEst->currentIndex());
     insurancesChanged();
     RecalcAmounts();
-    m_suppressed = false;
     clearEdited();
 }
 
@@ -224,19 +227,20 @@ void frmCsEstimate::showStatus(const QString& number) {
 
 void frmCsEstimate::showName() { ui->lblName->setText(ui->pagBasic->customerName()); }
 
-void frmCsEstimate::showStored(const QString& id) {
+bool frmCsEstimate::showStored(const QString& id) {
     EstimateDraft stored;
     if (!loadEstimate(id, stored)) {
         ShowMessage(121, u"見積"_qs);
-        return;
+        return false;
     }
     EstId = id;
     showOrder(stored);
+    return true;
 }
 
 bool frmCsEstimate::openStored(const QString& id, qint16 mode) {
     if (!queryUnload()) return false;
-    showStored(id);
+    if (!showStored(id)) return false;
     setMode(mode);
     return true;
 }
@@ -263,8 +267,10 @@ void frmCsEstimate::pageTurned(int page) {
     if (page != MakeElements && page != Parts) return;
     dropOrphans();
     const QList<ShownItem> items = ui->pagItem->items();
-    if (page == MakeElements) m_makeEditor->enter(items, ui->pagBasic->ageKbn());
-    else m_partsEditor->enter(items, ui->pagBasic->ageKbn());
+    if (page == MakeElements)
+        m_makeEditor->enter(items, ui->pagBasic->ageKbn());
+    else
+        m_partsEditor->enter(items, ui->pagBasic->ageKbn());
     if (!m_suppressed) RecalcAmounts();
 }
 
@@ -300,6 +306,7 @@ EstimateDraft frmCsEstimate::collect() {
     ui->pagSchedule->collect(draft.estimate);
     ui->pagPrint->collect(draft);
     draft.estimate.EstNm = ui->txtEstName->value();
+    draft.estimate.Claim.clear();
     draft.estimate.PriceSedYear = ui->lblPriceBase->text();
     draft.uncollected = ui->lblStatus->text() == WorkStatus::UncollectedName;
 
@@ -353,22 +360,28 @@ void frmCsEstimate::execute() {
     const bool isNew = EditMode == Add;
     setMode(Edit);
     showStored(EstId);
-    ShowMessage(902, isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
+    ShowMessage(902,
+                isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
 }
 
 bool frmCsEstimate::queryUnload() {
     if (EditMode == Delete || !Loaded || !IsEdited()) return true;
     switch (ShowMessage(201, u"見積"_qs)) {
-    case AnswerYes: return save();
-    case AnswerNo: return true;
-    default: return false;
+    case AnswerYes:
+        return save();
+    case AnswerNo:
+        return true;
+    default:
+        return false;
     }
 }
 
 void frmCsEstimate::cancel() {
     if (ShowMessage(302, screenWord) != AnswerYes) return;
-    if (EditMode == Edit && !EstId.isEmpty()) showStored(EstId);
-    else showEmpty();
+    if (EditMode == Edit && !EstId.isEmpty())
+        showStored(EstId);
+    else
+        showEmpty();
 }
 
 void frmCsEstimate::removeEstimate() {
@@ -392,6 +405,8 @@ void frmCsEstimate::becomeNewEstimate() {
     m_draft.estimate.EstId.clear();
     m_draft.estimate.EstNo.clear();
     m_draft.estimate.UpdDate.clear();
+    m_draft.estimate.OpnPrtDate.clear();
+    for (ClaimRow& claim : m_draft.claims) claim.ask = {};
     ui->lblPriceBase->setText(gPriceYear);
     showNumbers(m_draft);
 }
@@ -399,23 +414,26 @@ void frmCsEstimate::becomeNewEstimate() {
 void frmCsEstimate::RepriceAll() {
     dropOrphans();
     const bool incomplete = repriceAll(m_draft.lines, itemCells(), ui->pagBasic->ageKbn());
-    m_makeEditor->refresh();
-    m_partsEditor->refresh();
+    m_makeEditor->refresh(ui->pagBasic->ageKbn());
+    m_partsEditor->refresh(ui->pagBasic->ageKbn());
     RecalcAmounts();
     m_edited = true;
     if (!incomplete) return;
-    ShowMessage(902, u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
+    ShowMessage(
+        902, u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
     if (gLogger) OpenWithShell(gLogger->FileNm());
 }
 
 void frmCsEstimate::clearPerson() {
     if (ShowMessage(204, u"個人情報"_qs) != AnswerYes) return;
-    m_suppressed = true;
-    m_draft.customer = {};
-    m_draft.claims.clear();
-    ui->pagBasic->showCustomer({}, {}, {}, {});
-    ui->pagSchedule->resetTax();
-    m_suppressed = false;
+    {
+        const QScopedValueRollback refilling(m_suppressed, true);
+        m_draft.customer = {};
+        m_draft.claims.clear();
+        ui->pagBasic->showCustomer({}, {}, {}, {});
+        ui->pagBasic->ui->txtGrantNo->setValue({});
+        ui->pagSchedule->resetTax();
+    }
     becomeNewEstimate();
     RepriceAll();
 }
@@ -433,6 +451,7 @@ void frmCsEstimate::ClearEstimate(Clearing level) {
         ui->pagSchedule->ui->cboDiscount2->setText(kept.discount2);
         ui->pagSchedule->ui->cboDiscount3->setText(kept.discount3);
     } else {
+        empty.estimate.GrantNo = ui->pagBasic->ui->txtGrantNo->value();
         ui->pagBasic->showProduct(empty);
         ui->pagSchedule->ui->txtEstMemo->setValue({});
     }
@@ -449,9 +468,10 @@ void frmCsEstimate::ClearEstimate(Clearing level) {
 
 void frmCsEstimate::clearEstimate() {
     if (ShowMessage(204, u"見積"_qs) != AnswerYes) return;
-    m_suppressed = true;
-    ClearEstimate(Clearing::Everything);
-    m_suppressed = false;
+    {
+        const QScopedValueRollback refilling(m_suppressed, true);
+        ClearEstimate(Clearing::Everything);
+    }
     becomeNewEstimate();
     RecalcAmounts();
     m_edited = true;
@@ -459,19 +479,21 @@ void frmCsEstimate::clearEstimate() {
 
 void frmCsEstimate::takeCurrentPrices() {
     if (ShowMessage(205, u"価格更新処理"_qs) != AnswerYes) return;
-    m_suppressed = true;
-    ui->pagSchedule->resetTax();
-    m_suppressed = false;
+    {
+        const QScopedValueRollback refilling(m_suppressed, true);
+        ui->pagSchedule->resetTax();
+    }
     ui->lblPriceBase->setText(gPriceYear);
     RepriceAll();
 }
 
 void frmCsEstimate::receiveAgain() {
     if (ShowMessage(205, u"再来受付処理"_qs) != AnswerYes) return;
-    m_suppressed = true;
-    ClearEstimate(Clearing::Dates);
-    ui->pagSchedule->resetTax();
-    m_suppressed = false;
+    {
+        const QScopedValueRollback refilling(m_suppressed, true);
+        ClearEstimate(Clearing::Dates);
+        ui->pagSchedule->resetTax();
+    }
     becomeNewEstimate();
     EstId.clear();
     setMode(Add);
@@ -504,7 +526,8 @@ void frmCsEstimate::proposeName() {
         items << NamedItem{item.cells.at(ItemGrid::Item), item.cells.at(ItemGrid::Name), item.cells.at(ItemGrid::Form),
                            item.texts.at(ItemGrid::PickStyle - ItemGrid::Item),
                            item.texts.at(ItemGrid::GrantRepair - ItemGrid::Item)};
-    const NameSettings settings{gSysSettingManager.value(17), gSysSettingManager.value(18), gSysSettingManager.value(19)};
+    const NameSettings settings{gSysSettingManager.value(17), gSysSettingManager.value(18),
+                                gSysSettingManager.value(19)};
     ui->txtEstName->setValue(automaticName(items, ui->pagBasic->ui->cboLR->text(), settings));
 }
 
@@ -553,11 +576,19 @@ void frmCsEstimate::printReceipt() {
         EstimatePrinting::run({draft, order, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
 }
 
+// The row of the first claim; without a claim the first row.
+int frmCsEstimate::firstClaimRow() const {
+    const QList<ClaimRow> rows = ui->pagBasic->insuranceRows();
+    const auto used = std::find_if(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
+    return used == rows.end() ? 0 : static_cast<int>(used - rows.begin());
+}
+
 bool frmCsEstimate::setReceiptAmount() {
-    const QString advance = ui->pagBasic->ui->numPartialPayment->value();
+    const NumberField* partial = ui->pagBasic->ui->numPartialPayment;
+    const QString advance = partial->isEnabled() ? partial->value() : QString();
     const bool whole = advance.isEmpty();
     const QString expected = whole ? m_draft.estimate.EstSum : formatWhole(advance);
-    NumberField* received = ui->pagPrint->payPrice(0);
+    NumberField* received = ui->pagPrint->payPrice(firstClaimRow());
     if (Money::leadingNumber(received->value()) == Money::leadingNumber(expected)) return whole;
     const bool unsaved = EstId.isEmpty() || IsEdited();
     received->setValue(expected);

@@ -51,7 +51,7 @@ private:
     void showStatus(const QString& number);
     void showName();
     EstimateDraft collect();
-    void showStored(const QString& EstId);
+    bool showStored(const QString& EstId);
     void showEmpty();
     void RecalcAmounts();
     void ShowAmounts(const EstimateAmounts& amounts);
@@ -86,6 +86,7 @@ private:
     void printTicked(EstimatePrinting::To to);
     void printReceipt();
     // Brings the amount received of the first claim to what is expected; true when that is the grand total.
+    int firstClaimRow() const;
     bool setReceiptAmount();
     bool confirmPrinting(EstimatePrinting::To to);
     void becomeNewEstimate();
@@ -96,5 +97,6 @@ private:
     ElementEditor<clsCsCmpltElmt>* m_partsEditor = nullptr;
     bool m_edited = false;
     bool m_warnedUnsaved = false; // within one printing command
-    bool m_suppressed = false; // while the program refills the screen
+    bool m_mirroring = false;     // while a date is copied into its mirror
+    bool m_suppressed = false;    // while the program refills the screen
 };

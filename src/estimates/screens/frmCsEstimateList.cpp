@@ -233,9 +233,9 @@ void frmCsEstimateList::pageTurned(int page) {
 }
 
 void frmCsEstimateList::showCustomers() {
-    m_customersAskedBy = ui->pagSearch->filter().condition();
     m_ticked.clear();
-    m_customers->show(clsCustomerManager::KeysWithEst(m_customersAskedBy, u"[顧客情報].[顧客番号]"_qs));
+    m_customers->show(
+        clsCustomerManager::KeysWithEst(ui->pagSearch->filter().condition(), u"[顧客情報].[顧客番号]"_qs));
 }
 
 void frmCsEstimateList::customersShown() { m_ticked.clear(); }
@@ -253,14 +253,7 @@ void frmCsEstimateList::openCustomer(int row) {
     turnTo(Estimates);
 }
 
-void frmCsEstimateList::showEstimates() {
-    // Ticks belong to the conditions that found the customers.
-    if (ui->pagSearch->filter().condition() != m_customersAskedBy) {
-        m_ticked.clear();
-        m_customers->clear();
-    }
-    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
-}
+void frmCsEstimateList::showEstimates() { m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order())); }
 
 // --- the list as it is asked for ---
 

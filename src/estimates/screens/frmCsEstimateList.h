@@ -83,8 +83,7 @@ private:
     std::unique_ptr<Ui::frmCsEstimateList> ui;
     KeyedList* m_customers;
     KeyedList* m_estimates;
-    QSet<int> m_ticked;         // rows of flxCustList
-    QString m_customersAskedBy; // the condition that they answer
+    QSet<int> m_ticked; // rows of flxCustList
 
     QString m_exclusions; // 法別 names that the list without them leaves out
     bool m_busy = false;
