@@ -78,7 +78,7 @@ private:
     }
 
     void read(Connection& connection, const QString& statement) {
-        Recordset rows = connection.query(statement);
+        Recordset rows = connection.querySoonest(statement);
         QStringList keys;
         int batch = firstBatch;
         while (rows.next()) {
