@@ -1,6 +1,8 @@
 #include "HalvaneTest.h"
 
 #ifdef QT_WIDGETS_LIB
+#include "support/OfficeDisplay.h"
+
 #include <QApplication>
 using TestApplication = QApplication;
 #else
@@ -38,6 +40,9 @@ int listClasses() {
 // The first argument names the test class; the rest are the options of Qt Test.
 int main(int argc, char** argv) {
     std::set_terminate(tellUnexpected);
+#ifdef QT_WIDGETS_LIB
+    useOfficeDisplay();
+#endif
     TestApplication application(argc, argv);
     QStringList arguments = application.arguments();
     if (arguments.size() < 2) return listClasses();

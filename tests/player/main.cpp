@@ -2,6 +2,7 @@
 #include "StepTable.h"
 #include "base/AppError.h"
 #include "reports/engine/ReportRecorder.h"
+#include "support/OfficeDisplay.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -78,6 +79,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         for (const char* reading : {"--list", "--check", "--help"})
             if (qstrcmp(argv[i], reading) == 0) return std::make_unique<QCoreApplication>(argc, argv);
+    useOfficeDisplay();
     auto application = std::make_unique<QApplication>(argc, argv);
     application->setApplicationName(u"Halvane"_qs);
     Style::apply(*application);
