@@ -83,7 +83,7 @@ QWidget* Desk::control(const QString& written) {
     if (screen->objectName() == name) return screen;
     if (QWidget* found = firstVisible(screen->findChildren<QWidget*>(name))) return found;
     if (QWidget* member = firstVisible(arrayMembers(screen, name))) return member;
-    throw StepFailure{u"no control %1 in %2"_qs.arg(name, screen->objectName()), u"the control"_qs};
+    throw StepFailure{u"no control %1 in %2"_qs.arg(written, screen->objectName()), u"the control"_qs};
 }
 
 Grid* Desk::grid(const QString& name) {

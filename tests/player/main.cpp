@@ -73,11 +73,16 @@ PaperSource papersOf(ReportRecorder& recorder) {
     return source;
 }
 
-// Reading alone needs no display.
+bool hasDisplay() {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+// Reading alone needs no display, and playing goes without one.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         for (const char* reading : {"--list", "--check", "--help"})
             if (qstrcmp(argv[i], reading) == 0) return std::make_unique<QCoreApplication>(argc, argv);
+    if (!hasDisplay() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     auto application = std::make_unique<QApplication>(argc, argv);
     application->setApplicationName(u"Halvane"_qs);
     Style::apply(*application);
