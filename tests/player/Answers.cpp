@@ -79,6 +79,7 @@ qint16 Answers::answer(const MessageBoxRequest& request) {
     m_said << request.text;
     if (request.buttons == MessageButtons::Ok) {
         m_boxes << Box{request.text, false};
+        if (m_words.value(0) == u"ok") m_words.removeFirst();
         return AnswerNone;
     }
     if (m_givesWay) return yieldingAnswer(request.buttons);

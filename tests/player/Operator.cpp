@@ -182,6 +182,8 @@ void Operator::pick(QWidget* control, const QString& text) {
 void Operator::tick(const QString& name, bool on) {
     QAbstractButton* button = buttonOf(Desk::usableControl(name));
     if (!button->isCheckable()) throw StepFailure{u"%1 cannot be ticked"_qs.arg(name), u"a tick box"_qs};
+    if (!on && button->autoExclusive() && button->isChecked())
+        throw StepFailure{u"%1 is an option, which another one turns off"_qs.arg(name), u"off"_qs};
     if (button->isChecked() != on) press(name);
 }
 

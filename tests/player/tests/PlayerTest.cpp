@@ -200,6 +200,10 @@ private slots:
               "expect question 続けますか\nexpect no message"_qs);
     }
 
+    void preparedOkBelongsToABoxWithOkAlone() {
+        holds(u"answer ok no\npress cmdTell\npress cmdAsk\nexpect text lblResult 7\nexpect message 終わりました"_qs);
+    }
+
     void altLetterIsWaitedFor() { holds(u"answer yes\nkey cmdAsk Alt+A\nexpect text lblResult 6"_qs); }
 
     void unpreparedQuestionFailsWithItsText() {
