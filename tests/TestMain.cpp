@@ -17,6 +17,7 @@ using TestApplication = QCoreApplication;
 namespace {
 
 constexpr int unknownClass = 2;
+constexpr char functionTimeout[] = "QTEST_FUNCTION_TIMEOUT"; // in milliseconds
 
 int listClasses() {
     for (const auto& [name, make] : testClasses()) std::printf("%s\n", qUtf8Printable(name));
@@ -40,6 +41,8 @@ int listClasses() {
 // The first argument names the test class; the rest are the options of Qt Test.
 int main(int argc, char** argv) {
     std::set_terminate(tellUnexpected);
+    // Some tests run as long as they are asked to; a test that hangs is ended from outside.
+    if (!qEnvironmentVariableIsSet(functionTimeout)) qputenv(functionTimeout, "3600000");
 #ifdef QT_WIDGETS_LIB
     useOfficeDisplay();
 #endif

@@ -43,6 +43,8 @@ bool isArithmetic(const SqlToken& token) {
     return token.isSymbol(u"+") || token.isSymbol(u"-") || token.isSymbol(u"*");
 }
 
+bool isSign(const SqlToken& token) { return token.isSymbol(u"+") || token.isSymbol(u"-"); }
+
 bool startsOperand(const SqlToken& token) {
     switch (token.kind) {
     case SqlToken::Name:
@@ -53,7 +55,7 @@ bool startsOperand(const SqlToken& token) {
     case SqlToken::Word:
         return !isKeyword(token);
     case SqlToken::Symbol:
-        return token.text == u"(";
+        return token.text == u"(" || isSign(token);
     case SqlToken::End:
         return false;
     }
@@ -164,9 +166,27 @@ QString SqlTranslator::takeName() {
 
 // --- statements ---
 
-QString SqlTranslator::selectStatement() {
-    if (accept(u"DISTINCTROW")) return u" DISTINCT"_qs + clauses();
-    return clauses();
+QString SqlTranslator::selectStatement(Kind* firstKind) {
+    SelectList list;
+    SelectList* const outer = std::exchange(m_list, &list);
+    const QString distinct = accept(u"DISTINCTROW") ? u" DISTINCT"_qs : QString();
+    const QString text = distinct + clauses();
+    endSelectList(at());
+    m_list = outer;
+    if (firstKind) *firstKind = list.first.value(0, Kind::Unknown);
+    return text;
+}
+
+// One engine would put values of two kinds below each other, the other one would convert or refuse them.
+void SqlTranslator::endSelectList(const SqlToken& at) {
+    if (m_list->first.isEmpty()) m_list->first = m_list->kinds;
+    const qsizetype columns = qMin(m_list->first.size(), m_list->kinds.size());
+    for (qsizetype i = 0; i < columns; ++i) {
+        const Kind above = m_list->first.at(i), below = m_list->kinds.at(i);
+        if (above != below && above != Kind::Unknown && below != Kind::Unknown) raiseMismatch(at);
+    }
+    m_list->kinds.clear();
+    m_list->open = true;
 }
 
 QString SqlTranslator::insertStatement() {
@@ -293,7 +313,7 @@ QString SqlTranslator::sortTerms() {
 
 QString SqlTranslator::expressionUntilComma() {
     const SqlToken start = at();
-    if (start.kind == SqlToken::Number || start.kind == SqlToken::String)
+    if (start.kind == SqlToken::Number || start.kind == SqlToken::String || isSign(start))
         raiseSqlError(u"並べ替えに使えない値です。"_qs, start);
     if (!startsOperand(start)) raiseSqlError(u"値がありません。"_qs, start);
     return operand().text;
@@ -302,13 +322,7 @@ QString SqlTranslator::expressionUntilComma() {
 // One keyword, sign or value of a clause, with what belongs to it.
 QString SqlTranslator::word() {
     const SqlToken token = at();
-    if (startsOperand(token)) {
-        Operand left = operand();
-        if (m_firstKind) *std::exchange(m_firstKind, nullptr) = left.kind;
-        const QString behind = comparison(left);
-        refuseValue();
-        return left.text + behind;
-    }
+    if (startsOperand(token)) return valueWord();
     if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isArithmetic(token))) {
         take();
         return token.text;
@@ -319,7 +333,19 @@ QString SqlTranslator::word() {
         token.is(u"DISTINCTROW"))
         raiseSqlError(u"この語はここでは使えません。"_qs, token);
     if (token.is(u"AS")) return u"AS "_qs + takeName();
+    if (m_list && token.is(u"FROM")) m_list->open = false;
+    if (m_list && token.is(u"UNION")) endSelectList(token);
     return token.text.toUpper();
+}
+
+QString SqlTranslator::valueWord() {
+    Operand left = operand();
+    const QString behind = comparison(left);
+    refuseValue();
+    if (!m_list || !m_list->open) return left.text + behind;
+    m_list->kinds << (behind.isEmpty() ? left.kind : Kind::Truth);
+    const bool isText = left.literal && left.kind == Kind::Text && behind.isEmpty();
+    return isText ? m_dialect.caseBlind(left.text) : left.text + behind;
 }
 
 // A value right behind a value would be taken as its new name, under which its column is not known any more.
@@ -399,6 +425,7 @@ QString SqlTranslator::between(Operand& left) {
     expect(u"AND");
     Operand high = operand(expected);
     match(left, high, start);
+    match(left, low, start); // the upper end may have changed the kind
     left.text = comparable(left);
     return comparable(low) + u" AND "_qs + comparable(high);
 }
@@ -467,10 +494,19 @@ SqlTranslator::Operand SqlTranslator::joined(Kind expected) {
     return {m_dialect.caseBlind(u'(' + parts.join(u" || "_qs) + u')'), Kind::Text, {}, false};
 }
 
+SqlTranslator::Operand SqlTranslator::signedValue() {
+    const SqlToken sign = take();
+    const SqlToken next = at();
+    if (isSign(next)) raiseSqlError(u"値がありません。"_qs, next);
+    Operand value = primary(Kind::Number);
+    requireNumber(value, next);
+    return {u"(%1 %2)"_qs.arg(sign.text, value.text), Kind::Number, {}, false};
+}
+
 SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
-    const bool negative = at().isSymbol(u"-") && at(1).kind == SqlToken::Number;
-    const bool positive = at().isSymbol(u"+") && at(1).kind == SqlToken::Number;
-    if (negative || positive) take();
+    if (isSign(at()) && at(1).kind != SqlToken::Number) return signedValue();
+    const bool negative = at().isSymbol(u"-");
+    if (isSign(at())) take();
     const SqlToken token = at();
     switch (token.kind) {
     case SqlToken::String:
@@ -500,15 +536,13 @@ SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
 // A select, a join, a condition, or a value, whose kind it keeps.
 SqlTranslator::Operand SqlTranslator::bracket() {
     expectSymbol(u"(");
-    Kind first = Kind::Unknown;
-    Kind* const outer = std::exchange(m_firstKind, nullptr);
     if (accept(u"SELECT")) {
-        m_firstKind = &first;
-        const QString inside = u"SELECT"_qs + selectStatement();
-        m_firstKind = outer;
+        Kind first = Kind::Unknown;
+        const QString inside = u"SELECT"_qs + selectStatement(&first);
         expectSymbol(u")");
         return {u'(' + inside + u')', first, {}, true};
     }
+    SelectList* const outer = std::exchange(m_list, nullptr);
     QStringList words;
     Operand only;
     bool isCondition = false, isJoin = false;
@@ -526,7 +560,7 @@ SqlTranslator::Operand SqlTranslator::bracket() {
         isJoin = isJoin || token.is(u"JOIN");
         words << word();
     }
-    m_firstKind = outer;
+    m_list = outer;
     if (words.isEmpty()) raiseSqlError(u"かっこの中が空です。"_qs, at());
     expectSymbol(u")");
     const QString text = u'(' + words.join(u' ') + u')';
@@ -556,7 +590,9 @@ SqlTranslator::Operand SqlTranslator::function() {
 
 SqlTranslator::Operand SqlTranslator::choice() {
     QStringList condition;
+    SelectList* const outer = std::exchange(m_list, nullptr);
     while (!at().isSymbol(u",") && !at().isSymbol(u")") && at().kind != SqlToken::End) condition << word();
+    m_list = outer;
     if (condition.isEmpty()) raiseSqlError(u"条件がありません。"_qs, at());
     expectSymbol(u",");
     Operand yes = operand();

@@ -38,6 +38,13 @@ private:
         bool isSelect = false; // a select in brackets
     };
 
+    // The kinds of a select's columns, which those of a select behind UNION must share.
+    struct SelectList {
+        QList<Kind> kinds;
+        QList<Kind> first;
+        bool open = true;
+    };
+
     const SqlToken& at(qsizetype ahead = 0) const;
     const SqlToken& take();
     bool accept(QStringView word);
@@ -46,7 +53,9 @@ private:
     void expectSymbol(QStringView symbol);
     QString takeName();
 
-    QString selectStatement();
+    // `firstKind` takes the kind of the first column.
+    QString selectStatement(Kind* firstKind = nullptr);
+    void endSelectList(const SqlToken& at);
     QString insertStatement();
     QString updateStatement();
     QString deleteStatement();
@@ -61,6 +70,7 @@ private:
     QString clauses();
     QString sortTerms();
     QString word();
+    QString valueWord();
     void refuseValue() const;
     // What follows a value; a literal on the left takes the kind of the value on the right.
     QString comparison(Operand& left);
@@ -71,6 +81,7 @@ private:
     Operand operand(Kind expected = Kind::Unknown);
     Operand joined(Kind expected);
     Operand primary(Kind expected);
+    Operand signedValue();
     Operand function();
     Operand choice();
     Operand aggregate(const SqlToken& called);
@@ -93,5 +104,5 @@ private:
     QList<const Schema::Table*> m_tables;
     qsizetype m_at = 0;
     int m_depth = 0;
-    Kind* m_firstKind = nullptr; // where the kind of a select's first column goes
+    SelectList* m_list = nullptr; // of the select that is read; none inside of a bracket
 };

@@ -6,6 +6,8 @@
 #include "price/PriceManagers.h"
 #include "price/basPriceLookup.h"
 
+#include <QMap>
+
 namespace {
 
 const QString byId = u"[ID]"_qs;
@@ -33,7 +35,8 @@ bool holds(const CellChoices& choices, const QString& value) {
 
 CellChoices assistChoices(int group) {
     CellChoices choices;
-    for (const clsAssist& assist : gAssistManager.group(group)) choices << CellChoice{assist.AsstNo, assist.AsstView, {}};
+    for (const clsAssist& assist : gAssistManager.group(group))
+        choices << CellChoice{assist.AsstNo, assist.AsstView, {}};
     return choices;
 }
 
@@ -100,8 +103,10 @@ void takeRowId(Cells& row) {
 // Only the 種目 priced by 採型 or 採寸 ask for that choice.
 void applyPickStyle(Cells& row) {
     if (row.at(Item).isEmpty()) return;
-    if (!hasPickStyle(row.at(Item))) row[PickStyle] = u"0"_qs;
-    else if (row.at(PickStyle) != u"1" && row.at(PickStyle) != u"2") row[PickStyle].clear();
+    if (!hasPickStyle(row.at(Item)))
+        row[PickStyle] = u"0"_qs;
+    else if (row.at(PickStyle) != u"1" && row.at(PickStyle) != u"2")
+        row[PickStyle].clear();
 }
 
 } // namespace
@@ -111,7 +116,9 @@ CellChoices choices(const Cells& row, int column) {
     if (!isFilledUpTo(row, qMin(column, int(PickStyle)))) return {};
     QList<clsPriceItem> items;
     switch (column) {
-    case Item: gPriceItemManager.GetListSumItem(items); return choicesOf(items, &clsPriceItem::Item);
+    case Item:
+        gPriceItemManager.GetListSumItem(items);
+        return choicesOf(items, &clsPriceItem::Item);
     case PickKbn:
         gPriceItemManager.GetListSumPickPtnKbn(items, row.at(Item));
         return choicesOf(items, &clsPriceItem::PickKbn);
@@ -121,9 +128,12 @@ CellChoices choices(const Cells& row, int column) {
     case Form:
         gPriceItemManager.GetListSumForm(items, row.at(Item), row.at(PickKbn), row.at(Name));
         return choicesOf(items, &clsPriceItem::Form);
-    case PickStyle: return hasPickStyle(row.at(Item)) ? assistChoices(AssistGroup::PickStyle) : CellChoices();
-    case GrantRepair: return assistChoices(AssistGroup::GrantRepair);
-    default: return {};
+    case PickStyle:
+        return hasPickStyle(row.at(Item)) ? assistChoices(AssistGroup::PickStyle) : CellChoices();
+    case GrantRepair:
+        return assistChoices(AssistGroup::GrantRepair);
+    default:
+        return {};
     }
 }
 
@@ -161,7 +171,8 @@ void edited(Cells& row, int column, const QString& before) {
     case Form:
         if (!empty) checkRowId(row, Form);
         break;
-    default: break;
+    default:
+        break;
     }
 }
 
@@ -172,6 +183,46 @@ LineContext context(const Cells& row, const QString& ageKbn) {
 bool isUsable(const Cells& row) { return !row.at(Item).isEmpty() && !row.at(PickKbn).isEmpty(); }
 
 } // namespace ItemGrid
+
+// --- element lines ---
+
+namespace {
+
+// What follows from an edit of an element line. The two grids differ in their columns and in what narrows what.
+struct LineRules {
+    struct Columns {
+        int rowId, suryo, unitPrice, price;
+    };
+    struct Text {
+        void (*narrow)(Cells&, const LineContext&); // none: nothing depends on it but the price
+        bool needed;                                // without it the line holds nothing to its right
+    };
+
+    Columns columns;
+    void (*takeRowId)(Cells&, const LineContext&);
+    void (*checkRowId)(Cells&, int column, const LineContext&);
+    void (*priceLine)(Cells&, const LineContext&);
+    QMap<int, Text> texts;
+};
+
+void lineEdited(const LineRules& rules, Cells& row, int column, const QString& before, const LineContext& context) {
+    if (row.at(column) == before) return;
+    const bool empty = row.at(column).isEmpty();
+    const LineRules::Columns& columns = rules.columns;
+    if (column == columns.suryo) row[columns.price] = lineAmount(row.at(columns.unitPrice), row.at(column));
+    if (column == columns.rowId && !empty) rules.takeRowId(row, context);
+    const auto text = rules.texts.constFind(column);
+    const bool isText = text != rules.texts.constEnd();
+    if (empty && (column == columns.rowId || (isText && text->needed))) {
+        clearFrom(row, column, columns.price);
+    } else if (isText) {
+        rules.checkRowId(row, column, context);
+        if (text->narrow) text->narrow(row, context);
+        rules.priceLine(row, context);
+    }
+}
+
+} // namespace
 
 // --- base and make elements ---
 
@@ -204,8 +255,8 @@ void priceLine(Cells& row, const LineContext& context) {
 
 void checkRowId(Cells& row, int column, const LineContext& context) {
     if (row.at(RowId).isEmpty()) return;
-    QString where = idTerm(row.at(RowId)) + u" AND "_qs + itemTerms(context) + u" AND "_qs +
-                    term(u"製作要素"_qs, row.at(MakeElmt));
+    QString where =
+        idTerm(row.at(RowId)) + u" AND "_qs + itemTerms(context) + u" AND "_qs + term(u"製作要素"_qs, row.at(MakeElmt));
     if (column >= Materials) where += u" AND "_qs + term(u"原材料"_qs, row.at(Materials));
     if (selection(where).isEmpty()) row[RowId].clear();
 }
@@ -221,8 +272,10 @@ void takeRowId(Cells& row, const LineContext& context) {
 
 void narrowMaterials(Cells& row, const LineContext& context) {
     const CellChoices list = choices(row, Materials, context);
-    if (list.size() == 1) row[Materials] = list.first().value;
-    else if (!holds(list, row.at(Materials))) clearFrom(row, Materials, Price);
+    if (list.size() == 1)
+        row[Materials] = list.first().value;
+    else if (!holds(list, row.at(Materials)))
+        clearFrom(row, Materials, Price);
 }
 
 } // namespace
@@ -251,33 +304,12 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
 }
 
 void edited(Cells& row, int column, const QString& before, const LineContext& context) {
-    if (row.at(column) == before) return;
-    const bool empty = row.at(column).isEmpty();
-    switch (column) {
-    case RowId:
-        if (empty) clearFrom(row, RowId, Price);
-        else takeRowId(row, context);
-        break;
-    case MakeElmt:
-        if (empty) {
-            clearFrom(row, MakeElmt, Price);
-        } else {
-            checkRowId(row, MakeElmt, context);
-            narrowMaterials(row, context);
-            priceLine(row, context);
-        }
-        break;
-    case Materials:
-        if (empty) {
-            clearFrom(row, Materials, Price);
-        } else {
-            checkRowId(row, Materials, context);
-            priceLine(row, context);
-        }
-        break;
-    case Suryo: row[Price] = lineAmount(row.at(UnitPrice), row.at(Suryo)); break;
-    default: break;
-    }
+    static const LineRules rules{{RowId, Suryo, UnitPrice, Price},
+                                 takeRowId,
+                                 checkRowId,
+                                 priceLine,
+                                 {{MakeElmt, {narrowMaterials, true}}, {Materials, {nullptr, true}}}};
+    lineEdited(rules, row, column, before, context);
 }
 
 } // namespace MakeGrid
@@ -345,22 +377,28 @@ void narrowMaker(Cells& row, const LineContext& context) {
     QStringList makers;
     for (const clsPriceParts& part : partsOf(row, context))
         if (part.PartsCd == row.at(PartsCd) && !makers.contains(part.MakerNm)) makers << part.MakerNm;
-    if (makers.size() == 1) row[MakerNm] = makers.first();
-    else if (!makers.contains(row.at(MakerNm))) row[MakerNm].clear();
+    if (makers.size() == 1)
+        row[MakerNm] = makers.first();
+    else if (!makers.contains(row.at(MakerNm)))
+        row[MakerNm].clear();
 }
 
 void narrowCode(Cells& row, const LineContext& context) {
     const QList<clsPriceParts> list = partsOf(row, context);
     const auto known = [&](const clsPriceParts& part) { return part.PartsCd == row.at(PartsCd); };
-    if (list.size() == 1) row[PartsCd] = list.first().PartsCd;
-    else if (!std::any_of(list.begin(), list.end(), known)) clearFrom(row, PartsCd, Price);
+    if (list.size() == 1)
+        row[PartsCd] = list.first().PartsCd;
+    else if (!std::any_of(list.begin(), list.end(), known))
+        clearFrom(row, PartsCd, Price);
     narrowMaker(row, context);
 }
 
 void narrowForm(Cells& row, const LineContext& context) {
     const CellChoices list = choices(row, Form, context);
-    if (list.size() == 1) row[Form] = list.first().value;
-    else if (!holds(list, row.at(Form))) clearFrom(row, Form, Price);
+    if (list.size() == 1)
+        row[Form] = list.first().value;
+    else if (!holds(list, row.at(Form)))
+        clearFrom(row, Form, Price);
     if (!row.at(Form).isEmpty()) narrowCode(row, context);
 }
 
@@ -378,8 +416,9 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
     switch (column) {
     case RowId:
         for (const clsPriceParts& part : parts(term(u"種目"_qs, context.item) + usable))
-            result << CellChoice{part.ID, part.ID,
-                                 QStringList{part.Name, part.Form, part.PartsCd, part.MakerNm, priceOf(part)}.join(u'／')};
+            result << CellChoice{
+                part.ID, part.ID,
+                QStringList{part.Name, part.Form, part.PartsCd, part.MakerNm, priceOf(part)}.join(u'／')};
         return result;
     case PartsNm:
         gPricePartsManager.GetListSumPartsNm(rows, context.item);
@@ -399,44 +438,19 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
                                  QStringList{byCode ? part.MakerNm : part.PartsCd, priceOf(part)}.join(u'／')};
         }
         return result;
-    default: return {};
+    default:
+        return {};
     }
 }
 
 void edited(Cells& row, int column, const QString& before, const LineContext& context) {
-    if (row.at(column) == before) return;
-    const bool empty = row.at(column).isEmpty();
-    switch (column) {
-    case RowId:
-        if (empty) clearFrom(row, RowId, Price);
-        else takeRowId(row, context);
-        break;
-    case PartsNm:
-        if (empty) {
-            clearFrom(row, PartsNm, Price);
-        } else {
-            checkRowId(row, PartsNm, context);
-            narrowForm(row, context);
-            priceLine(row, context);
-        }
-        break;
-    case Form:
-        if (empty) {
-            clearFrom(row, Form, Price);
-        } else {
-            checkRowId(row, Form, context);
-            narrowCode(row, context);
-            priceLine(row, context);
-        }
-        break;
-    case PartsCd:
-        checkRowId(row, PartsCd, context);
-        narrowMaker(row, context);
-        priceLine(row, context);
-        break;
-    case Suryo: row[Price] = lineAmount(row.at(UnitPrice), row.at(Suryo)); break;
-    default: break;
-    }
+    static const LineRules rules{
+        {RowId, Suryo, UnitPrice, Price},
+        takeRowId,
+        checkRowId,
+        priceLine,
+        {{PartsNm, {narrowForm, true}}, {Form, {narrowCode, true}}, {PartsCd, {narrowMaker, false}}}};
+    lineEdited(rules, row, column, before, context);
 }
 
 } // namespace PartsGrid

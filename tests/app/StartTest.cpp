@@ -99,6 +99,35 @@ private slots:
         QVERIFY(log(database).last().contains(u"HALVANE normal ENDED"_qs));
     }
 
+    // Neither of a day that goes well nor of a server that is not there, however the password reads.
+    void passwordReachesNeitherLogNorScreen() {
+        for (const QString& password : {u"hidden-4711"_qs, u"it's hidden-4711"_qs, u"a=hidden-4711 host=b"_qs}) {
+            const CapturedMessages messages;
+            TestDatabase database;
+            const QString line = u"PassWd="_qs + password + u"\r\n"_qs;
+            gSqlLogEnabled = true;
+            database.writeProfile(line + logHere);
+            const bool opens = Main();
+            if (opens) menu()->close();
+            QVERIFY(opens || TestDatabase::isPostgres());
+            QVERIFY(!log(database).join(u'\n').contains(u"4711"_qs));
+            QVERIFY(!messages.texts.join(u'\n').contains(u"4711"_qs));
+
+            QFile ini(QDir(database.folder()).filePath(u"Halvane.ini"_qs));
+            QVERIFY(ini.open(QIODevice::WriteOnly));
+            ini.write(
+                (u"[DB]\r\nProvider=PostgreSQL\r\nPath=/nowhere\r\nDatabase=none\r\nUserId=a\r\n"_qs + line + logHere)
+                    .toUtf8());
+            ini.close();
+            QVERIFY(!Main());
+            gSqlLogEnabled = false;
+            QVERIFY(log(database).join(u'\n').contains(u"HALVANE normal ENDED"_qs));
+            QVERIFY(!log(database).join(u'\n').contains(u"4711"_qs));
+            QVERIFY(!messages.texts.isEmpty());
+            QVERIFY(!messages.texts.join(u'\n').contains(u"4711"_qs));
+        }
+    }
+
     void failedMaintenanceUnloadsTheMenuAndEnds() {
         const CapturedMessages messages;
         TestDatabase database;

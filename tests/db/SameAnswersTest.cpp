@@ -137,6 +137,10 @@ private slots:
             u"a b c"_qs);
         row("arithmetic against a text", u"SELECT [見積ID] FROM [顧客見積情報] WHERE ([顧客枝番] + 1) = '2'"_qs,
             u"a"_qs);
+        row("sign ahead of a sum in brackets",
+            u"SELECT [見積ID] FROM [顧客見積情報] WHERE (-1 * [合計] + 1) < '-1000' ORDER BY [見積ID]"_qs, u"a"_qs);
+        row("sign ahead of a column",
+            u"SELECT -[合計], +[合計], - (1 + 1) FROM [顧客見積情報] WHERE -[合計] = '-1000'"_qs, u"-1000,1000,-2"_qs);
         row("distinct in any case", u"SELECT COUNT(DISTINCT [見積名称]) FROM [顧客見積情報]"_qs, u"2"_qs);
         row("EXISTS",
             u"SELECT [見積ID] FROM [顧客見積情報] WHERE EXISTS (SELECT [装具] FROM [装具] WHERE [装具] = [見積ID] & 'bc')"_qs,
@@ -148,6 +152,16 @@ private slots:
         QFETCH(QString, statement);
         QFETCH(QString, expected);
         QCOMPARE(answer(m_database->connection(), statement), expected);
+    }
+
+    // Which of two spellings stays is the engine's affair.
+    void unionsKeepOneSpellingOfAText() {
+        const QStringList statements{
+            u"SELECT 'ABC' FROM [装具] UNION SELECT [装具] FROM [装具] WHERE [装具No] = 1"_qs,
+            u"SELECT DISTINCTROW 'ABC' FROM [装具] UNION SELECT [装具] FROM [装具] WHERE [装具No] = 1"_qs,
+            u"SELECT IIF([装具No] = 1, 'abc', 'ABC') FROM [装具] UNION SELECT 'Abc' FROM [装具]"_qs};
+        for (const QString& statement : statements)
+            QCOMPARE(answer(m_database->connection(), statement).toLower(), u"abc"_qs);
     }
 
     void databaseOfTheOtherLettersIsRefused() {

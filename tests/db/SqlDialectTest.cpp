@@ -185,6 +185,9 @@ private slots:
         row(u"SELECT * FROM [採番] WHERE [桁] =^"_qs);
         row(u"SELECT * FROM [採番] WHERE ([桁] = 1^"_qs);
         row(u"SELECT * FROM [採番] WHERE [桁] = 1^)"_qs);
+        row(u"SELECT * FROM [採番] WHERE -1 BETWEEN ^1000 AND (1 & 5)"_qs);
+        row(u"SELECT '1' FROM [採番] UNION SELECT [桁] FROM [採番]^"_qs);
+        row(u"SELECT [桁], 1 FROM [採番] UNION SELECT [桁], 1 FROM [採番] UNION ALL SELECT [桁], #2005/03/01# FROM [採番]^"_qs);
     }
     void whatCannotBeMeantIsRefusedWithItsPlace() {
         QFETCH(QString, statement);

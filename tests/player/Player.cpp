@@ -37,7 +37,14 @@ void expectContains(const QString& found, const QString& text) {
     if (!found.contains(text)) throw StepFailure{found.trimmed(), text};
 }
 
-QString indented(const QString& text) { return QString(text).replace(u"\n"_qs, u"\n             "_qs); }
+// A part of the note on a failure; of a long one, such as a page of paper or a log, its two ends.
+QString noted(const QString& text) {
+    constexpr int end = 10;
+    QStringList lines = text.split(u'\n');
+    const qsizetype between = lines.size() - 2 * end;
+    if (between > 1) lines = lines.mid(0, end) << u"… %1 lines …"_qs.arg(between) << lines.mid(lines.size() - end);
+    return lines.join(u"\n             "_qs);
+}
 
 } // namespace
 
@@ -45,6 +52,7 @@ Player::Player(Scenario scenario, PlayOptions options)
     : m_scenario(std::move(scenario)), m_options(std::move(options)), m_office(m_options.provider),
       m_answers(m_office.folder()), m_papers(m_options.papers) {
     m_answers.install();
+    m_answers.onTrouble = [this](const QString& trouble) { fail({trouble, u"a prepared answer"_qs}); };
     seams().letEventsRun = [this] {
         const bool before = std::exchange(m_busy, true);
         QCoreApplication::processEvents();
@@ -84,7 +92,6 @@ void Player::tick() {
     if (!m_failed && !Desk::isAtRest()) return schedule(1);
     if (m_restingTurns++ < turnsOfRest) return schedule(); // what the last step set going had its turn
     m_restingTurns = 0;
-    if (!m_failed && !m_answers.trouble().isEmpty()) fail({m_answers.trouble(), u"a prepared answer"_qs});
     if (isOver()) return closeEverything();
     schedule();
     advance();
@@ -128,8 +135,8 @@ void Player::fail(const StepFailure& failure) {
     m_report =
         u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs.arg(m_scenario.file)
             .arg(currentLine())
-            .arg(step, indented(failure.found), indented(failure.expected), Desk::openScreens().join(u" > "_qs),
-                 indented(m_answers.said().join(u'\n')));
+            .arg(step, noted(failure.found), noted(failure.expected), Desk::openScreens().join(u" > "_qs),
+                 m_answers.said().join(u'\n').replace(u"\n"_qs, u"\n             "_qs));
     if (m_options.outFolder.isEmpty() || !Desk::topmostOrNone()) return;
     const QString picture = outFile(QFileInfo(m_scenario.file).completeBaseName() + u"-failed"_qs, u"png"_qs);
     if (Desk::topmost()->grab().save(picture)) m_report += u"  picture:   %1\n"_qs.arg(picture);

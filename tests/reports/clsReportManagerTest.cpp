@@ -189,6 +189,47 @@ private slots:
             accounts << office.value(u"Bank"_qs + number) + u'=' + office.value(u"Account"_qs + number);
         QTEST(accounts.join(u'|'), "printed");
     }
+
+    void theEstimateListLeavesOutTheLawsOfTheOfficeWhenAsked() {
+        Connection& connection = m_database->connection();
+        for (const QString& id : {u"E1"_qs, u"E2"_qs, u"E3"_qs})
+            connection.execute(
+                u"INSERT INTO [顧客見積情報] ([見積ID], [見積番号], [顧客ID], [顧客枝番], [見積名称],"
+                u" [見積総合計], [納品実績日]) VALUES ('%1', '%1', 'C', 1, '靴', 1000, #2024/11/03#)"_qs.arg(id));
+        connection.execute(u"INSERT INTO [顧客情報] ([顧客ID], [顧客枝番], [名前1], [名前2], [都道府県], [市区郡])"
+                           u" VALUES ('C', 1, '山田', '花子', '神奈川県', '横浜市')"_qs);
+        const auto claim = [&](const QString& id, int row, int law) {
+            connection.execute(
+                u"INSERT INTO [顧客見積請求] ([見積ID], [請求No], [法別No]) VALUES ('%1', %2, %3)"_qs.arg(id)
+                    .arg(row)
+                    .arg(law));
+        };
+        claim(u"E1"_qs, 1, 3);
+        claim(u"E1"_qs, 2, 1);
+        claim(u"E2"_qs, 1, 2);
+        const auto list = [&](int member) {
+            clsReportManager manager;
+            manager.Prepare(connection);
+            ReportRecordset records;
+            manager.GetCsEstimateListData({}, u"[顧客見積情報].[見積ID]"_qs, member, u"労災、後期高齢者医療"_qs,
+                                          records);
+            return records;
+        };
+        const auto column = [](const ReportRecordset& records, const QString& field) {
+            QStringList values;
+            for (int row = 0; row < records.rowCount(); ++row) values += records.text(row, field);
+            return values.join(u'|');
+        };
+        for (const int whole : {0, 1}) {
+            const ReportRecordset records = list(whole);
+            QCOMPARE(column(records, u"Ins"_qs), u"社会,後期|国民|"_qs);
+            QCOMPARE(column(records, u"Sort"_qs), u"1|0|0"_qs);
+            QCOMPARE(column(records, u"CustNm"_qs).section(u'|', 0, 0), u"山田　花子"_qs);
+            QCOMPARE(column(records, u"Addr"_qs).section(u'|', 0, 0), u"神奈川県横浜市"_qs);
+            QCOMPARE(column(records, u"DelvFinDate"_qs).section(u'|', 0, 0), u"令和　６年１１月　３日"_qs);
+        }
+        for (const int without : {2, 3}) QCOMPARE(column(list(without), u"Ins"_qs), u"国民|"_qs);
+    }
 };
 
 HALVANE_TEST(clsReportManagerTest)
