@@ -49,7 +49,8 @@ private slots:
         QTest::newRow("two lines rather than one much smaller")
             << u"あいうえおかきくけこ"_qs << control(1400, 400, 10, true) << u"あいうえおかき/くけこ @10 x1.00"_qs;
         QTest::newRow("an even share parts at a blank")
-            << u"あいうえ　おかきくけこさし"_qs << control(2000, 400, 10, true) << u"あいうえ　/おかきくけこさし @10 x1.00"_qs;
+            << u"あいうえ　おかきくけこさし"_qs << control(2000, 400, 10, true)
+            << u"あいうえ　/おかきくけこさし @10 x1.00"_qs;
         QTest::newRow("no last line of a single character")
             << u"あいうえおかきくけ"_qs << control(800, 600, 10, true) << u"あいう/えおか/きくけ @10 x1.00"_qs;
     }

@@ -167,9 +167,9 @@ private slots:
     void theThreeAccountsOfAnInvoiceAreReadFromTheOffice_data() {
         QTest::addColumn<QStringList>("fields");
         QTest::addColumn<QString>("printed");
-        QTest::newRow("three accounts")
-            << QStringList{u"みなと銀行／普通 1"_qs, u"やま銀行／普通 2"_qs, u"かわ銀行／当座 3"_qs}
-            << u"みなと銀行=普通 1|やま銀行=普通 2|かわ銀行=当座 3"_qs;
+        QTest::newRow("three accounts") << QStringList{u"みなと銀行／普通 1"_qs, u"やま銀行／普通 2"_qs,
+                                                       u"かわ銀行／当座 3"_qs}
+                                        << u"みなと銀行=普通 1|やま銀行=普通 2|かわ銀行=当座 3"_qs;
         QTest::newRow("without dividers") << QStringList{u"みなと銀行 普通 1"_qs, u"やま銀行 普通 2"_qs, {}}
                                           << u"みなと銀行 普通 1=|やま銀行 普通 2=|="_qs;
         QTest::newRow("one account") << QStringList{u"みなと銀行"_qs, u"123-4567"_qs, u"ハルカゼ"_qs}
