@@ -5,6 +5,7 @@
 #include "app/basMain.h"
 #include "base/AppError.h"
 #include "base/Text.h"
+#include "base/basCommon.h"
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
 
@@ -168,6 +169,12 @@ void Player::stopProgram() {
     QWidget* top = Desk::topmost();
     if (top->objectName() != u"frmMenu") throw StepFailure{u"the open screen "_qs + top->objectName(), u"frmMenu"_qs};
     top->close();
+}
+
+void Player::setClock(const QString& day) {
+    const auto date = parseDate(day);
+    if (!date) throw StepFailure{day, u"a date"_qs};
+    seams().now = [day = date->date()] { return QDateTime(day, QTime::currentTime()); };
 }
 
 void Player::writeIni(const QString& section, const QString& key, const QString& value) {

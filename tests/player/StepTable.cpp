@@ -38,6 +38,8 @@ QList<StepKind> preparing() {
     return {
         {u"ini"_qs, u"SECTION KEY VALUE"_qs, u"before start: write an INI value"_qs, 3, 3, Prepares,
          [](Player& p, const Step&, const Args& a) { p.writeIni(a.at(0), a.at(1), a.at(2)); }},
+        {u"clock"_qs, u"DATE"_qs, u"the clock shows this day"_qs, 1, 1, Prepares,
+         [](Player& p, const Step&, const Args& a) { p.setClock(a.at(0)); }},
         {u"sql"_qs, u"STATEMENT"_qs, u"run a statement of the system's SQL on a connection of its own"_qs, 1, -1,
          Prepares, [](Player& p, const Step& s, const Args& a) { p.office().execute(statement(s, a, 1)); }},
         {u"load sample"_qs,

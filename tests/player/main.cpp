@@ -4,6 +4,7 @@
 #include "base/AppError.h"
 #include "reports/engine/ReportPdf.h"
 #include "reports/engine/ReportRecorder.h"
+#include "support/OfficeDisplay.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -95,6 +96,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
         for (const char* reading : {"--list", "--check", "--help"})
             if (qstrcmp(argv[i], reading) == 0) return std::make_unique<QCoreApplication>(argc, argv);
     if (!hasDisplay() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    useOfficeDisplay();
     auto application = std::make_unique<QApplication>(argc, argv);
     application->setApplicationName(u"Halvane"_qs);
     Style::apply(*application);

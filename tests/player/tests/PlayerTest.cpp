@@ -319,6 +319,9 @@ private slots:
               "expect sql \"SELECT [設定値] FROM [システム設定] WHERE [No] = 20\" 2031\n"
               "expect sql \"SELECT [設定値] FROM [システム設定] WHERE [No] = 12345\" \"\"\n"
               "ini Misc SYSDATE 2005/04/01\nexpect file Halvane.ini SYSDATE=2005/04/01"_qs);
+        holds(u"clock 2005/04/01\n"
+              "expect sql \"SELECT [番号] FROM [企業情報] WHERE NOW() BETWEEN #2005/04/01# AND #2005/04/02#\" 1"_qs);
+        fails(u"clock someday"_qs, {u"someday"_qs, u"a date"_qs});
         fails(u"sql UPDATE [nothing] SET [a] = 1"_qs, {u"test.scn:1"_qs});
         fails(u"expect file none.txt x"_qs, {u"no file"_qs});
     }
