@@ -84,7 +84,7 @@ void Player::schedule(int milliseconds) {
 }
 
 void Player::tick() {
-    m_watchdog.beat(m_scenario.file + u':' + QString::number(currentLine()));
+    beat();
     const bool leaving = QThread::currentThread()->loopLevel() > m_baseLoopLevel + Desk::modalScreens();
     if (m_busy || leaving) return schedule(1);
     if (!m_failed && m_stepTime.elapsed() > m_options.longestStep)
@@ -95,6 +95,11 @@ void Player::tick() {
     if (isOver()) return closeEverything();
     schedule();
     advance();
+}
+
+void Player::beat() {
+    m_watchdog.beat(u"%1:%2: %3"_qs.arg(m_scenario.file).arg(currentLine()).arg(currentStep()),
+                    Desk::openScreens().join(u" > "_qs));
 }
 
 bool Player::isOver() const { return m_failed || (m_continuations.empty() && m_next >= m_scenario.steps.size()); }
@@ -109,6 +114,7 @@ void Player::advance() {
 
 void Player::runStep(const Step& step) {
     const StepKind* kind = kindOf(step);
+    beat();
     if (kind->effect == StepKind::Acts) m_papers.forget();
     attempt([this, kind, &step] { kind->run(*this, step, argumentsOf(step, *kind)); });
 }
@@ -127,15 +133,16 @@ void Player::attempt(const std::function<void()>& work) {
 
 int Player::currentLine() const { return m_next > 0 ? m_scenario.steps.at(m_next - 1).line : 0; }
 
+QString Player::currentStep() const { return m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString(); }
+
 void Player::fail(const StepFailure& failure) {
     if (m_failed) return;
     m_failed = true;
     m_continuations.clear();
-    const QString step = m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString();
     m_report =
         u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs.arg(m_scenario.file)
             .arg(currentLine())
-            .arg(step, noted(failure.found), noted(failure.expected), Desk::openScreens().join(u" > "_qs),
+            .arg(currentStep(), noted(failure.found), noted(failure.expected), Desk::openScreens().join(u" > "_qs),
                  m_answers.said().join(u'\n').replace(u"\n"_qs, u"\n             "_qs));
     if (m_options.outFolder.isEmpty() || !Desk::topmostOrNone()) return;
     const QString picture = outFile(QFileInfo(m_scenario.file).completeBaseName() + u"-failed"_qs, u"png"_qs);

@@ -61,6 +61,8 @@ private:
     void closeEverything();
     bool isOver() const;
     int currentLine() const;
+    QString currentStep() const;
+    void beat();
 
     Scenario m_scenario;
     PlayOptions m_options;

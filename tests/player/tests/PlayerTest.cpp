@@ -1,6 +1,7 @@
 #include "HalvaneTest.h"
 
 #include "Player.h"
+#include "Watchdog.h"
 #include "base/basMessage.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"
@@ -16,6 +17,9 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -285,6 +289,29 @@ private slots:
         QVERIFY(!player.play());
         QVERIFY2(player.report().contains(u"no rest after 0.2 seconds"_qs), qPrintable(player.report()));
         QVERIFY(player.report().contains(u"frmPlayed"_qs));
+    }
+
+    void programThatStandsStillIsEndedWithANote() {
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            dup2(ends[1], STDOUT_FILENO);
+            Watchdog watchdog(std::chrono::milliseconds(100));
+            watchdog.beat(u"test.scn:3: press cmdOpen"_qs, u"frmMenu > frmPlayed"_qs);
+            std::this_thread::sleep_for(std::chrono::seconds(10));
+            std::_Exit(EXIT_SUCCESS);
+        }
+        ::close(ends[1]);
+        QFile note;
+        QVERIFY(note.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+        const QString told = QString::fromUtf8(note.readAll());
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), EXIT_FAILURE);
+        QVERIFY2(told.startsWith(u"test.scn:3: press cmdOpen\n"_qs), qPrintable(told));
+        QVERIFY2(told.contains(u"stands still"_qs) && told.contains(u"frmMenu > frmPlayed"_qs), qPrintable(told));
     }
 
     void databaseAndFilesAreReached() {
