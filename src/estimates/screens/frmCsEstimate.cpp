@@ -71,8 +71,7 @@ void frmCsEstimate::setUpTabKeys() {
 void frmCsEstimate::connectPages() {
     connect(ui->tabCsEst, &QTabWidget::currentChanged, this, [this](int page) { guarded([&] { pageTurned(page); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this, &frmCsEstimate::showName);
-    connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this,
-            [this] { guarded([this] { insurancesChanged(); }); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this, [this] { guarded([this] { insurancesChanged(); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::customerChosen, this, [this](const clsCustomer& customer) {
         m_draft.customer = customer;
         showNumbers(m_draft);
@@ -103,9 +102,9 @@ void frmCsEstimate::connectMirrors() {
     const auto& basic = *ui->pagBasic->ui;
     const auto& schedule = *ui->pagSchedule->ui;
     DateField* receipt = ui->pagPrint->receiptDate(0);
-    for (const auto& [first, second] :
-         {std::pair(basic.idtPickPtnDate2, schedule.idtPickPtnDate),
-          std::pair(basic.idtDelvFinDate2, schedule.idtDelvFinDate), std::pair(basic.idtPayPrtDate2, receipt)}) {
+    for (const auto& [first, second] : {std::pair(basic.idtPickPtnDate2, schedule.idtPickPtnDate),
+                                        std::pair(basic.idtDelvFinDate2, schedule.idtDelvFinDate),
+                                        std::pair(basic.idtPayPrtDate2, receipt)}) {
         connect(first, &DateField::valueSettled, this, [first = first, second = second] { copyDate(first, second); });
         connect(second, &DateField::valueSettled, this, [first = first, second = second] { copyDate(second, first); });
     }
@@ -156,8 +155,7 @@ void frmCsEstimate::load() {
     ui->pagBasic->fillLists();
     ui->pagSchedule->fillLists();
     // Which item is in view is no change of the order.
-    for (ChoiceBox* choice :
-         {ui->pagMake->ui->itemChoice->ui->cboSelectItem, ui->pagParts->ui->itemChoice->ui->cboSelectItem})
+    for (ChoiceBox* choice : {ui->pagMake->ui->itemChoice->ui->cboSelectItem, ui->pagParts->ui->itemChoice->ui->cboSelectItem})
         choice->setProperty("tag", u"Attached"_qs);
     AttachControls(this, wrappers);
     if (EstId.isEmpty()) {
@@ -266,10 +264,8 @@ void frmCsEstimate::pageTurned(int page) {
     if (page != MakeElements && page != Parts) return;
     dropOrphans();
     const QList<ShownItem> items = ui->pagItem->items();
-    if (page == MakeElements)
-        m_makeEditor->enter(items, ui->pagBasic->ageKbn());
-    else
-        m_partsEditor->enter(items, ui->pagBasic->ageKbn());
+    if (page == MakeElements) m_makeEditor->enter(items, ui->pagBasic->ageKbn());
+    else m_partsEditor->enter(items, ui->pagBasic->ageKbn());
     if (!m_suppressed) RecalcAmounts();
 }
 
@@ -358,28 +354,22 @@ void frmCsEstimate::execute() {
     const bool isNew = EditMode == Add;
     setMode(Edit);
     showStored(EstId);
-    ShowMessage(902,
-                isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
+    ShowMessage(902, isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
 }
 
 bool frmCsEstimate::queryUnload() {
     if (EditMode == Delete || !Loaded || !IsEdited()) return true;
     switch (ShowMessage(201, u"見積"_qs)) {
-    case AnswerYes:
-        return save();
-    case AnswerNo:
-        return true;
-    default:
-        return false;
+    case AnswerYes: return save();
+    case AnswerNo: return true;
+    default: return false;
     }
 }
 
 void frmCsEstimate::cancel() {
     if (ShowMessage(302, screenWord) != AnswerYes) return;
-    if (EditMode == Edit && !EstId.isEmpty())
-        showStored(EstId);
-    else
-        showEmpty();
+    if (EditMode == Edit && !EstId.isEmpty()) showStored(EstId);
+    else showEmpty();
 }
 
 void frmCsEstimate::removeEstimate() {
@@ -415,8 +405,7 @@ void frmCsEstimate::RepriceAll() {
     RecalcAmounts();
     m_edited = true;
     if (!incomplete) return;
-    ShowMessage(
-        902, u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
+    ShowMessage(902, u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
     if (gLogger) OpenWithShell(gLogger->FileNm());
 }
 
@@ -516,8 +505,7 @@ void frmCsEstimate::proposeName() {
         items << NamedItem{item.cells.at(ItemGrid::Item), item.cells.at(ItemGrid::Name), item.cells.at(ItemGrid::Form),
                            item.texts.at(ItemGrid::PickStyle - ItemGrid::Item),
                            item.texts.at(ItemGrid::GrantRepair - ItemGrid::Item)};
-    const NameSettings settings{gSysSettingManager.value(17), gSysSettingManager.value(18),
-                                gSysSettingManager.value(19)};
+    const NameSettings settings{gSysSettingManager.value(17), gSysSettingManager.value(18), gSysSettingManager.value(19)};
     ui->txtEstName->setValue(automaticName(items, ui->pagBasic->ui->cboLR->text(), settings));
 }
 
@@ -550,8 +538,7 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     const bool soleReceipt = order.outcome == DocumentOrder::Outcome::Print && draft.usedClaims().size() == 1 &&
                              !order.claimsOf(DocumentKind::Receipt).isEmpty();
     const bool wholeSum = soleReceipt && to == EstimatePrinting::To::Printer && setReceiptAmount();
-    if (confirmPrinting(to))
-        EstimatePrinting::run({collect(), order.claims, ui->pagPrint->hasReceivedMark(), wholeSum, to});
+    if (confirmPrinting(to)) EstimatePrinting::run({collect(), order.claims, ui->pagPrint->hasReceivedMark(), wholeSum, to});
 }
 
 void frmCsEstimate::printReceipt() {
@@ -561,8 +548,7 @@ void frmCsEstimate::printReceipt() {
     std::array<QList<int>, 5> claims;
     claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
     if (confirmPrinting(EstimatePrinting::To::Printer))
-        EstimatePrinting::run(
-            {collect(), claims, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+        EstimatePrinting::run({collect(), claims, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
 }
 
 bool frmCsEstimate::setReceiptAmount() {
