@@ -57,6 +57,10 @@ const QStringList givenNames{u"明|ｱｷﾗ"_qs,    u"一郎|ｲﾁﾛｳ"_qs, 
                              u"美咲|ﾐｻｷ"_qs,  u"恵|ﾒｸﾞﾐ"_qs,   u"康夫|ﾔｽｵ"_qs, u"陽子|ﾖｳｺ"_qs, u"良|ﾘｮｳ"_qs};
 const QStringList products{u"短下肢装具"_qs, u"長下肢装具"_qs, u"骨格構造下腿義足"_qs,
                            u"足底装具"_qs,   u"腰椎装具"_qs,   u"車椅子"_qs};
+const QStringList places{u"愛知県|名古屋市中区"_qs, u"愛知県|岡崎市"_qs,     u"岐阜県|岐阜市"_qs,
+                         u"岐阜県|大垣市"_qs,       u"三重県|津市"_qs,       u"三重県|四日市市"_qs,
+                         u"静岡県|浜松市"_qs,       u"静岡県|静岡市葵区"_qs, u"長野県|飯田市"_qs};
+const QStringList streets{u"栄"_qs, u"本町"_qs, u"緑が丘"_qs, u"駅前通"_qs, u"川端"_qs};
 
 // Rows on their way into one table, many to a statement.
 class Rows {
@@ -95,14 +99,17 @@ void addOffice(Connection& connection, int customers, int estimates) {
     Transaction transaction(connection);
     Rows persons(connection, u"顧客情報"_qs,
                  {u"顧客ID"_qs, u"顧客枝番"_qs, u"顧客番号"_qs, u"名前1"_qs, u"名前2"_qs, u"フリガナ1"_qs,
-                  u"フリガナ2"_qs, u"生年月日"_qs, u"電話"_qs, u"都道府県"_qs, u"市区郡"_qs});
+                  u"フリガナ2"_qs, u"生年月日"_qs, u"電話"_qs, u"郵便番号"_qs, u"都道府県"_qs, u"市区郡"_qs, u"住所1"_qs});
     Rows cases(connection, u"顧客カルテ"_qs,
                {u"顧客ID"_qs, u"顧客枝番"_qs, u"カルテNo"_qs, u"病名原因"_qs, u"受注先No"_qs, u"受注先"_qs});
     for (int i = 1; i <= customers; ++i) {
         const QString id = u'1' + number(i, 7);
         const QStringList family = pick(familyNames).split(u'|'), given = pick(givenNames).split(u'|');
+        const QStringList place = pick(places).split(u'|');
         persons.add({id, u"1"_qs, u'9' + number(i, 7), family.at(0), given.at(0), family.at(1), given.at(1), day(90),
-                     u"00-0000-"_qs + number(random.bounded(10'000), 4), u"愛知県"_qs, u"名古屋市中区"_qs});
+                     u"00-0000-"_qs + number(random.bounded(10'000), 4),
+                     number(random.bounded(1'000), 3) + u"-0000"_qs, place.at(0), place.at(1),
+                     pick(streets) + QString::number(1 + random.bounded(99))});
         const QString order = QString::number(1 + random.bounded(5));
         cases.add({id, u"1"_qs, u"1"_qs, u"右片麻痺"_qs, order, u"見本病院"_qs + order});
     }
@@ -111,13 +118,21 @@ void addOffice(Connection& connection, int customers, int estimates) {
     Rows orders(connection, u"顧客見積情報"_qs,
                 {u"見積ID"_qs, u"顧客ID"_qs, u"顧客枝番"_qs, u"カルテNo"_qs, u"見積番号"_qs, u"見積名称"_qs,
                  u"処理区分"_qs, u"受付日"_qs, u"採型日"_qs, u"納品実績日"_qs, u"製品コード"_qs, u"見積総合計"_qs});
+    Rows claims(connection, u"顧客見積請求"_qs,
+                {u"見積ID"_qs, u"請求No"_qs, u"法別No"_qs, u"請求先No"_qs, u"請求先"_qs, u"請求金額"_qs});
     for (int i = 1; i <= estimates; ++i) {
         const QString id = u'1' + number(i, 9);
         orders.add({id, u'1' + number(1 + random.bounded(customers), 7), u"1"_qs, u"1"_qs, u"9"_qs + number(i, 9),
                     u"(交付)"_qs + pick(products), QString::number(1 + random.bounded(9)), day(10), day(10), day(10),
                     u"P"_qs + number(random.bounded(500), 4), QString::number(1000 + random.bounded(1'000'000))});
+        for (int claim = 1 + random.bounded(2); claim > 0; --claim) {
+            const QString payer = QString::number(1 + random.bounded(6));
+            claims.add({id, QString::number(claim), QString::number(1 + random.bounded(12)), payer,
+                        u"見本請求先"_qs + payer, QString::number(1000 + random.bounded(100'000))});
+        }
     }
     orders.write();
+    claims.write();
     transaction.commit();
     connection.engineExecute(u"ANALYZE"_qs);
     std::printf("%d customers, %d estimates\n", customers, estimates);

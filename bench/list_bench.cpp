@@ -1,20 +1,35 @@
-// The estimate list in a large office against the engine's own shell, for the same statements in one run:
-// list_bench FILE.ini
+// The lists of a large office, played on their screens, against the engine's own shell, in one run:
+// list_bench FILE.ini [WORD]    with a word, only the lists that have it in their name
 #include "base/AppError.h"
 #include "base/Application.h"
-#include "base/clsProfile.h"
-#include "db/Connection.h"
+#include "base/Seams.h"
+#include "base/Text.h"
+#include "base/clsLogger.h"
+#include "customers/clsCustomerManager.h"
+#include "customers/screens/frmCustomerList.h"
 #include "db/SqlDialect.h"
+#include "db/clsDbManager.h"
 #include "estimates/EstimateManagers.h"
+#include "estimates/screens/EstimateSearchPage.h"
+#include "estimates/screens/frmCsEstimateList.h"
 #include "operations/Managers.h"
+#include "ui/ChoiceBox.h"
+#include "ui/DialogSeams.h"
+#include "ui/EntryField.h"
 #include "ui/Grid.h"
 #include "ui/KeyedList.h"
+#include "ui/Style.h"
+#include "ui/basControlUtil.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
+#include <QFileInfo>
 #include <QProcess>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTimer>
 
 #include <cstdio>
@@ -22,47 +37,30 @@
 namespace {
 
 constexpr int firstRows = 100;
-constexpr int rowsOnScreen = 25;
+constexpr int rounds = 3; // of each time the shortest counts
+constexpr int looks = 40; // on the way through a list
+constexpr double ratioBound = 2;
+constexpr double pauseBound = 200; // milliseconds
+constexpr int memoryBound = 300;   // MiB
 
-struct ListCase {
-    QString name;
-    QString shown; // by the shell
-    QString keys;  // by the list, which fetches the rows behind them
+QString onlyWith;
+bool isWanted(const QString& name) { return name.contains(onlyWith); }
+
+double since(const QElapsedTimer& timer) { return static_cast<double>(timer.nsecsElapsed()) / 1e6; }
+
+// --- the engine's own shell ---
+
+struct ShellTime {
+    double whole = 1e9;     // from its start
+    double statement = 1e9; // from the statement, given to a shell that runs
 };
 
-QList<ListCase> cases() {
-    const QString id = u"[顧客見積情報].[見積ID]"_qs;
-    const auto estimates = [](const QString& name, const QString& where, const QString& order) {
-        return ListCase{name, clsCsEstimateManager::ListWithMst(where, order),
-                        clsCsEstimateManager::KeysWithMst(where, order)};
-    };
-    const auto sorted = [&](const QString& name, const QString& term) {
-        return estimates(name, {}, term + u" ASC, "_qs + id + u" ASC"_qs);
-    };
-    const QString reading = u" [顧客情報].[フリガナ1] LIKE '%ﾐ%'"_qs;
-    const auto customers = [](const QString& name, const QString& where) {
-        const QString keys = clsCustomerManager::KeysWithEst(where, u"[顧客情報].[顧客番号]"_qs);
-        return ListCase{name, keys, keys};
-    };
-    return {estimates(u"all estimates"_qs, {}, id),
-            estimates(u"estimates by reading"_qs, reading, id),
-            customers(u"all customers"_qs, {}),
-            customers(u"customers by reading"_qs, reading),
-            sorted(u"by name"_qs, u"[顧客情報].[名前1]"_qs),
-            sorted(u"by casting day"_qs, u"[顧客見積情報].[採型日]"_qs),
-            sorted(u"by delivery"_qs, u"[顧客見積情報].[納品実績日]"_qs),
-            sorted(u"by product"_qs, u"[顧客見積情報].[製品コード]"_qs),
-            sorted(u"by estimate name"_qs, u"[顧客見積情報].[見積名称]"_qs),
-            sorted(u"by amount"_qs, u"[顧客見積情報].[見積総合計]"_qs),
-            sorted(u"by ordering party"_qs, u"[顧客カルテ].[受注先]"_qs),
-            sorted(u"by status"_qs, u"[顧客見積情報].[処理区分]"_qs)};
-}
-
-// A running shell: the time from the statement to the line of its hundredth row, or its last.
+// The shell in a process of its own, up to the line of the hundredth row of a statement, or its last.
 class Shell {
 public:
     explicit Shell(const ConnectionSettings& settings) : m_sqlite(settings.provider == Provider::SQLite) {
         m_process.setStandardErrorFile(QProcess::nullDevice());
+        m_timer.start();
         if (m_sqlite) {
             m_process.start(u"sqlite3"_qs, {settings.path});
         } else {
@@ -70,7 +68,7 @@ public:
             if (!settings.path.isEmpty()) arguments << u"-h"_qs << settings.path;
             if (!settings.user.isEmpty()) arguments << u"-U"_qs << settings.user;
             m_process.start(u"psql"_qs, arguments);
-            m_process.write("\\set FETCH_COUNT 100\n");
+            m_process.write("\\set FETCH_COUNT 100\n"); // else it takes all rows before it shows the first
         }
         m_process.write("SELECT 'ready';\n");
         readLines(1);
@@ -80,22 +78,19 @@ public:
         m_process.waitForFinished();
     }
 
-    double millisecondsTo(const QString& statement) {
-        QElapsedTimer timer;
-        timer.start();
-        m_process.write((statement + u";\nSELECT 'end';\n"_qs).toUtf8());
+    ShellTime timeOf(const QString& statement) {
+        const QString words = m_sqlite ? m_sqliteWords.translate(statement) : m_postgresWords.translate(statement);
+        const double started = since(m_timer);
+        m_process.write((words + u";\nSELECT 'end';\n"_qs).toUtf8());
         readLines(firstRows);
-        return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-    }
-
-    QString words(const QString& statement) {
-        return m_sqlite ? m_sqliteWords.translate(statement) : m_postgresWords.translate(statement);
+        const double whole = since(m_timer);
+        return {whole, whole - started};
     }
 
 private:
     void readLines(int wanted) {
         for (int lines = 0; lines < wanted;) {
-            if (!m_process.canReadLine() && !m_process.waitForReadyRead(60'000)) return;
+            if (!m_process.canReadLine() && !m_process.waitForReadyRead(60'000)) throw AppError(u"no answer"_qs);
             while (lines < wanted && m_process.canReadLine())
                 if (++lines; m_process.readLine().trimmed() == "end") return;
         }
@@ -103,131 +98,457 @@ private:
 
     bool m_sqlite;
     QProcess m_process;
+    QElapsedTimer m_timer;
     SqliteDialect m_sqliteWords;
     PostgresDialect m_postgresWords;
 };
 
-double shellTime(const ConnectionSettings& settings, const QString& statement) {
-    Shell shell(settings);
-    return shell.millisecondsTo(shell.words(statement));
+ShellTime shellTime(const QStringList& statements) {
+    ShellTime best;
+    for (const QString& statement : statements)
+        for (int round = 0; round < rounds; ++round) {
+            const ShellTime time = Shell(gDbManager.Connection().settings()).timeOf(statement);
+            best = {std::min(best.whole, time.whole), std::min(best.statement, time.statement)};
+        }
+    return best;
 }
 
+// --- the screen ---
+
+// Beats as long as the window answers.
+class Heart {
+public:
+    Heart() {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { beat(); });
+        m_tick.start();
+        m_timer.start(1);
+    }
+    double longestPause() {
+        beat();
+        return m_longest;
+    }
+
+private:
+    void beat() {
+        m_longest = std::max(m_longest, since(m_tick));
+        m_tick.restart();
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_tick;
+    double m_longest = 0;
+};
+
+// Tells when the rows of a new list have been painted, which is when an operator sees them.
+class Painted : public QObject {
+public:
+    explicit Painted(Grid* grid) {
+        auto* list = grid->findChild<KeyedList*>();
+        connect(list, &KeyedList::shown, this, [this] {
+            m_arrived = true;
+            m_shown = since(m_timer);
+        });
+        grid->viewport()->installEventFilter(this);
+    }
+    void restart() {
+        m_arrived = m_done = false;
+        m_timer.start();
+    }
+    double shown() const { return m_shown; } // the rows are known
+    bool done() const { return m_done; }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (m_arrived && event->type() == QEvent::Paint) {
+            m_arrived = false;
+            QTimer::singleShot(0, this, [this] { m_done = true; }); // when the painting is done
+        }
+        return false;
+    }
+
+private:
+    QElapsedTimer m_timer;
+    double m_shown = 0;
+    bool m_arrived = false;
+    bool m_done = false;
+};
+
 struct Figures {
-    double first = 0, all = 0, end = 0, longestPause = 0;
+    double first = 1e9, shown = 0, all = 0, end = 0, pause = 0;
     int rows = 0;
 };
 
-double since(const QElapsedTimer& timer) { return static_cast<double>(timer.nsecsElapsed()) / 1e6; }
-
-KeyedList::Fetch fetchOf(bool customers) {
-    if (customers)
-        return [](const QStringList& keys) {
-            QHash<QString, QStringList> rows;
-            for (const clsCustomer& customer : gCustomerManager.customersOf(keys))
-                rows.insert(clsCustomerManager::listKey(customer),
-                            {customer.CustNo, customer.CustNm1, customer.CustKn1});
-            return rows;
-        };
-    return [](const QStringList& keys) {
-        QHash<QString, QStringList> rows;
-        gCsEstimateManager.ForEachOf(
-            keys, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
-                rows.insert(estimate.EstId, {estimate.EstNo, customer.CustNm1, estimate.EstSum});
-            });
-        return rows;
-    };
+template <class Condition> void spinUntil(Condition condition) {
+    while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void look(Grid& grid, int from) {
-    for (int row = from; row < from + rowsOnScreen && row <= grid.rows(); ++row) grid.value(row, 0);
+void nextTurn(const std::function<void()>& work) {
+    bool done = false;
+    QTimer::singleShot(0, qApp, [&] {
+        work();
+        QTimer::singleShot(0, qApp, [&] { done = true; });
+    });
+    spinUntil([&] { return done; });
 }
 
-Figures play(Grid& grid, KeyedList& list, const QString& statement) {
-    Figures figures;
-    QElapsedTimer timer, tick;
-    QTimer heart;
-    QObject::connect(&heart, &QTimer::timeout, [&] {
-        figures.longestPause = std::max(figures.longestPause, since(tick));
-        tick.restart();
-    });
-    bool shown = false;
-    const auto connection = QObject::connect(&list, &KeyedList::shown, [&] {
-        look(grid, 1);
-        figures.first = since(timer);
-        shown = true;
-    });
+// Looks at the whole list: its end, and places all over it.
+void scroll(Grid& grid, Figures& figures) {
+    QScrollBar* bar = grid.verticalScrollBar();
+    QElapsedTimer timer;
     timer.start();
-    tick.start();
-    heart.start(1);
-    list.show(statement);
-    while (!shown || grid.isFilling()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QObject::disconnect(connection);
+    nextTurn([&] { bar->setValue(bar->maximum()); });
+    nextTurn([&] { grid.viewport()->repaint(); });
+    figures.end = since(timer);
+    for (int look = looks; look >= 0; --look)
+        nextTurn([&] { bar->setValue(static_cast<int>(qint64(bar->maximum()) * look / looks)); });
+}
+
+Figures play(Grid& grid, Painted& painted, const std::function<void()>& start) {
+    Figures figures;
+    Heart heart;
+    QElapsedTimer timer;
+    painted.restart();
+    timer.start();
+    nextTurn(start);
+    spinUntil([&] { return painted.done(); });
+    figures.first = since(timer);
+    figures.shown = painted.shown();
+    spinUntil([&] { return !grid.isFilling(); });
     figures.all = since(timer);
     figures.rows = grid.rows();
-    QElapsedTimer jump;
-    jump.start();
-    look(grid, std::max(1, grid.rows() - rowsOnScreen));
-    figures.end = since(jump);
+    scroll(grid, figures);
+    figures.pause = heart.longestPause();
     return figures;
 }
 
-QByteArray peakMemory() {
+int peakMemory() {
     QFile status(u"/proc/self/status"_qs);
-    if (!status.open(QIODevice::ReadOnly)) return {};
+    if (!status.open(QIODevice::ReadOnly)) return 0;
     for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:")) return line.mid(6).simplified();
-    return {};
+        if (line.startsWith("VmHWM:")) return line.mid(6).simplified().split(' ').first().toInt();
+    return 0;
 }
 
-void run(Connection& connection) {
-    Grid grid;
-    GridColumn column;
-    grid.setColumns({column, column, column});
-    QLabel count;
-    std::printf("%-22s %9s %10s %7s %6s %10s %9s %9s\n", "list", "rows", "first ms", "shell", "ratio", "all ms",
-                "end ms", "pause ms");
-    KeyedList estimates(&grid, &count, connection.settings(), fetchOf(false));
-    Grid customerGrid;
-    customerGrid.setColumns({column, column, column});
-    KeyedList customers(&customerGrid, &count, connection.settings(), fetchOf(true));
-    play(grid, estimates, u"SELECT [見積ID] FROM [顧客見積情報] WHERE [見積ID] = ''"_qs); // both have their connection
-    play(customerGrid, customers, u"SELECT [顧客ID] FROM [顧客情報] WHERE [顧客ID] = ''"_qs);
-    for (const ListCase& one : cases()) {
-        const bool person = one.name.contains(u"customers");
-        // A shell of its own each time, as the rest of an answer is still on its way; the better of two.
-        double best = shellTime(connection.settings(), one.shown);
-        best = std::min(best, shellTime(connection.settings(), one.shown));
-        const auto list = [&] {
-            return person ? play(customerGrid, customers, one.keys) : play(grid, estimates, one.keys);
-        };
-        Figures figures = list();
-        if (const Figures again = list(); again.first < figures.first) figures = again;
-        std::printf("%-22s %9d %10.1f %7.1f %6.2f %10.1f %9.1f %9.1f\n", qPrintable(one.name), figures.rows,
-                    figures.first, best, figures.first / best, figures.all, figures.end, figures.longestPause);
-        std::fflush(stdout);
+// --- the table of figures ---
+
+bool allHold = true;
+
+const char* verdict(bool holds) {
+    allHold = allHold && holds;
+    return holds ? "" : "  <-- above the bound";
+}
+
+void printHead() {
+    std::printf("%-34s %8s %9s %9s %6s %9s %9s %9s %8s %9s %8s\n", "list", "rows", "first ms", "shell ms", "ratio",
+                "statement", "shown ms", "all ms", "end ms", "pause ms", "peak MiB");
+}
+
+// Of several statements for the same list the shell is given the one that it is quickest with.
+void print(const QString& name, const Figures& figures, const QStringList& statements) {
+    const ShellTime shell = shellTime(statements);
+    const double ratio = figures.first / shell.whole;
+    const int memory = peakMemory();
+    const bool holds = ratio <= ratioBound && figures.pause <= pauseBound && memory <= memoryBound * 1024;
+    std::printf("%-34s %8d %9.1f %9.1f %6.2f %9.1f %9.1f %9.1f %8.1f %9.1f %8d%s\n", qPrintable(name), figures.rows,
+                figures.first, shell.whole, ratio, shell.statement, figures.shown, figures.all, figures.end,
+                figures.pause, memory / 1024, verdict(holds));
+    std::fflush(stdout);
+}
+
+Figures bestOf(const std::function<Figures()>& once) {
+    Figures best;
+    double pause = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const Figures figures = once();
+        pause = std::max(pause, figures.pause);
+        if (figures.first < best.first) best = figures;
     }
-    QElapsedTimer timer;
-    timer.start();
-    const qint64 rows = gCsEstimateManager.CountWithMst({});
-    std::printf("count of %lld: %.1f ms; peak memory %s\n", rows, since(timer), peakMemory().constData());
+    best.pause = pause;
+    return best;
+}
+
+template <class Widget> Widget* child(const QWidget& parent, const QString& name) {
+    auto* found = parent.findChild<Widget*>(name);
+    if (!found) throw AppError(u"no control "_qs + name);
+    return found;
+}
+
+// --- the customer list ---
+
+class CustomerLists {
+public:
+    CustomerLists() : m_grid(child<Grid>(m_screen, u"flxData"_qs)), m_painted(m_grid) {}
+
+    void run() {
+        m_screen.show();
+        m_screen.Load();
+        spinUntil([this] { return m_painted.done() && !m_grid->isFilling(); });
+        auto* tabs = child<QTabBar>(m_screen, u"stKana"_qs);
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            const QString range = KanaTabFilter(u"[フリガナ1]"_qs, tab);
+            compare(u"customers, tab "_qs + tabs->tabText(tab), range.isEmpty() ? range : u'(' + range + u')',
+                    byReading, [tabs, tab] {
+                        if (tabs->currentIndex() == tab)
+                            emit tabs->currentChanged(tab);
+                        else
+                            tabs->setCurrentIndex(tab);
+                    });
+        }
+        tabs->setCurrentIndex(0);
+        for (const auto& [field, column, text] : {std::tuple{u"txtKana1"_qs, u"フリガナ1"_qs, u"ｽｽﾞ"_qs},
+                                                  std::tuple{u"txtKana2"_qs, u"フリガナ2"_qs, u"ﾊﾅ"_qs}}) {
+            auto* entry = child<EntryField>(m_screen, field);
+            QString where = u"[%1] LIKE '%2%'"_qs.arg(column, text);
+            const int tab = field == u"txtKana1" ? KanaTabOf(text) : 0;
+            if (tab > 0) where = u"("_qs + KanaTabFilter(u"[フリガナ1]"_qs, tab) + u") AND "_qs + where;
+            compare(u"customers, "_qs + field, where, byReading, [entry, text = text] {
+                entry->setValue({});
+                entry->setValue(text);
+            });
+            entry->setValue({});
+            tabs->setCurrentIndex(0);
+        }
+        spinUntil([this] { return !m_grid->isFilling(); });
+        for (int column = 0; column < m_grid->columns(); ++column) sortBoth(column);
+    }
+
+private:
+    inline static const QString byReading = u"[フリガナ1] ASC, [フリガナ2] ASC, [顧客ID] ASC, [顧客枝番] ASC"_qs;
+
+    static QStringList statements(const QString& where, const QString& order) {
+        QString list = u"SELECT * FROM [顧客情報]"_qs;
+        if (!where.isEmpty()) list += u" WHERE "_qs + where;
+        return {list + u" ORDER BY "_qs + order, clsCustomerManager::Keys(where, order)};
+    }
+
+    void compare(const QString& name, const QString& where, const QString& order, const std::function<void()>& start) {
+        if (isWanted(name))
+            print(name, bestOf([&] { return play(*m_grid, m_painted, start); }), statements(where, order));
+    }
+
+    void sortBoth(int column) {
+        static const QList<QStringList> terms{{u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[顧客枝番]"_qs, u"[顧客ID]"_qs},
+                                              {u"[顧客番号]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[名前1]"_qs, u"[名前2]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[フリガナ1]"_qs, u"[フリガナ2]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[性別]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[都道府県]"_qs, u"[市区郡]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs},
+                                              {u"[市区郡]"_qs, u"[顧客ID]"_qs, u"[顧客枝番]"_qs}};
+        const QString name = u"customers by "_qs + m_grid->column(column).title;
+        if (!isWanted(name)) return;
+        m_grid->clearSortMark();
+        const auto click = [&] { emit m_grid->headingClicked(column); };
+        Figures up, down;
+        for (int round = 0; round < rounds; ++round)
+            for (Figures* best : {&up, &down}) {
+                Figures once = play(*m_grid, m_painted, click);
+                once.pause = std::max(once.pause, best->pause);
+                if (once.first < best->first)
+                    *best = once;
+                else
+                    best->pause = once.pause;
+            }
+        print(name + u" ▲"_qs, up, statements({}, terms.at(column).join(u" ASC, "_qs) + u" ASC"_qs));
+        print(name + u" ▼"_qs, down, statements({}, terms.at(column).join(u" DESC, "_qs) + u" DESC"_qs));
+    }
+
+    frmCustomerList m_screen;
+    Grid* m_grid;
+    Painted m_painted;
+};
+
+// --- the estimate list ---
+
+class EstimateLists {
+public:
+    EstimateLists()
+        : m_tabs(child<QTabWidget>(m_screen, u"tabEstList"_qs)), m_page(m_screen.findChild<EstimateSearchPage*>()),
+          m_customers(child<Grid>(m_screen, u"flxCustList"_qs)), m_estimates(child<Grid>(m_screen, u"flxEstList"_qs)),
+          m_customersPainted(m_customers), m_estimatesPainted(m_estimates) {}
+
+    void run() {
+        m_screen.Load();
+        m_screen.show();
+        fill({});
+        playEstimates(); // both have their connection
+        playCustomers();
+        for (const Search& search : searches()) {
+            fill(search);
+            const QString where = m_page->filter().condition();
+            if (isWanted(u"estimates"_qs + search.name))
+                print(u"estimates"_qs + search.name, bestOf([this] { return playEstimates(); }),
+                      {clsCsEstimateManager::ListWithMst(where, byId), clsCsEstimateManager::KeysWithMst(where, byId)});
+            if (isWanted(u"customers of estimates"_qs + search.name))
+                print(u"customers of estimates"_qs + search.name, bestOf([this] { return playCustomers(); }),
+                      {clsCustomerManager::ListWithEst(where, byNumber),
+                       clsCustomerManager::KeysWithEst(where, byNumber)});
+        }
+        if (isWanted(u"estimates of ticked customers"_qs)) ticked();
+        playCustomers(); // without ticks
+        playEstimates();
+        for (int column = 0; column < m_estimates->columns(); ++column) sortBoth(column);
+        count();
+    }
+
+private:
+    using Fields = QList<std::pair<QString, QString>>;
+    struct Search {
+        QString name;
+        Fields fields;
+    };
+
+    inline static const QString byId = u"[顧客見積情報].[見積ID]"_qs;
+    inline static const QString byNumber = u"[顧客情報].[顧客番号]"_qs;
+
+    static QList<Search> searches() {
+        return {{{}, {}},
+                {u", name"_qs, {{u"txtName1"_qs, u"山"_qs}, {u"txtName2"_qs, u"子"_qs}}},
+                {u", kana"_qs, {{u"txtKana1"_qs, u"ﾐ"_qs}}},
+                {u", kana of nobody"_qs, {{u"txtKana1"_qs, u"ﾇﾇ"_qs}}},
+                {u", number of the person"_qs, {{u"txtCsNo"_qs, u"900123"_qs}}},
+                {u", birth"_qs, {{u"idtBirth"_qs, u"1970/01/05"_qs}}},
+                {u", phone"_qs, {{u"txtTelNo"_qs, u"-1234"_qs}}},
+                {u", zip"_qs, {{u"txtZip"_qs, u"123"_qs}}},
+                {u", address"_qs, {{u"cboPref"_qs, u"愛知県"_qs}, {u"txtAddr"_qs, u"緑が丘7"_qs}}},
+                {u", law"_qs, {{u"cboIns"_qs, u"2"_qs}}},
+                {u", payer"_qs, {{u"txtClaimNm"_qs, u"請求先3"_qs}}},
+                {u", law and payer code"_qs, {{u"cboIns"_qs, u"3"_qs}, {u"txtClaimCd"_qs, u"20"_qs}}},
+                {u", estimate number"_qs, {{u"txtEstNo"_qs, u"9000123"_qs}}},
+                {u", status"_qs, {{u"chkProcKbn_0"_qs, {}}, {u"chkProcKbn_2"_qs, {}}}},
+                {u", product"_qs, {{u"txtProductCd"_qs, u"P012"_qs}}},
+                {u", estimate name"_qs, {{u"txtProductNm"_qs, u"車椅子"_qs}}},
+                {u", received in a month"_qs,
+                 {{u"idtRecvDate_0"_qs, u"2024/04/01"_qs}, {u"idtRecvDate_1"_qs, u"2024/04/30"_qs}}},
+                {u", cast in a year"_qs,
+                 {{u"idtPickPtnDate_0"_qs, u"2023/04/01"_qs}, {u"idtPickPtnDate_1"_qs, u"2024/03/31"_qs}}},
+                {u", disease"_qs, {{u"txtDiseaseNm"_qs, u"麻痺"_qs}}},
+                {u", party code"_qs, {{u"txtOrderCd"_qs, u"10"_qs}}},
+                {u", party"_qs, {{u"txtOrderNm"_qs, u"病院4"_qs}}}};
+    }
+
+    void fill(const Search& search) {
+        m_tabs->setCurrentIndex(0);
+        for (EntryField* field : m_page->findChildren<EntryField*>()) field->setValue({});
+        for (ChoiceBox* box : m_page->findChildren<ChoiceBox*>()) box->clearChoice();
+        for (QCheckBox* box : m_page->findChildren<QCheckBox*>()) box->setChecked(false);
+        for (const auto& [name, value] : search.fields) {
+            auto* widget = child<QWidget>(*m_page, name);
+            if (auto* field = qobject_cast<EntryField*>(widget)) field->setValue(value);
+            if (auto* tick = qobject_cast<QCheckBox*>(widget)) tick->setChecked(true);
+            if (auto* box = qobject_cast<ChoiceBox*>(widget); box && !box->chooseByData(value)) box->setText(value);
+        }
+    }
+
+    Figures turnTo(int page, Grid* grid, Painted& painted) {
+        m_tabs->setCurrentIndex(0);
+        return play(*grid, painted, [this, page] { m_tabs->setCurrentIndex(page); });
+    }
+    Figures playCustomers() { return turnTo(1, m_customers, m_customersPainted); }
+    Figures playEstimates() { return turnTo(2, m_estimates, m_estimatesPainted); }
+
+    void ticked() {
+        fill({});
+        playCustomers();
+        QList<CustomerKey> keys;
+        for (const int row : {1, 3, 150}) {
+            m_customers->toggleCheck(row, 0);
+            keys << CustomerKey{m_customers->value(row, 1), m_customers->value(row, 2)};
+        }
+        const QString where = withCustomers({}, keys);
+        // From the customers themselves, as their page would be filled anew.
+        const auto once = [this] {
+            const Figures figures = play(*m_estimates, m_estimatesPainted, [this] { m_tabs->setCurrentIndex(2); });
+            m_tabs->setCurrentIndex(0);
+            return figures;
+        };
+        print(u"estimates of ticked customers"_qs, bestOf(once),
+              {clsCsEstimateManager::ListWithMst(where, byId), clsCsEstimateManager::KeysWithMst(where, byId)});
+    }
+
+    void sortBoth(int column) {
+        static const QHash<int, QStringList> terms{{2, {u"[顧客情報].[名前1]"_qs, u"[顧客情報].[名前2]"_qs}},
+                                                   {4, {u"[顧客見積情報].[採型日]"_qs}},
+                                                   {5, {u"[顧客見積情報].[納品実績日]"_qs}},
+                                                   {6, {u"[顧客見積情報].[製品コード]"_qs}},
+                                                   {7, {u"[顧客見積情報].[見積名称]"_qs}},
+                                                   {8, {u"[顧客見積情報].[見積総合計]"_qs}},
+                                                   {9, {u"[顧客カルテ].[受注先]"_qs}},
+                                                   {10, {u"[顧客見積情報].[処理区分]"_qs}}};
+        const QString name = u"estimates by "_qs + m_estimates->column(column).title;
+        if (!terms.contains(column) || !isWanted(name)) return;
+        m_estimates->clearSortMark();
+        const auto click = [&] { emit m_estimates->headingClicked(column); };
+        Figures up, down;
+        for (int round = 0; round < rounds; ++round)
+            for (Figures* best : {&up, &down}) {
+                Figures once = play(*m_estimates, m_estimatesPainted, click);
+                once.pause = std::max(once.pause, best->pause);
+                if (once.first < best->first)
+                    *best = once;
+                else
+                    best->pause = once.pause;
+            }
+        for (const auto& [mark, direction, figures] :
+             {std::tuple{u" ▲"_qs, u" ASC "_qs, up}, std::tuple{u" ▼"_qs, u" DESC "_qs, down}}) {
+            const QString order = terms[column].join(direction + u", "_qs) + direction + u", "_qs + byId + u" ASC"_qs;
+            print(name + mark, figures,
+                  {clsCsEstimateManager::ListWithMst({}, order), clsCsEstimateManager::KeysWithMst({}, order)});
+        }
+    }
+
+    void count() {
+        const double shell = shellTime({u"SELECT COUNT(*) FROM [顧客見積情報]"_qs}).whole;
+        double best = 1e9;
+        qint64 rows = 0;
+        for (int round = 0; round < rounds; ++round) {
+            QElapsedTimer timer;
+            timer.start();
+            rows = gCsEstimateManager.CountWithMst({});
+            best = std::min(best, since(timer));
+        }
+        std::printf("%-34s %8lld %9.1f %9.1f %6.2f%s\n", "count of the estimates", rows, best, shell, best / shell,
+                    verdict(best <= ratioBound * shell));
+    }
+
+    frmCsEstimateList m_screen;
+    QTabWidget* m_tabs;
+    EstimateSearchPage* m_page;
+    Grid* m_customers;
+    Grid* m_estimates;
+    Painted m_customersPainted;
+    Painted m_estimatesPainted;
+};
+
+void run() {
+    printHead();
+    CustomerLists().run();
+    EstimateLists().run();
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    if (argc != 2) return 2;
+    if (argc != 2 && argc != 3) return 2;
+    if (argc == 3) onlyWith = QString::fromLocal8Bit(argv[2]);
+    Text::assertConverters();
+    Style::apply(application);
+    fillSeamsWithDialogs();
+    const QFileInfo ini(QString::fromLocal8Bit(argv[1]));
+    seams().programFolder = [folder = ini.absolutePath()] { return folder; };
+    seams().message = [](const MessageBoxRequest& request) -> qint16 { qFatal("%s", qUtf8Printable(request.text)); };
     try {
-        Connection connection(ConnectionSettings::fromProfile(clsProfile(QString::fromLocal8Bit(argv[1]))));
-        connection.open();
+        gLogger = std::make_unique<clsLogger>();
         setSystemDate({});
-        Managers::prepare(connection);
-        run(connection);
+        gDbManager.DBOpen();
+        Managers::prepare(gDbManager.Connection());
+        run();
         Managers::release();
-        return EXIT_SUCCESS;
+        gDbManager.DBClose();
+        return allHold ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const AppError& error) {
         std::fprintf(stderr, "list_bench: %s\n", qUtf8Printable(error.description()));
-        return EXIT_FAILURE;
+        return 2;
     }
 }

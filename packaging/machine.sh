@@ -19,6 +19,8 @@ program_packages=(
 test_packages=(
     postgresql-15         # the server that the tests start for themselves
     poppler-utils         # reads back the PDFs that the program writes
+    xvfb                  # a display without a screen, for scenarios on a real X server
+    xauth                 # the key to that display
 )
 bench_packages=(
     libbenchmark-dev      # timing of functions

@@ -1,6 +1,8 @@
 #include "HalvaneTest.h"
 
 #ifdef QT_WIDGETS_LIB
+#include "support/OfficeDisplay.h"
+
 #include <QApplication>
 using TestApplication = QApplication;
 #else
@@ -41,6 +43,9 @@ int main(int argc, char** argv) {
     std::set_terminate(tellUnexpected);
     // Some tests run as long as they are asked to; a test that hangs is ended from outside.
     if (!qEnvironmentVariableIsSet(functionTimeout)) qputenv(functionTimeout, "3600000");
+#ifdef QT_WIDGETS_LIB
+    useOfficeDisplay();
+#endif
     TestApplication application(argc, argv);
     QStringList arguments = application.arguments();
     if (arguments.size() < 2) return listClasses();

@@ -28,6 +28,16 @@ QString sameQuestion(const clsCustomer& customer) {
                customer.Addr2, customer.Tel);
 }
 
+const QList<Field<clsCustomer>>& shownWithEst() {
+    static const QList<Field<clsCustomer>> shown{
+        {&clsCustomer::CustId, u"顧客ID"_qs},     {&clsCustomer::CustSubId, u"顧客枝番"_qs},
+        {&clsCustomer::CustNo, u"顧客番号"_qs},   {&clsCustomer::CustNm1, u"名前1"_qs},
+        {&clsCustomer::CustNm2, u"名前2"_qs},     {&clsCustomer::CustKn1, u"フリガナ1"_qs},
+        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Tel, u"電話"_qs},
+        {&clsCustomer::Pref, u"都道府県"_qs},     {&clsCustomer::City, u"市区郡"_qs}};
+    return shown;
+}
+
 } // namespace
 
 clsCustomerManager::clsCustomerManager()
@@ -201,15 +211,9 @@ Recordset clsCustomerManager::GetSelectList(const QString& where, const QString&
     return connection().query(sql);
 }
 
-void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order) {
-    static const QList<Field<clsCustomer>> shown{
-        {&clsCustomer::CustId, u"顧客ID"_qs},     {&clsCustomer::CustSubId, u"顧客枝番"_qs},
-        {&clsCustomer::CustNo, u"顧客番号"_qs},   {&clsCustomer::CustNm1, u"名前1"_qs},
-        {&clsCustomer::CustNm2, u"名前2"_qs},     {&clsCustomer::CustKn1, u"フリガナ1"_qs},
-        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Tel, u"電話"_qs},
-        {&clsCustomer::Pref, u"都道府県"_qs},     {&clsCustomer::City, u"市区郡"_qs}};
+QString clsCustomerManager::ListWithEst(const QString& where, const QString& order) {
     QStringList columns;
-    for (const auto& field : shown) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
+    for (const auto& field : shownWithEst()) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
     QString sql = u" SELECT DISTINCT "_qs + columns.join(u", "_qs) +
                   u" FROM (((([顧客見積情報] INNER JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
                   u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
@@ -221,11 +225,16 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
                   u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
     if (!where.isEmpty()) sql += u" WHERE "_qs + where;
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
+    return sql;
+}
+
+void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order) {
+    const QString sql = ListWithEst(where, order);
     WriteSqlLog(sql);
     Recordset rows = connection().query(sql);
     while (rows.next()) {
         clsCustomer customer;
-        for (const auto& field : shown) customer.*field.member = rows.value(field.column);
+        for (const auto& field : shownWithEst()) customer.*field.member = rows.value(field.column);
         result << customer;
     }
 }

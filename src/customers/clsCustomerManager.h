@@ -47,6 +47,8 @@ public:
     // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.
     void GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order);
 
+    static QString ListWithEst(const QString& where, const QString& order);
+
     // The statement that gives the key of each of the same rows, or of rows of the table alone, and the customers of
     // such keys in any order.
     static QString KeysWithEst(const QString& where, const QString& order);

@@ -177,12 +177,21 @@ qint64 Connection::execute(const QString& statement) {
 }
 
 Recordset Connection::query(const QString& statement) {
+    return streamed(statement, m_private->engine->dialect().translate(statement));
+}
+
+Recordset Connection::querySoonest(const QString& statement) {
+    Engine& engine = *m_private->engine;
+    return streamed(statement, engine.soonest(engine.dialect().translate(statement)));
+}
+
+Recordset Connection::streamed(const QString& statement, const QString& engineStatement) {
     if (onStatement) onStatement(statement);
     ensureUsable();
     finishStream();
     QSqlQuery query(m_private->database());
     query.setForwardOnly(true);
-    if (!query.exec(m_private->engine->dialect().translate(statement))) m_private->fail(query.lastError());
+    if (!query.exec(engineStatement)) m_private->fail(query.lastError());
     auto stream = std::make_shared<Recordset::Stream>(std::move(query));
     stream->onError = [state = m_private.get()](const QSqlError& error) { state->fail(error); };
     m_private->stream = stream;

@@ -30,6 +30,8 @@ public:
     // too, which makes t with the rows of u in another database file.
     qint64 execute(const QString& statement);
     Recordset query(const QString& statement);
+    // The same for a list that is shown while it is read: its first rows come soon, all of them perhaps later.
+    Recordset querySoonest(const QString& statement);
     // The first field of the first row; empty when there is no row.
     QString scalar(const QString& statement);
 
@@ -75,6 +77,7 @@ private:
     qint64 run(const QString& engineStatement);
     bool copyInto(const QString& statement, qint64& rows);
     void finishStream();
+    Recordset streamed(const QString& statement, const QString& engineStatement);
     void beginInTurn();
 
     ConnectionSettings m_settings;

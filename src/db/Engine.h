@@ -24,6 +24,8 @@ public:
     virtual QStringList greeting(const ConnectionSettings& settings) const = 0;
     // Raises an error when the database is not one that the system can work with.
     virtual void check(QSqlDatabase&) const {}
+    // The statement for a list that is shown while it is read: planned for its first rows, not for its last.
+    virtual QString soonest(const QString& engineStatement) const { return engineStatement; }
     virtual QString beginTransaction() const = 0;
     // Whether who waits for a lock gets it in turn; if not, the statement that sets how long one waits.
     virtual bool queuesForLocks() const { return true; }

@@ -32,10 +32,12 @@ public:
         m_changed.notify_one();
     }
 
-    // The reader has shown the first keys of a reading.
-    void noteShown(int reading) {
+    // The reader has shown the first keys of a reading, and needs those before no more. Letting go of a long list takes
+    // longer than showing one, so that is done here.
+    void noteShown(int reading, QStringList spent) {
         const std::lock_guard lock(m_mutex);
         m_shown = reading;
+        m_spent = std::move(spent);
         m_changed.notify_one();
     }
 
@@ -72,13 +74,14 @@ private:
     std::optional<QString> next() {
         std::unique_lock lock(m_mutex);
         m_changed.wait(lock, [this] { return !m_reader || m_asked != m_current; });
+        m_spent.clear();
         if (!m_reader) return std::nullopt;
         m_current = m_asked;
         return m_statement;
     }
 
     void read(Connection& connection, const QString& statement) {
-        Recordset rows = connection.query(statement);
+        Recordset rows = connection.querySoonest(statement);
         QStringList keys;
         int batch = firstBatch;
         while (rows.next()) {
@@ -93,9 +96,11 @@ private:
 
     // Who looks at the list comes first; but no longer than a moment, as the statement holds the shared file.
     void letShow() {
+        QStringList spent; // goes after the lock
         std::unique_lock lock(m_mutex);
         m_changed.wait_for(lock, courtesy,
                            [this] { return !m_reader || m_asked != m_current || m_shown == m_current; });
+        spent.swap(m_spent);
     }
 
     // False when nobody wants more of this reading.
@@ -114,10 +119,11 @@ private:
         return true;
     }
 
-    std::mutex m_mutex;  // guards the next four
+    std::mutex m_mutex;  // guards the next five
     KeyReader* m_reader; // nothing once it has gone
     int m_asked = 0;
     int m_shown = 0;
+    QStringList m_spent;
     QString m_statement;
     std::condition_variable m_changed;
     int m_current = 0;
@@ -145,9 +151,9 @@ void KeyReader::take(int reading, const QStringList& keys, bool last) {
     if (reading != m_current) return;
     m_reading = !last;
     if (std::exchange(m_first, false)) {
-        m_keys = keys;
+        QStringList before = std::exchange(m_keys, keys);
         emit begun();
-        m_worker->noteShown(reading);
+        m_worker->noteShown(reading, std::move(before));
     } else {
         m_keys << keys;
         emit grown();

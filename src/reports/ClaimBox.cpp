@@ -23,7 +23,7 @@ void add(ClaimBox::Place& place, const QString& name, Money amount) {
 ClaimBox claimBox(const QList<clsCsEstAsk>& claims, const InsNames& names, bool insurersOff) {
     const bool anyAlwaysShown = std::any_of(claims.begin(), claims.end(), isAlwaysShown);
     ClaimBox box;
-    box.places.at(3) = {selfPay, Money()};
+    box.places.at(3).name = selfPay;
     size_t next = 0;
     for (const clsCsEstAsk& claim : claims) {
         const bool joins = !insurersOff || isAlwaysShown(claim) || (anyAlwaysShown && isLaw(claim, 99));
@@ -34,7 +34,7 @@ ClaimBox claimBox(const QList<clsCsEstAsk>& claims, const InsNames& names, bool 
         else if (next < 3)
             add(box.places.at(next++), name, Money::leadingNumber(claim.AskPrice));
     }
-    if (insurersOff && box.places.at(3).amount == Money()) box.places.at(3) = {};
+    if (insurersOff && box.places.at(3).amount.value_or(Money()) == Money()) box.places.at(3) = {};
     return box;
 }
 

@@ -10,6 +10,8 @@
 
 #include <QRegularExpression>
 
+#include <array>
+
 namespace {
 
 constexpr int copyMarked = 2;
@@ -30,14 +32,32 @@ int linesOnPage(const ReportClass& report, int setting) {
 // For the stamp of the receiving office: the era of today, the rest for the pen.
 QString blankDate() { return FormatEraDate(dateText(currentDate()), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
 
+struct BankAccount {
+    QString bank, account;
+};
+
+// Where the second field holds a bare number, the three fields tell of one account: its bank, number and holder.
+bool hasOneAccount(const clsOffice& office) {
+    static const QRegularExpression bareNumber(u"^[\\d\\s\\-－]*$"_qs, QRegularExpression::UseUnicodePropertiesOption);
+    return bareNumber.match(office.AcntNo).hasMatch() && !office.AcntNo.trimmed().isEmpty();
+}
+
 // An office with three accounts writes each into one field, the bank and behind a "／" or line break the account.
-void addAccounts(ReportParameters& parameters, const clsOffice& office) {
+std::array<BankAccount, 3> accountsOf(const clsOffice& office) {
     static const QRegularExpression divider(u"／|\\r?\\n"_qs);
+    if (hasOneAccount(office)) return {{{(office.Bank + u' ' + office.AcntNo).trimmed(), office.ChkAcnt}, {}, {}}};
+    const auto split = [](const QString& field) {
+        return BankAccount{field.section(divider, 0, 0), field.section(divider, 1)};
+    };
+    return {split(office.Bank), split(office.AcntNo), split(office.ChkAcnt)};
+}
+
+void addAccounts(ReportParameters& parameters, const clsOffice& office) {
     int number = 0;
-    for (const QString& field : {office.Bank, office.AcntNo, office.ChkAcnt}) {
+    for (const auto& [bank, account] : accountsOf(office)) {
         ++number;
-        parameters.insert(u"Bank%1"_qs.arg(number), field.section(divider, 0, 0));
-        parameters.insert(u"Account%1"_qs.arg(number), field.section(divider, 1));
+        parameters.insert(u"Bank%1"_qs.arg(number), bank);
+        parameters.insert(u"Account%1"_qs.arg(number), account);
     }
 }
 

@@ -66,7 +66,7 @@ private:
     }
 
     void addText(const ReportTextItem& item, const QString& text) {
-        if (text.trimmed().isEmpty()) return;
+        if (text.trimmed().isEmpty() || text == item.caption) return;
         const FittedText fitted = fitText(text, item, m_measure);
         const ReportRect room = item.at.moved(m_left, m_top);
         const int block = fitted.pitch * static_cast<int>(fitted.lines.size());

@@ -108,7 +108,7 @@ void readWords(const Node& node, ReportTextItem& item) {
 
 ReportTextItem readText(const Node& node, const QString& name, const Fonts& fonts) {
     node.allow({u"at"_qs, u"text"_qs, u"field"_qs, u"parameter"_qs, u"font"_qs, u"size"_qs, u"align"_qs, u"fit"_qs,
-                u"sizes"_qs, u"format"_qs, u"words"_qs, u"otherwise"_qs, u"showIf"_qs});
+                u"sizes"_qs, u"format"_qs, u"words"_qs, u"otherwise"_qs, u"caption"_qs, u"showIf"_qs});
     ReportTextItem item;
     item.name = name;
     item.at = readRect(node[u"at"]);
@@ -122,6 +122,7 @@ ReportTextItem readText(const Node& node, const QString& name, const Fonts& font
     item.wrap = node[u"fit"].choice({u"shrink"_qs, u"wrap"_qs}) == 1;
     item.sizes = readSizes(node[u"sizes"]);
     item.format = node[u"format"].text();
+    item.caption = node[u"caption"].text();
     item.showIf = node[u"showIf"].text();
     return item;
 }

@@ -53,6 +53,7 @@ struct ReportTextItem {
     QHash<QString, QString> words; // the words for a value, such as 2 and 請求書(控)
     bool hasWords = false;
     QString otherwise; // for a value that is not among the words
+    QString caption;   // words that a value brings along; with nothing behind them nothing is printed
     QString showIf;    // the item stands only when this parameter is not empty
 };
 

@@ -14,6 +14,8 @@ constexpr double smallestSize = 5;
 constexpr double sizeStep = 0.5;
 constexpr double ascent = 0.88;
 constexpr double looseLeading = 1.2;
+constexpr double littleSmaller = 0.85;    // one line this much smaller reads better than two
+constexpr double shortestLastLine = 0.34; // of the widest one
 
 double startSize(const QString& text, const ReportTextItem& item) {
     const int bytes = Text::cp932Length(text);
@@ -62,24 +64,76 @@ double widest(const QStringList& lines, const ReportFont& font, const ReportMeas
     return width;
 }
 
-} // namespace
+struct Attempt {
+    QStringList lines;
+    double size = 0;
+    bool fits = false;
+};
 
-FittedText fitText(const QString& text, const ReportTextItem& item, const ReportMeasure& measure) {
+// The largest size at which the text stands inside of its control, or else the smallest.
+Attempt largest(const QString& text, const ReportTextItem& item, bool wrap, const ReportMeasure& measure) {
     const double room = item.at.width;
     for (double size = startSize(text, item);; size = std::max(size - sizeStep, smallestSize)) {
         const ReportFont font = item.font.sized(size);
         const double em = size * twipsPerPoint;
         const auto most = static_cast<qsizetype>(std::max(1.0, item.at.height / em));
-        QStringList lines = item.wrap && most > 1 ? wrapped(text, room, font, measure) : QStringList{text};
-        const double width = widest(lines, font, measure);
-        const bool fits = width <= room && lines.size() <= most && em <= item.at.height;
+        QStringList lines = wrap && most > 1 ? wrapped(text, room, font, measure) : QStringList{text};
+        const bool fits = widest(lines, font, measure) <= room && lines.size() <= most && em <= item.at.height;
         if (!fits && size > smallestSize) continue;
         for (double virtualRoom = room; lines.size() > most; virtualRoom *= 1.1)
             lines = wrapped(text, virtualRoom, font, measure);
-        const double printed = widest(lines, font, measure);
-        const double pitch = std::min(em * looseLeading, double(item.at.height) / double(lines.size()));
-        return {lines, size, printed > room ? room / printed : 1, static_cast<int>(pitch)};
+        return {lines, size, fits};
     }
+}
+
+// Two lines that part at a blank, as even as the blanks allow; none when neither fits.
+QStringList partedAtBlank(const QString& text, double room, const ReportFont& font, const ReportMeasure& measure) {
+    QStringList parted;
+    double narrowest = room;
+    for (qsizetype blank = 0; blank < text.size() - 1; ++blank) {
+        if (!text.at(blank).isSpace()) continue;
+        const QStringList tried{text.left(blank + 1), text.mid(blank + 1)};
+        const double width = widest(tried, font, measure);
+        if (width > narrowest) continue;
+        narrowest = width;
+        parted = tried;
+    }
+    return parted;
+}
+
+// A last line of a character or two looks like a slip: the lines share the text more evenly then.
+QStringList evened(const QString& text, const QStringList& lines, double room, const ReportFont& font,
+                   const ReportMeasure& measure) {
+    if (measure(lines.last(), font) >= room * shortestLastLine) return lines;
+    if (lines.size() == 2)
+        if (const QStringList parted = partedAtBlank(text, room, font, measure); !parted.isEmpty()) return parted;
+    QStringList even = lines;
+    for (double narrower = room * 0.95; narrower > room / 2; narrower -= room * 0.05) {
+        const QStringList tried = wrapped(text, narrower, font, measure);
+        if (tried.size() > lines.size() || widest(tried, font, measure) > room) break;
+        even = tried;
+    }
+    return even;
+}
+
+Attempt best(const QString& text, const ReportTextItem& item, const ReportMeasure& measure) {
+    Attempt attempt = largest(text, item, item.wrap, measure);
+    if (!attempt.fits || attempt.lines.size() < 2) return attempt;
+    const Attempt onOneLine = largest(text, item, false, measure);
+    if (onOneLine.fits && onOneLine.size >= attempt.size * littleSmaller) return onOneLine;
+    attempt.lines = evened(text, attempt.lines, item.at.width, item.font.sized(attempt.size), measure);
+    return attempt;
+}
+
+} // namespace
+
+FittedText fitText(const QString& text, const ReportTextItem& item, const ReportMeasure& measure) {
+    const Attempt found = best(text, item, measure);
+    const double room = item.at.width;
+    const double printed = widest(found.lines, item.font.sized(found.size), measure);
+    const double em = found.size * twipsPerPoint;
+    const double pitch = std::min(em * looseLeading, double(item.at.height) / double(found.lines.size()));
+    return {found.lines, found.size, printed > room ? room / printed : 1, static_cast<int>(pitch)};
 }
 
 int centredBaseline(int top, int height, double size) {

@@ -4,6 +4,7 @@
 #include "ui/Style.h"
 
 #include <QCompleter>
+#include <QLineEdit>
 #include <QStylePainter>
 #include <QWheelEvent>
 
@@ -74,6 +75,7 @@ void ChoiceBox::setText(const QString& text) {
     m_foreignText = index < 0 ? text : QString();
     setCurrentIndex(index);
     if (isEditable()) setEditText(text);
+    if (isEditable() && !hasFocus()) lineEdit()->setCursorPosition(0); // a long text shows its beginning
     noteChange();
     update();
 }

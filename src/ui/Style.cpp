@@ -47,6 +47,8 @@ QPalette calmPalette() {
         palette.setColor(role, Style::ink);
         palette.setColor(QPalette::Disabled, role, QColor(0x8E, 0x98, 0xA2));
     }
+    // What cannot be changed is still there to be read, as on a screen opened to delete.
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x5B, 0x66, 0x70));
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEC, 0xEF, 0xF2));
     return palette;
 }
@@ -56,7 +58,7 @@ QString sheet() {
         QLineEdit, QPlainTextEdit, QComboBox { background: %1; border: 1px solid %2; border-radius: 3px;
             padding: 2px 4px; min-height: 1.15em; selection-background-color: %3; }
         QLineEdit:read-only, QPlainTextEdit:read-only { background: %4; }
-        QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #8E98A2; }
+        QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #5B6670; }
         QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { background: %5; border: 2px solid %3;
             padding: 1px 3px; }
         QComboBox::drop-down { border: none; width: 1.6em; }
@@ -85,7 +87,7 @@ QString sheet() {
         QTabBar::tab:focus { text-decoration: underline; }
         QLabel[shownValue="true"] { background: %1; border: 1px solid #D5DBE0; border-radius: 3px;
             padding: 1px 5px; min-height: 1.2em; }
-        QLabel[shownValue="true"]:disabled { background: %4; }
+        QLabel[shownValue="true"]:disabled { background: %4; color: #5B6670; }
         #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),

@@ -67,7 +67,7 @@ void frmSelectList::showRows() {
     ui->flxData->setSource(static_cast<int>(m_shownRows.size()),
                            [this](int row) { return Recordset.rows.at(m_shownRows.at(row)); });
     ui->flxData->setCurrent(1);
-    ui->lblRecCnt->setText(formatThousands(m_shownRows.size()) + u" 件"_qs);
+    ui->lblRecCnt->setText(formatThousands(m_shownRows.size()) + u"件"_qs);
     ui->cbSelect->setEnabled(!m_shownRows.isEmpty());
 }
 

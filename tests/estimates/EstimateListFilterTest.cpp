@@ -111,7 +111,7 @@ private slots:
     void tickedCustomersNarrowTheCondition() {
         QCOMPARE(withCustomers(u"x"_qs, {}), u"x"_qs);
         const QList<CustomerKey> two{{u"00000001"_qs, u"1"_qs}, {u"00000002"_qs, u"1"_qs}};
-        const QString narrowed = u"(([顧客情報].[顧客ID] = '00000001' AND [顧客情報].[顧客枝番] = 1) OR "
+        const QString narrowed = u"[顧客見積情報].[顧客ID] IN ('00000001','00000002') AND (([顧客情報].[顧客ID] = '00000001' AND [顧客情報].[顧客枝番] = 1) OR "
                                  u"([顧客情報].[顧客ID] = '00000002' AND [顧客情報].[顧客枝番] = 1))"_qs;
         QCOMPARE(withCustomers({}, two), narrowed);
         QCOMPARE(withCustomers(u"x"_qs, two), u"x AND "_qs + narrowed);

@@ -79,31 +79,37 @@ qint16 Answers::answer(const MessageBoxRequest& request) {
     m_said << request.text;
     if (request.buttons == MessageButtons::Ok) {
         m_boxes << Box{request.text, false};
+        if (m_words.value(0) == u"ok") m_words.removeFirst();
         return AnswerNone;
     }
-    if (m_givesWay || !m_trouble.isEmpty()) return yieldingAnswer(request.buttons);
+    if (m_givesWay) return yieldingAnswer(request.buttons);
     return preparedAnswer(request);
 }
 
 qint16 Answers::preparedAnswer(const MessageBoxRequest& request) {
     m_boxes << Box{request.text, true};
     if (m_words.isEmpty()) {
-        m_trouble = u"the question \"%1\", with no answer prepared"_qs.arg(request.text);
+        giveUp(u"the question \"%1\", with no answer prepared"_qs.arg(request.text));
         return yieldingAnswer(request.buttons);
     }
     const QString word = m_words.takeFirst();
     const qint16 given = answerWords().value(word);
     if (buttonsOf(request.buttons).contains(given)) return given;
-    m_trouble = u"the question \"%1\", which has no button for the prepared answer %2"_qs.arg(request.text, word);
+    giveUp(u"the question \"%1\", which has no button for the prepared answer %2"_qs.arg(request.text, word));
     return yieldingAnswer(request.buttons);
 }
 
 QString Answers::nextFile(const QString& caption) {
-    if (m_givesWay || !m_trouble.isEmpty()) return {};
+    if (m_givesWay) return {};
     if (m_files.isEmpty()) {
-        m_trouble = u"a file dialog \"%1\", with no file prepared"_qs.arg(caption);
+        giveUp(u"a file dialog \"%1\", with no file prepared"_qs.arg(caption));
         return {};
     }
     const QString path = m_files.takeFirst();
     return path == u"cancel" ? QString() : QDir::toNativeSeparators(QDir(m_folder).absoluteFilePath(path));
+}
+
+void Answers::giveUp(const QString& trouble) {
+    giveWay();
+    if (onTrouble) onTrouble(trouble);
 }

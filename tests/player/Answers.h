@@ -4,6 +4,8 @@
 
 #include <QList>
 
+#include <functional>
+
 // Answers every message box and file dialog of a scenario from what was prepared, and keeps what was said.
 class Answers {
 public:
@@ -24,8 +26,8 @@ public:
 
     // From now on questions are answered so that screens close without saving.
     void giveWay() { m_givesWay = true; }
-    // Why the scenario cannot go on; empty while all is well.
-    QString trouble() const { return m_trouble; }
+    // Told at once why the scenario cannot go on, while the screen that asked still stands.
+    std::function<void(const QString& trouble)> onTrouble;
     // Everything that was said, in order.
     const QStringList& said() const { return m_said; }
 
@@ -33,6 +35,7 @@ private:
     qint16 answer(const MessageBoxRequest& request);
     qint16 preparedAnswer(const MessageBoxRequest& request);
     QString nextFile(const QString& caption);
+    void giveUp(const QString& trouble);
 
     QString m_folder;
     QStringList m_words;
@@ -43,6 +46,5 @@ private:
     };
     QList<Box> m_boxes; // not yet expected
     QStringList m_said;
-    QString m_trouble;
     bool m_givesWay = false;
 };

@@ -27,6 +27,13 @@ QList<QWidget*> arrayMembers(QWidget* screen, const QString& name) {
     return members;
 }
 
+// A member of an array may also be written NAME(0) or NAME[0].
+QString memberName(const QString& written) {
+    static const QRegularExpression form(uR"(^(\w+)[(\[](\d+)[)\]]$)"_qs);
+    const auto match = form.match(written);
+    return match.hasMatch() ? match.captured(1) + u'_' + match.captured(2) : written;
+}
+
 QWidget* firstVisible(const QList<QWidget*>& widgets) {
     const auto found = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* w) { return w->isVisible(); });
     return found != widgets.end() ? *found : widgets.value(0);
@@ -70,12 +77,13 @@ int Desk::modalScreens() {
     }));
 }
 
-QWidget* Desk::control(const QString& name) {
+QWidget* Desk::control(const QString& written) {
     QWidget* screen = topmost();
+    const QString name = memberName(written);
     if (screen->objectName() == name) return screen;
     if (QWidget* found = firstVisible(screen->findChildren<QWidget*>(name))) return found;
     if (QWidget* member = firstVisible(arrayMembers(screen, name))) return member;
-    throw StepFailure{u"no control %1 in %2"_qs.arg(name, screen->objectName()), u"the control"_qs};
+    throw StepFailure{u"no control %1 in %2"_qs.arg(written, screen->objectName()), u"the control"_qs};
 }
 
 Grid* Desk::grid(const QString& name) {
@@ -93,6 +101,17 @@ QWidget* Desk::usableControl(const QString& name) {
 Grid* Desk::usableGrid(const QString& name) {
     usableControl(name);
     return grid(name);
+}
+
+int Desk::column(const Grid* grid, const QString& word) {
+    bool isNumber = false;
+    const int number = word.toInt(&isNumber);
+    if (isNumber && number >= 0 && number < grid->columns()) return number;
+    if (isNumber)
+        throw StepFailure{u"%1 has the columns 0 to %2"_qs.arg(grid->objectName()).arg(grid->columns() - 1), word};
+    for (int column = 0; column < grid->columns(); ++column)
+        if (grid->column(column).title == word) return column;
+    throw StepFailure{u"%1 has no column %2"_qs.arg(grid->objectName(), word), u"a number or a heading"_qs};
 }
 
 void Desk::checkPlace(const Grid* grid, int row, int column) {

@@ -18,12 +18,14 @@ QStringList openScreens();
 int modalScreens();
 
 // The control of a name in the topmost screen; of a control array without a member of just that name, its first
-// visible one. Raises a StepFailure that names a missing control.
+// visible one. A member is NAME_0, or NAME(0). Raises a StepFailure that names a missing control.
 QWidget* control(const QString& name);
 Grid* grid(const QString& name);
 // A control that the operator can use; raises a StepFailure for one that is hidden or disabled.
 QWidget* usableControl(const QString& name);
 Grid* usableGrid(const QString& name);
+// The number of a column, which a step gives as such or by its heading.
+int column(const Grid* grid, const QString& word);
 // Raises a StepFailure for a row or column that a grid does not have.
 void checkPlace(const Grid* grid, int row, int column);
 

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QTabWidget>
 
 namespace {
 
@@ -26,6 +27,14 @@ QString withoutMnemonic(const QString& caption) { return QString(caption).remove
 void sameCaption(const QString& caption, const QString& expected) {
     if (caption != expected) same(withoutMnemonic(caption), expected);
 }
+
+QString heading(const Grid* grid, int column) { return grid->model()->headerData(column, Qt::Horizontal).toString(); }
+
+bool isOnOff(const Grid* grid, int column, const QString& text) {
+    return grid->column(column).kind == GridColumn::Check && (text == u"on" || text == u"off");
+}
+
+QString captionOfTab(const QTabBar* tabs) { return tabs->tabText(tabs->currentIndex()); }
 
 } // namespace
 
@@ -45,12 +54,18 @@ void Expect::text(const QString& name, const QString& text) {
     if (const auto* label = qobject_cast<const QLabel*>(control)) return sameCaption(label->text(), text);
     if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return sameCaption(button->text(), text);
     if (const auto* group = qobject_cast<const QGroupBox*>(control)) return sameCaption(group->title(), text);
+    if (const auto* tabs = qobject_cast<const QTabWidget*>(control))
+        return sameCaption(captionOfTab(tabs->tabBar()), text);
+    if (const auto* bar = qobject_cast<const QTabBar*>(control)) return sameCaption(captionOfTab(bar), text);
     throw StepFailure{u"%1 shows no text"_qs.arg(name), text};
 }
 
-void Expect::cell(const QString& name, int row, int column, const QString& text) {
+void Expect::cell(const QString& name, int row, const QString& word, const QString& text) {
     const Grid* grid = Desk::grid(name);
+    const int column = Desk::column(grid, word);
+    if (row == 0) return same(heading(grid, column), text);
     Desk::checkPlace(grid, row, column);
+    if (isOnOff(grid, column, text)) return same(grid->isChecked(row, column) ? u"on"_qs : u"off"_qs, text);
     same(grid->text(row, column), text);
 }
 

@@ -8,7 +8,7 @@ namespace Expect {
 void screen(const QString& name);
 void title(const QString& text);
 void text(const QString& name, const QString& text);
-void cell(const QString& grid, int row, int column, const QString& text);
+void cell(const QString& grid, int row, const QString& column, const QString& text);
 void rows(const QString& grid, int count);
 void list(const QString& name, const QString& entries);
 void enabled(const QString& name, bool enabled);

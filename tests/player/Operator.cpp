@@ -46,6 +46,11 @@ QWidget* textTarget(QWidget* control) {
     throw StepFailure{u"%1 takes no text"_qs.arg(control->objectName()), u"a field to type into"_qs};
 }
 
+bool takesOnlyEntries(QWidget* control) {
+    const auto* list = qobject_cast<QComboBox*>(control);
+    return list && !list->isEditable();
+}
+
 void selectAll(QWidget* target) {
     if (auto* field = qobject_cast<QLineEdit*>(target)) field->selectAll();
     if (auto* memo = qobject_cast<QPlainTextEdit*>(target)) memo->selectAll();
@@ -85,11 +90,17 @@ QStringList entriesOf(const QComboBox* list) {
     return entries;
 }
 
-void chooseEntry(QComboBox* list, const QString& text) {
+// The entry that shows a text; for the empty text also the one that stands for no choice, such as （全て）.
+int entryOf(const QComboBox* list, const QString& text) {
     const int index = list->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    return index < 0 && text.isEmpty() ? list->findData(QString()) : index;
+}
+
+void chooseEntry(QComboBox* list, const QString& text) {
+    const int index = entryOf(list, text);
     if (index < 0) throw StepFailure{u"the entries "_qs + entriesOf(list).join(u'|'), text};
     list->setCurrentIndex(index);
-    emit list->textActivated(text);
+    emit list->textActivated(list->itemText(index));
     emit list->activated(index);
 }
 
@@ -130,6 +141,7 @@ void Operator::press(const QString& name) {
 
 void Operator::type(const QString& name, const QString& text) {
     QWidget* control = Desk::usableControl(name);
+    if (takesOnlyEntries(control)) return pick(control, text);
     textTarget(control);
     goTo(control, [this, control, text, &player = m_player] {
         replaceText(textTarget(control), text);
@@ -142,7 +154,7 @@ void Operator::type(const QString& name, const QString& text) {
 void Operator::key(const QString& name, const QStringList& keys) {
     QWidget* control = Desk::usableControl(name);
     QList<QKeyCombination> combinations;
-    for (const QString& word : keys) {
+    for (const QString& word : keys.join(u' ').split(u' ', Qt::SkipEmptyParts)) {
         const QKeySequence sequence(word);
         if (sequence.isEmpty() || sequence[0].key() == Qt::Key_unknown) throw StepFailure{word, u"a key"_qs};
         for (int i = 0; i < sequence.count(); ++i) combinations << sequence[i];
@@ -158,17 +170,20 @@ void Operator::key(const QString& name, const QStringList& keys) {
     alreadyThere ? send() : goTo(control, send);
 }
 
-void Operator::choose(const QString& name, const QString& text) {
-    QWidget* control = Desk::usableControl(name);
+void Operator::choose(const QString& name, const QString& text) { pick(Desk::usableControl(name), text); }
+
+void Operator::pick(QWidget* control, const QString& text) {
     auto* combo = qobject_cast<QComboBox*>(control);
     auto* items = qobject_cast<QListWidget*>(control);
-    if (!combo && !items) throw StepFailure{u"%1 is no list"_qs.arg(name), u"a list"_qs};
+    if (!combo && !items) throw StepFailure{u"%1 is no list"_qs.arg(control->objectName()), u"a list"_qs};
     goTo(control, [combo, items, text] { combo ? chooseEntry(combo, text) : chooseItem(items, text); });
 }
 
 void Operator::tick(const QString& name, bool on) {
     QAbstractButton* button = buttonOf(Desk::usableControl(name));
     if (!button->isCheckable()) throw StepFailure{u"%1 cannot be ticked"_qs.arg(name), u"a tick box"_qs};
+    if (!on && button->autoExclusive() && button->isChecked())
+        throw StepFailure{u"%1 is an option, which another one turns off"_qs.arg(name), u"off"_qs};
     if (button->isChecked() != on) press(name);
 }
 
@@ -180,18 +195,25 @@ void Operator::tab(const QString& name, int index) {
     goTo(tabs, [tabs, index] { tabs->setCurrentIndex(index); });
 }
 
-void Operator::cell(const QString& name, int row, int column, const QString& text) {
+void Operator::cell(const QString& name, int row, const QString& word, const QString& text) {
     Grid* grid = Desk::usableGrid(name);
+    const int column = Desk::column(grid, word);
     Desk::checkPlace(grid, row, column);
-    goTo(grid, [grid, row, column, text] {
+    goTo(grid, [grid, row, column, text, &player = m_player] {
         Desk::checkPlace(grid, row, column);
         if (!grid->beginEdit(row, column) || !grid->editor()) throw StepFailure{u"the cell cannot be edited"_qs, text};
         fillEditor(grid, column, text);
+        // Return may have gone on to the next row; the commands behind this step mean the row that it names
+        player.then([target = QPointer<Grid>(grid), row, column] {
+            if (target && hasFocus(target) && target->currentRow() != row && row <= target->rows())
+                target->setCurrent(row, column);
+        });
     });
 }
 
-void Operator::tickCell(const QString& name, int row, int column, bool on) {
+void Operator::tickCell(const QString& name, int row, const QString& word, bool on) {
     Grid* grid = Desk::usableGrid(name);
+    const int column = Desk::column(grid, word);
     Desk::checkPlace(grid, row, column);
     if (grid->column(column).kind != GridColumn::Check)
         throw StepFailure{u"column %1 has no tick boxes"_qs.arg(column), u"a tick box"_qs};
@@ -217,10 +239,9 @@ void Operator::open(const QString& name, int row) {
     });
 }
 
-void Operator::head(const QString& name, int column) {
+void Operator::head(const QString& name, const QString& word) {
     Grid* grid = Desk::usableGrid(name);
-    if (column < 0 || column >= grid->columns())
-        throw StepFailure{u"%1 has the columns 0 to %2"_qs.arg(name).arg(grid->columns() - 1), QString::number(column)};
+    const int column = Desk::column(grid, word);
     goTo(grid, [grid, column] { emit grid->horizontalHeader()->sectionClicked(column); });
 }
 

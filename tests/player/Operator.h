@@ -17,17 +17,18 @@ public:
     void choose(const QString& name, const QString& text);
     void tick(const QString& name, bool on);
     void tab(const QString& name, int index);
-    void cell(const QString& grid, int row, int column, const QString& text);
-    void tickCell(const QString& grid, int row, int column, bool on);
+    void cell(const QString& grid, int row, const QString& column, const QString& text);
+    void tickCell(const QString& grid, int row, const QString& column, bool on);
     void row(const QString& grid, int row);
     void open(const QString& grid, int row);
-    void head(const QString& grid, int column);
+    void head(const QString& grid, const QString& column);
     void close();
 
 private:
     // Goes to a control and, when the loop has come to rest, acts on it; not when another field kept the focus, because
     // its entry is wrong.
     void goTo(QWidget* control, std::function<void()> act);
+    void pick(QWidget* control, const QString& entry);
 
     Player& m_player;
 };

@@ -15,8 +15,8 @@ struct PrintedDocument {
 struct PaperSource {
     std::function<QList<PrintedDocument>()> documents;
     std::function<void()> forget;
-    // Writes the last printed pages; false when the file cannot be written.
-    std::function<bool(const QString& file)> savePdf;
+    // Writes the last printed pages, also those of an earlier step; raises a StepFailure when nothing was printed.
+    std::function<void(const QString& file)> savePdf;
 };
 
 // The documents since the last acting step. Raises a StepFailure for what does not hold.

@@ -5,6 +5,7 @@
 #include "app/basMain.h"
 #include "base/AppError.h"
 #include "base/Text.h"
+#include "base/basCommon.h"
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
 
@@ -36,7 +37,14 @@ void expectContains(const QString& found, const QString& text) {
     if (!found.contains(text)) throw StepFailure{found.trimmed(), text};
 }
 
-QString indented(const QString& text) { return QString(text).replace(u"\n"_qs, u"\n             "_qs); }
+// A part of the note on a failure; of a long one, such as a page of paper or a log, its two ends.
+QString noted(const QString& text) {
+    constexpr int end = 10;
+    QStringList lines = text.split(u'\n');
+    const qsizetype between = lines.size() - 2 * end;
+    if (between > 1) lines = lines.mid(0, end) << u"… %1 lines …"_qs.arg(between) << lines.mid(lines.size() - end);
+    return lines.join(u"\n             "_qs);
+}
 
 } // namespace
 
@@ -44,6 +52,7 @@ Player::Player(Scenario scenario, PlayOptions options)
     : m_scenario(std::move(scenario)), m_options(std::move(options)), m_office(m_options.provider),
       m_answers(m_office.folder()), m_papers(m_options.papers) {
     m_answers.install();
+    m_answers.onTrouble = [this](const QString& trouble) { fail({trouble, u"a prepared answer"_qs}); };
     seams().letEventsRun = [this] {
         const bool before = std::exchange(m_busy, true);
         QCoreApplication::processEvents();
@@ -75,7 +84,7 @@ void Player::schedule(int milliseconds) {
 }
 
 void Player::tick() {
-    m_watchdog.beat(m_scenario.file + u':' + QString::number(currentLine()));
+    beat();
     const bool leaving = QThread::currentThread()->loopLevel() > m_baseLoopLevel + Desk::modalScreens();
     if (m_busy || leaving) return schedule(1);
     if (!m_failed && m_stepTime.elapsed() > m_options.longestStep)
@@ -83,10 +92,14 @@ void Player::tick() {
     if (!m_failed && !Desk::isAtRest()) return schedule(1);
     if (m_restingTurns++ < turnsOfRest) return schedule(); // what the last step set going had its turn
     m_restingTurns = 0;
-    if (!m_failed && !m_answers.trouble().isEmpty()) fail({m_answers.trouble(), u"a prepared answer"_qs});
     if (isOver()) return closeEverything();
     schedule();
     advance();
+}
+
+void Player::beat() {
+    m_watchdog.beat(u"%1:%2: %3"_qs.arg(m_scenario.file).arg(currentLine()).arg(currentStep()),
+                    Desk::openScreens().join(u" > "_qs));
 }
 
 bool Player::isOver() const { return m_failed || (m_continuations.empty() && m_next >= m_scenario.steps.size()); }
@@ -101,6 +114,7 @@ void Player::advance() {
 
 void Player::runStep(const Step& step) {
     const StepKind* kind = kindOf(step);
+    beat();
     if (kind->effect == StepKind::Acts) m_papers.forget();
     attempt([this, kind, &step] { kind->run(*this, step, argumentsOf(step, *kind)); });
 }
@@ -119,16 +133,17 @@ void Player::attempt(const std::function<void()>& work) {
 
 int Player::currentLine() const { return m_next > 0 ? m_scenario.steps.at(m_next - 1).line : 0; }
 
+QString Player::currentStep() const { return m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString(); }
+
 void Player::fail(const StepFailure& failure) {
     if (m_failed) return;
     m_failed = true;
     m_continuations.clear();
-    const QString step = m_next > 0 ? m_scenario.steps.at(m_next - 1).text : QString();
     m_report =
         u"%1:%2: %3\n  found:     %4\n  expected:  %5\n  screens:   %6\n  messages:  %7\n"_qs.arg(m_scenario.file)
             .arg(currentLine())
-            .arg(step, indented(failure.found), indented(failure.expected), Desk::openScreens().join(u" > "_qs),
-                 indented(m_answers.said().join(u'\n')));
+            .arg(currentStep(), noted(failure.found), noted(failure.expected), Desk::openScreens().join(u" > "_qs),
+                 m_answers.said().join(u'\n').replace(u"\n"_qs, u"\n             "_qs));
     if (m_options.outFolder.isEmpty() || !Desk::topmostOrNone()) return;
     const QString picture = outFile(QFileInfo(m_scenario.file).completeBaseName() + u"-failed"_qs, u"png"_qs);
     if (Desk::topmost()->grab().save(picture)) m_report += u"  picture:   %1\n"_qs.arg(picture);
@@ -154,6 +169,12 @@ void Player::stopProgram() {
     QWidget* top = Desk::topmost();
     if (top->objectName() != u"frmMenu") throw StepFailure{u"the open screen "_qs + top->objectName(), u"frmMenu"_qs};
     top->close();
+}
+
+void Player::setClock(const QString& day) {
+    const auto date = parseDate(day);
+    if (!date) throw StepFailure{day, u"a date"_qs};
+    seams().now = [day = date->date()] { return QDateTime(day, QTime::currentTime()); };
 }
 
 void Player::writeIni(const QString& section, const QString& key, const QString& value) {

@@ -42,6 +42,8 @@ public:
     void then(std::function<void()> work) { m_continuations.push_back(std::move(work)); }
     void startProgram();
     void stopProgram();
+    // Stops the calendar at this day; the hours go on.
+    void setClock(const QString& day);
     void writeIni(const QString& section, const QString& key, const QString& value);
     void expectSql(const QString& select, const QString& value);
     void expectLog(const QString& text);
@@ -59,6 +61,8 @@ private:
     void closeEverything();
     bool isOver() const;
     int currentLine() const;
+    QString currentStep() const;
+    void beat();
 
     Scenario m_scenario;
     PlayOptions m_options;

@@ -1,18 +1,10 @@
 #include "Watchdog.h"
 
-#include "Desk.h"
-
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
-
-using namespace std::chrono_literals;
-constexpr auto longestSilence = 30s; // steps of 10 seconds are failed by the player itself
-
-} // namespace
-
-Watchdog::Watchdog() : m_thread([this] { watch(); }) {}
+Watchdog::Watchdog(std::chrono::milliseconds longestSilence)
+    : m_longestSilence(longestSilence), m_thread([this] { watch(); }) {}
 
 Watchdog::~Watchdog() {
     {
@@ -23,11 +15,13 @@ Watchdog::~Watchdog() {
     m_thread.join();
 }
 
-void Watchdog::beat(const QString& place) {
-    const QByteArray standing = (place + u" in "_qs + Desk::openScreens().join(u" > "_qs)).toUtf8();
+void Watchdog::beat(const QString& step, const QString& screens) {
+    const QString note =
+        step + u"\n  found:     the program stands still\n  expected:  the screens at rest\n  screens:   "_qs +
+        screens + u'\n';
     {
         const std::lock_guard lock(m_mutex);
-        m_place = standing;
+        m_note = note.toUtf8();
         m_beaten = true;
     }
     m_changed.notify_all();
@@ -37,8 +31,9 @@ void Watchdog::watch() {
     std::unique_lock lock(m_mutex);
     while (!m_ended) {
         m_beaten = false;
-        if (m_changed.wait_for(lock, longestSilence, [this] { return m_ended || m_beaten; })) continue;
-        std::fprintf(stderr, "%s: the program stands still\n", m_place.constData());
+        if (m_changed.wait_for(lock, m_longestSilence, [this] { return m_ended || m_beaten; })) continue;
+        std::printf("%s", m_note.constData());
+        std::fflush(stdout);
         std::_Exit(EXIT_FAILURE);
     }
 }

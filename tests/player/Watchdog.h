@@ -11,18 +11,20 @@
 // failed from within that loop.
 class Watchdog {
 public:
-    Watchdog();
+    // Steps of 10 seconds are failed by the player itself.
+    explicit Watchdog(std::chrono::milliseconds longestSilence = std::chrono::seconds(15));
     ~Watchdog();
 
-    // The loop is alive, at a place of a scenario.
-    void beat(const QString& place);
+    // The loop is alive, at a step of a scenario and with these screens open.
+    void beat(const QString& step, const QString& screens);
 
 private:
     void watch();
 
+    std::chrono::milliseconds m_longestSilence;
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    QByteArray m_place;
+    QByteArray m_note;
     bool m_ended = false;
     bool m_beaten = false;
     std::thread m_thread;

@@ -1,7 +1,10 @@
 #include "Player.h"
+#include "StepFailure.h"
 #include "StepTable.h"
 #include "base/AppError.h"
+#include "reports/engine/ReportPdf.h"
 #include "reports/engine/ReportRecorder.h"
+#include "support/OfficeDisplay.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -49,8 +52,22 @@ int usage(const QString& complaint) {
     return usageError;
 }
 
-// What the screens print stays in the recorder, and previews do not open: a scenario reads the pages instead.
+void saveJobs(const QList<ReportJob>& jobs, const QString& file) {
+    QStringList names;
+    QList<ReportPage> pages;
+    for (const ReportJob& job : jobs) {
+        names << job.reportClass;
+        pages += job.pages;
+    }
+    if (pages.isEmpty()) throw StepFailure{u"nothing was printed"_qs, u"printed pages"_qs};
+    savePdf(pages, names.join(u' '), file);
+}
+
+// What the screens print stays in the recorder, and previews do not open: a scenario reads the pages instead. The last
+// printed pages can be saved until others are printed.
 PaperSource papersOf(ReportRecorder& recorder) {
+    recorder.clear();
+    auto last = std::make_shared<QList<ReportJob>>();
     PaperSource source;
     source.documents = [&recorder] {
         QList<PrintedDocument> documents;
@@ -61,23 +78,25 @@ PaperSource papersOf(ReportRecorder& recorder) {
         }
         return documents;
     };
-    source.forget = [&recorder] { recorder.clear(); };
-    source.savePdf = [&recorder](const QString& file) {
-        try {
-            recorder.saveAsPdf(file);
-            return true;
-        } catch (const AppError&) {
-            return false;
-        }
+    source.forget = [&recorder, last] {
+        if (!recorder.jobs().isEmpty()) *last = recorder.jobs();
+        recorder.clear();
+    };
+    source.savePdf = [&recorder, last](const QString& file) {
+        saveJobs(recorder.jobs().isEmpty() ? *last : recorder.jobs(), file);
     };
     return source;
 }
 
-// Reading alone needs no display.
+bool hasDisplay() { return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"); }
+
+// Reading alone needs no display, and playing goes without one.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         for (const char* reading : {"--list", "--check", "--help"})
             if (qstrcmp(argv[i], reading) == 0) return std::make_unique<QCoreApplication>(argc, argv);
+    if (!hasDisplay() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    useOfficeDisplay();
     auto application = std::make_unique<QApplication>(argc, argv);
     application->setApplicationName(u"Halvane"_qs);
     Style::apply(*application);
@@ -114,8 +133,8 @@ int main(int argc, char** argv) {
     bool allHold = true;
     for (const QString& file : line.positionalArguments()) {
         const Scenario scenario = readScenario(file);
-        const bool holds =
-            line.isSet(checkOnly) ? check(scenario) : playFile(scenario, {*chosen, line.value(out), papersOf(*recorder)});
+        const bool holds = line.isSet(checkOnly) ? check(scenario)
+                                                 : playFile(scenario, {*chosen, line.value(out), papersOf(*recorder)});
         allHold = allHold && holds;
     }
     return allHold ? EXIT_SUCCESS : EXIT_FAILURE;

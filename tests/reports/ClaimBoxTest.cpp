@@ -45,7 +45,12 @@ private slots:
 
     void theFourthInsurerIsNotShown() {
         QCOMPARE(spelled(claimBox(claims(u"1:100 2:200 3:300 4:400"_qs), names(), false)),
-                 u"社会保険=100 国保=200 後期高齢=300 自己負担=0"_qs);
+                 u"社会保険=100 国保=200 後期高齢=300 自己負担=-"_qs);
+    }
+
+    void withoutSelfPayItsPlaceHasNoAmount() {
+        QCOMPARE(spelled(claimBox(claims(u"1:100"_qs), names(), false)), u"社会保険=100 =- =- 自己負担=-"_qs);
+        QCOMPARE(spelled(claimBox(claims(u"1:100 99:0"_qs), names(), false)), u"社会保険=100 =- =- 自己負担=0"_qs);
     }
 
     void turnedOffWithSelfPayAloneTheBoxIsEmpty() {

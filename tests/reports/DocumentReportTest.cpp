@@ -218,6 +218,21 @@ private slots:
         for (const QString& control : absent) QVERIFY2(!showsControl(report, control), qPrintable(control));
     }
 
+    void aCaptionWithoutAValueIsNotPrinted() {
+        const QList<std::pair<QString, QString>> bare{{u"Zip"_qs, u"〒"_qs},
+                                                      {u"Tel"_qs, u"電話番号："_qs},
+                                                      {u"Sex"_qs, u"性別："_qs},
+                                                      {u"Insured"_qs, u"被保険者名："_qs}};
+        ReportRecordset records = ReportSamples::ordinary();
+        for (const auto& [field, caption] : bare) records.Set(field, caption);
+        for (const QString& report : {u"repCsEstimateA4"_qs, u"repCsEstAskA4OnM"_qs, u"repCsEstAskB5"_qs}) {
+            const ReportPage page = pages(report, records, ReportSamples::ordinarySetup(1)).last();
+            for (const auto& [field, caption] : bare)
+                for (const ReportPageText& text : page.texts)
+                    QVERIFY2(text.text != caption, qPrintable(report + u' ' + field));
+        }
+    }
+
     void amountsHaveYenBehindOnSmallPaperAndInvoices() {
         const auto sum = [](const QString& report) {
             return textsOf(pages(report, ReportSamples::ordinary(), ReportSamples::ordinarySetup()).first(),

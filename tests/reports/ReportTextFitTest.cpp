@@ -44,6 +44,15 @@ private slots:
             << u"abcdef"_qs << control(600, 400, 10, true) << u"abc/def @10 x1.00"_qs;
         QTest::newRow("no closing mark at the start")
             << u"あい、うえ"_qs << control(600, 400, 10, true) << u"あい、/うえ @10 x1.00"_qs;
+        QTest::newRow("one line a little smaller rather than two")
+            << u"あいうえおかきくけこ"_qs << control(1700, 400, 10, true) << u"あいうえおかきくけこ @8.5 x1.00"_qs;
+        QTest::newRow("two lines rather than one much smaller")
+            << u"あいうえおかきくけこ"_qs << control(1400, 400, 10, true) << u"あいうえおかき/くけこ @10 x1.00"_qs;
+        QTest::newRow("an even share parts at a blank")
+            << u"あいうえ　おかきくけこさし"_qs << control(2000, 400, 10, true)
+            << u"あいうえ　/おかきくけこさし @10 x1.00"_qs;
+        QTest::newRow("no last line of a single character")
+            << u"あいうえおかきくけ"_qs << control(800, 600, 10, true) << u"あいう/えおか/きくけ @10 x1.00"_qs;
     }
     void textsFit() {
         QFETCH(QString, text);

@@ -164,6 +164,32 @@ private slots:
         QVERIFY(!setup.insurersInHeader);
     }
 
+    void theThreeAccountsOfAnInvoiceAreReadFromTheOffice_data() {
+        QTest::addColumn<QStringList>("fields");
+        QTest::addColumn<QString>("printed");
+        QTest::newRow("three accounts") << QStringList{u"みなと銀行／普通 1"_qs, u"やま銀行／普通 2"_qs,
+                                                       u"かわ銀行／当座 3"_qs}
+                                        << u"みなと銀行=普通 1|やま銀行=普通 2|かわ銀行=当座 3"_qs;
+        QTest::newRow("without dividers") << QStringList{u"みなと銀行 普通 1"_qs, u"やま銀行 普通 2"_qs, {}}
+                                          << u"みなと銀行 普通 1=|やま銀行 普通 2=|="_qs;
+        QTest::newRow("one account") << QStringList{u"みなと銀行"_qs, u"123-4567"_qs, u"ハルカゼ"_qs}
+                                     << u"みなと銀行 123-4567=ハルカゼ|=|="_qs;
+        QTest::newRow("one account without a holder")
+            << QStringList{u"みなと銀行"_qs, u"１２３４５６７"_qs, {}} << u"みなと銀行 １２３４５６７=|=|="_qs;
+        QTest::newRow("only the third") << QStringList{{}, {}, u"かわ銀行／当座 3"_qs} << u"=|=|かわ銀行=当座 3"_qs;
+    }
+    void theThreeAccountsOfAnInvoiceAreReadFromTheOffice() {
+        QFETCH(QStringList, fields);
+        m_database->connection().execute(
+            u"UPDATE [企業情報] SET [振込先1] = '%1', [振込先2] = '%2', [当座名] = '%3' WHERE [番号] = 1"_qs.arg(
+                fields.at(0), fields.at(1), fields.at(2)));
+        const ReportParameters office = readDocumentSetup().office;
+        QStringList accounts;
+        for (const QString& number : {u"1"_qs, u"2"_qs, u"3"_qs})
+            accounts << office.value(u"Bank"_qs + number) + u'=' + office.value(u"Account"_qs + number);
+        QTEST(accounts.join(u'|'), "printed");
+    }
+
     void theEstimateListLeavesOutTheLawsOfTheOfficeWhenAsked() {
         Connection& connection = m_database->connection();
         for (const QString& id : {u"E1"_qs, u"E2"_qs, u"E3"_qs})

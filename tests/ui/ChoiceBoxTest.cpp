@@ -3,6 +3,7 @@
 #include "ui/ChoiceBox.h"
 #include "ui/basControlUtil.h"
 
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTabBar>
 
@@ -31,6 +32,15 @@ private slots:
         QVERIFY(box.sizeHint().width() >= former);
         QVERIFY(box.sizeHint().width() < box.fontMetrics().horizontalAdvance(QString(40, u'長')) / 2);
         QVERIFY(box.minimumSizeHint().width() <= box.sizeHint().width());
+    }
+
+    void longTextShowsItsBeginning() {
+        ChoiceBox box;
+        box.setEditable(true);
+        fill(box);
+        box.setFixedWidth(60);
+        box.setText(u"名古屋市守山区大字中志段味"_qs);
+        QCOMPARE(box.lineEdit()->cursorPosition(), 0);
     }
 
     void chosenEntryGivesItsData() {

@@ -53,7 +53,7 @@ private slots:
             [](QWidget* screen) {
                 QCOMPARE(screen->windowTitle(), u"マスタ選択"_qs);
                 QCOMPARE(grid(screen)->rows(), 3);
-                QCOMPARE(screen->findChild<QLabel*>(u"lblRecCnt"_qs)->text(), u"3 件"_qs);
+                QCOMPARE(screen->findChild<QLabel*>(u"lblRecCnt"_qs)->text(), u"3件"_qs);
                 QVERIFY(!screen->findChild<QPushButton*>(u"cbEstDetail"_qs)->isVisible());
                 screen->close();
             },

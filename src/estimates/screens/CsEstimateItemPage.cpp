@@ -32,6 +32,14 @@ QString textOf(const QString& path) {
     return text.contains(QChar::ReplacementCharacter) ? Text::fromCp932(bytes) : text;
 }
 
+// A drawing of any size stands whole below the grid.
+QPixmap reduced(const QPixmap& image, const QWidget* place) {
+    const int line = place->fontMetrics().lineSpacing();
+    const QSize room(18 * line, 8 * line);
+    const bool fits = image.width() <= room.width() && image.height() <= room.height();
+    return fits ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 } // namespace
 
 CsEstimateItemPage::CsEstimateItemPage(QWidget* parent)
@@ -100,6 +108,10 @@ void CsEstimateItemPage::takeEdit(int row, int column, const QString& before) {
 void CsEstimateItemPage::showHelp(int row) {
     if (row < 1 || row > ui->flxItem->rows()) return;
     const Cells cells = ui->flxItem->rowValues(row);
-    ui->imgItem->setPixmap(QPixmap(helpFile(u"Image"_qs, cells)));
-    ui->txtItemHelp->setPlainText(textOf(helpFile(u"Text"_qs, cells)));
+    const QPixmap image(helpFile(u"Image"_qs, cells));
+    const QString text = textOf(helpFile(u"Text"_qs, cells));
+    ui->imgItem->setPixmap(reduced(image, ui->imgItem));
+    ui->txtItemHelp->setPlainText(text);
+    ui->fraItemImage->setVisible(!image.isNull());
+    ui->fraItemHelp->setVisible(!text.isEmpty());
 }

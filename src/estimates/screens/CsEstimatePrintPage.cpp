@@ -145,7 +145,7 @@ bool CsEstimatePrintPage::hasClaims() const { return !ui->flxPrint->value(1, pri
 
 qint32 CsEstimatePrintPage::askDifference() const { return ToInt(Val(ui->lblAskDiff->text())); }
 
-bool CsEstimatePrintPage::hasReceivedMark() const { return ui->optRcvMark_1->isChecked(); }
+bool CsEstimatePrintPage::hasReceivedMark() const { return ui->optRcvMark_0->isChecked(); }
 
 // A percentage of what is not claimed yet.
 void CsEstimatePrintPage::calcPrice(int row) {

@@ -264,6 +264,7 @@ void frmCsEstimate::dropOrphans() {
 }
 
 void frmCsEstimate::pageTurned(int page) {
+    if (page == Print) ui->pagPrint->ui->flxPrint->setCurrent(1, 1);
     if (page != MakeElements && page != Parts) return;
     dropOrphans();
     const QList<ShownItem> items = ui->pagItem->items();

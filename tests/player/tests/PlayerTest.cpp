@@ -1,6 +1,7 @@
 #include "HalvaneTest.h"
 
 #include "Player.h"
+#include "Watchdog.h"
 #include "base/basMessage.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"
@@ -16,6 +17,9 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,11 +39,13 @@ public:
         add(price_0, u"numPrice_0"_qs);
         add(price_1, u"numPrice_1"_qs);
         add(choice, u"cboSide"_qs);
+        add(whole, u"cboWhole"_qs);
         add(memo, u"txtMemo"_qs);
         add(tick, u"chkUse"_qs);
         add(grid, u"flxData"_qs);
         add(tabs, u"tabPages"_qs);
         add(result, u"lblResult"_qs);
+        add(rowLabel, u"lblRow"_qs);
         add(open, u"cmdOpen"_qs);
         add(ask, u"cmdAsk"_qs);
         add(tell, u"cmdTell"_qs);
@@ -49,6 +55,8 @@ public:
         ask.setText(u"尋ねる(&A)"_qs);
         choice.addEntry(u"左"_qs, u"1"_qs);
         choice.addEntry(u"右"_qs, u"2"_qs);
+        whole.addEntry(u"（全て）"_qs);
+        whole.addEntry(u"左"_qs, u"1"_qs);
         setUpGrid();
         onClick(&open, [this] { openNext(); });
         onClick(&ask, [this] { result.setText(QString::number(ShowMessage(904, u"続けますか？"_qs))); });
@@ -60,12 +68,12 @@ public:
     TextField name;
     DateField day;
     NumberField price_0, price_1;
-    ChoiceBox choice;
+    ChoiceBox choice, whole;
     MemoField memo;
     QCheckBox tick;
     Grid grid;
     QTabWidget tabs;
-    QLabel result;
+    QLabel result, rowLabel;
     QPushButton open, ask, tell, shut;
 
 protected:
@@ -88,9 +96,11 @@ private:
         count.entries.clear();
         GridColumn used = count;
         used.kind = GridColumn::Check;
+        used.title = u"使用"_qs;
         grid.setColumns({number, item, count, used});
         grid.setRows(3);
         connect(&grid, &Grid::headingClicked, this, [this](int column) { grid.toggleSortMark(column); });
+        connect(&grid, &Grid::currentRowChanged, this, [this](int row) { rowLabel.setNum(row); });
         connect(&grid, &Grid::cellEdited, this,
                 [this](int row, int column, const QString&) { result.setText(u"%1/%2"_qs.arg(row).arg(column)); });
     }
@@ -144,6 +154,35 @@ private slots:
               "expect visible numPrice_0 no"_qs);
     }
 
+    void memberOfAnArrayHasThreeSpellings() {
+        holds(u"type numPrice_1 1\nexpect text numPrice(1) 1\ntype numPrice(1) 2\nexpect text numPrice[1] 2"_qs);
+        fails(u"type numPrice(2) 1"_qs, {u"no control numPrice(2) in frmPlayed"_qs});
+    }
+
+    void typingIntoAListPicksItsEntry() {
+        holds(u"type cboSide 右\nexpect text cboSide 右\ntype cboWhole 左\nexpect text cboWhole 左\n"
+              "type cboWhole \"\"\nexpect text cboWhole （全て）\nchoose cboWhole 左\nchoose cboWhole \"\"\n"
+              "expect text cboWhole （全て）"_qs);
+        fails(u"type cboSide 上"_qs, {u"左|右"_qs, u"上"_qs});
+        fails(u"choose cboSide \"\""_qs, {u"左|右"_qs});
+    }
+
+    void tabsShowTheirCaption() { holds(u"expect text tabPages 一\ntab tabPages 1\nexpect text tabPages 二"_qs); }
+
+    void keysMayStandInOneWord() { holds(u"type txtName ab\nkey txtName \"Home Delete\"\nexpect text txtName b"_qs); }
+
+    void columnsHaveNumbersAndHeadings() {
+        holds(u"cell flxData 1 種目 義足\nexpect cell flxData 1 1 義足\nexpect cell flxData 1 種目 義足\n"
+              "expect cell flxData 0 1 種目\nhead flxData 種目\nexpect cell flxData 0 1 種目▲\n"
+              "expect cell flxData 3 使用 off\ntickcell flxData 3 使用 on\nexpect cell flxData 3 3 on"_qs);
+        fails(u"head flxData 価格"_qs, {u"flxData has no column 価格"_qs});
+        fails(u"head flxData 4"_qs, {u"the columns 0 to 3"_qs});
+    }
+
+    void editedRowStaysCurrent() {
+        holds(u"cell flxData 2 1 義足\nexpect text lblRow 2\ncell flxData 2 2 5\nexpect text lblRow 2"_qs);
+    }
+
     void worksInGrids() {
         holds(u"expect rows flxData 3\n"
               "cell flxData 2 1 義足\nexpect cell flxData 2 1 義足\nexpect text lblResult 2/1\n"
@@ -165,11 +204,20 @@ private slots:
               "expect question 続けますか\nexpect no message"_qs);
     }
 
+    void preparedOkBelongsToABoxWithOkAlone() {
+        holds(u"answer ok no\npress cmdTell\npress cmdAsk\nexpect text lblResult 7\nexpect message 終わりました"_qs);
+    }
+
     void altLetterIsWaitedFor() { holds(u"answer yes\nkey cmdAsk Alt+A\nexpect text lblResult 6"_qs); }
 
     void unpreparedQuestionFailsWithItsText() {
         fails(u"press cmdAsk\nexpect text lblResult 6"_qs,
               {u"test.scn:1: press cmdAsk"_qs, u"続けますか？"_qs, u"frmPlayed"_qs});
+    }
+
+    void noteOnAnUnpreparedQuestionShowsTheScreenThatAsked() {
+        fails(u"press cmdOpen\ntype txtName 開\npress cmdClose"_qs,
+              {u"保存しますか？"_qs, u"screens:   frmPlayed > frmPlayed"_qs});
     }
 
     void answerThatTheBoxDoesNotOfferFails() { fails(u"answer retry\npress cmdAsk"_qs, {u"retry"_qs}); }
@@ -199,6 +247,15 @@ private slots:
         fails(u"press cmdOpen\n\n# here\nexpect text txtName 山"_qs,
               {u"test.scn:4: expect text txtName 山"_qs, u"found:     \n"_qs, u"expected:  山"_qs,
                u"screens:   frmPlayed > frmPlayed"_qs});
+    }
+
+    void longFindingIsCutInTheNote() {
+        QString lines;
+        for (int i = 1; i <= 100; ++i) lines += u"\\n行%1"_qs.arg(i);
+        const QString report = play(u"type txtMemo \""_qs + lines + u"\"\nexpect text txtMemo \"\""_qs);
+        QVERIFY2(report.contains(u"行9\n"_qs) && report.contains(u"lines …"_qs) && report.contains(u"行100\n"_qs),
+                 qPrintable(report));
+        QVERIFY2(!report.contains(u"行50\n"_qs), qPrintable(report));
     }
 
     void failureClosesAllScreensEvenThoseThatAsk() {
@@ -234,11 +291,37 @@ private slots:
         QVERIFY(player.report().contains(u"frmPlayed"_qs));
     }
 
+    void programThatStandsStillIsEndedWithANote() {
+        int ends[2];
+        QCOMPARE(pipe(ends), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            dup2(ends[1], STDOUT_FILENO);
+            Watchdog watchdog(std::chrono::milliseconds(100));
+            watchdog.beat(u"test.scn:3: press cmdOpen"_qs, u"frmMenu > frmPlayed"_qs);
+            std::this_thread::sleep_for(std::chrono::seconds(10));
+            std::_Exit(EXIT_SUCCESS);
+        }
+        ::close(ends[1]);
+        QFile note;
+        QVERIFY(note.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+        const QString told = QString::fromUtf8(note.readAll());
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), EXIT_FAILURE);
+        QVERIFY2(told.startsWith(u"test.scn:3: press cmdOpen\n"_qs), qPrintable(told));
+        QVERIFY2(told.contains(u"stands still"_qs) && told.contains(u"frmMenu > frmPlayed"_qs), qPrintable(told));
+    }
+
     void databaseAndFilesAreReached() {
         holds(u"sql UPDATE [システム設定] SET [設定値] = '2031' WHERE [No] = 20\n"
               "expect sql \"SELECT [設定値] FROM [システム設定] WHERE [No] = 20\" 2031\n"
               "expect sql \"SELECT [設定値] FROM [システム設定] WHERE [No] = 12345\" \"\"\n"
               "ini Misc SYSDATE 2005/04/01\nexpect file Halvane.ini SYSDATE=2005/04/01"_qs);
+        holds(u"clock 2005/04/01\n"
+              "expect sql \"SELECT [番号] FROM [企業情報] WHERE NOW() BETWEEN #2005/04/01# AND #2005/04/02#\" 1"_qs);
+        fails(u"clock someday"_qs, {u"someday"_qs, u"a date"_qs});
         fails(u"sql UPDATE [nothing] SET [a] = 1"_qs, {u"test.scn:1"_qs});
         fails(u"expect file none.txt x"_qs, {u"no file"_qs});
     }

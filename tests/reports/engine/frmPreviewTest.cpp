@@ -75,6 +75,7 @@ private slots:
         auto* sheet = control<PreviewSheet>(screen, u"sheet"_qs);
         auto* zoom = control<QComboBox>(screen, u"cboZoom"_qs);
         QCOMPARE(zoom->currentText(), u"ページ全体"_qs);
+        QCOMPARE(zoom->currentText(), u"ページ全体"_qs);
         const double whole = sheet->zoom();
         QVERIFY(whole > 0.3 && whole < 0.75);
         press(screen, u"cmdZoomIn"_qs);

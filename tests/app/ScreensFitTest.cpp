@@ -1,0 +1,73 @@
+#include "HalvaneTest.h"
+#include "support/TestDatabase.h"
+
+#include "customers/screens/frmCustomer.h"
+#include "customers/screens/frmCustomerList.h"
+#include "db/clsDbManager.h"
+#include "estimates/screens/frmCsEstimate.h"
+#include "estimates/screens/frmCsEstimateList.h"
+#include "ui/Grid.h"
+#include "ui/Style.h"
+
+#include <QTabWidget>
+
+namespace {
+
+// A display of 1280 × 768 with the title of a window and the task bar taken off.
+constexpr QSize smallest(1280, 697);
+
+} // namespace
+
+// The main screens on the displays of an office.
+class ScreensFitTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestDatabase> m_database;
+
+    template <class Form> static void checkFits() {
+        Form form;
+        QVERIFY(form.Load());
+        form.show();
+        QCoreApplication::processEvents();
+        const QSize least = form.minimumSizeHint();
+        const QString told = u"%1 is %2 x %3"_qs.arg(form.objectName()).arg(least.width()).arg(least.height());
+        QVERIFY2(least.width() <= smallest.width() && least.height() <= smallest.height(), qPrintable(told));
+        QVERIFY2(form.width() <= 1366 && form.height() <= smallest.height(), qPrintable(told));
+    }
+
+private slots:
+    void init() {
+        Style::apply(*qApp);
+        m_database = std::make_unique<TestDatabase>();
+        m_database->writeProfile();
+        gDbManager.DBOpen();
+        m_database->prepareManagers();
+    }
+    void cleanup() {
+        gDbManager.DBClose();
+        m_database.reset();
+    }
+
+    void theEditorFits() { checkFits<frmCsEstimate>(); }
+    void theEstimateListFits() { checkFits<frmCsEstimateList>(); }
+    void theCustomerListFits() { checkFits<frmCustomerList>(); }
+    void theCustomerScreenFits() { checkFits<frmCustomer>(); }
+
+    void theAmountOfAnEstimateIsSeenWithoutScrolling() {
+        constexpr int amount = 8;
+        frmCsEstimateList list;
+        QVERIFY(list.Load());
+        list.resize(smallest);
+        list.show();
+        list.findChild<QTabWidget*>(u"tabEstList"_qs)->setCurrentIndex(2);
+        QCoreApplication::processEvents();
+        const Grid* grid = list.findChild<Grid*>(u"flxEstList"_qs);
+        QCOMPARE(grid->column(amount).title, u"金額"_qs);
+        const int end = grid->columnViewportPosition(amount) + grid->columnWidth(amount);
+        QVERIFY2(end <= grid->viewport()->width(), qPrintable(QString::number(end)));
+    }
+};
+
+HALVANE_TEST(ScreensFitTest)
+#include "ScreensFitTest.moc"
