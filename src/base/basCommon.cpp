@@ -230,6 +230,14 @@ QString formatThousands(qint64 value) {
 
 QString formatThousands(const QString& text) { return formatThousands(wholeNumber(text)); }
 
+QString groupThousands(const QString& number) {
+    const bool isSigned = number.startsWith(u'-') || number.startsWith(u'+');
+    const qsizetype point = number.indexOf(u'.');
+    QString grouped = number;
+    for (qsizetype i = (point < 0 ? number.size() : point) - 3; i > (isSigned ? 1 : 0); i -= 3) grouped.insert(i, u',');
+    return grouped;
+}
+
 QString formatWhole(const QString& text) { return QString::number(wholeNumber(text)); }
 
 QString FormatZip(const QString& text) {

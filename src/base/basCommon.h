@@ -67,6 +67,8 @@ QString numberText(double value);
 // "#,##0" of the leading number of the text, and "0" of it: whole numbers, ties to even.
 QString formatThousands(qint64 value);
 QString formatThousands(const QString& text);
+// A plain number with separators and its decimals as they stand.
+QString groupThousands(const QString& number);
 QString formatWhole(const QString& text);
 
 // --- other texts ---

@@ -126,7 +126,7 @@ QString GridModel::shown(int row, int column) const {
     const GridColumn& form = m_columns.at(column);
     if (form.kind == GridColumn::RowNumber) return QString::number(row + 1);
     const QString held = value(row, column);
-    if (form.kind == GridColumn::Number) return isPlainNumber(held) ? formatThousands(held) : held;
+    if (form.kind == GridColumn::Number) return isPlainNumber(held) ? groupThousands(held) : held;
     const auto found = std::find_if(form.entries.begin(), form.entries.end(),
                                     [&held](const GridEntry& entry) { return entry.value == held; });
     return found == form.entries.end() ? held : found->shown;

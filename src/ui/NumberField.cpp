@@ -12,11 +12,6 @@ QString withoutLeadingZeros(const QString& digits) {
     return digits.isEmpty() ? u"0"_qs : digits.mid(first);
 }
 
-QString grouped(QString digits) {
-    for (qsizetype i = digits.size() - 3; i > 0; i -= 3) digits.insert(i, u',');
-    return digits;
-}
-
 } // namespace
 
 NumberField::NumberField(QWidget* parent) : EntryField(parent) {
@@ -45,12 +40,8 @@ std::optional<QString> NumberField::plain(const QString& typed) {
 
 std::optional<QString> NumberField::settled(const QString& typed) const {
     const auto number = plain(typed);
-    if (!number || number->isEmpty()) return number;
-    const bool negative = number->startsWith(u'-');
-    const QString fraction = number->section(u'.', 1);
-    if (fraction.size() > m_decimals) return std::nullopt;
-    return (negative ? u"-"_qs : QString()) + grouped(number->section(u'.', 0, 0).mid(negative ? 1 : 0)) +
-           (fraction.isEmpty() ? QString() : u'.' + fraction);
+    if (!number || number->section(u'.', 1).size() > m_decimals) return std::nullopt;
+    return groupThousands(*number);
 }
 
 QString NumberField::editable(const QString& shown) const { return QString(shown).remove(u','); }

@@ -305,6 +305,14 @@ private slots:
         QCOMPARE(formatWhole(text), formatThousands(text).remove(u','));
     }
 
+    void separatorsLeaveDecimalsAlone() {
+        QCOMPARE(groupThousands(u"1234567.8901"_qs), u"1,234,567.8901"_qs);
+        QCOMPARE(groupThousands(u"-0.5"_qs), u"-0.5"_qs);
+        QCOMPARE(groupThousands(u"-123456"_qs), u"-123,456"_qs);
+        QCOMPARE(groupThousands(u"999"_qs), u"999"_qs);
+        QCOMPARE(groupThousands({}), QString());
+    }
+
     void largestNumbersAreSeparatedOrRefused() {
         QCOMPARE(formatThousands(std::numeric_limits<qint64>::min()), u"-9,223,372,036,854,775,808"_qs);
         QCOMPARE(formatThousands(qint64(-999)), u"-999"_qs);

@@ -351,11 +351,15 @@ void frmCsEstimateList::writeCsv() {
                 pause);
         });
     };
-    QList<EstimateCsv::Lacking> lacking;
     if (encoding == Csv::Encoding::Cp932) {
+        QList<EstimateCsv::Lacking> lacking;
         qint64 row = 0;
         each([&](const QStringList& fields) { lacking << EstimateCsv::lacking(++row, fields); });
-        if (!lacking.isEmpty()) encoding = Csv::Encoding::Utf8; // no name is written wrong
+        if (!lacking.isEmpty()) {
+            const QString question = u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n\n"_qs;
+            if (ShowMessage(904, question + EstimateCsv::told(lacking)) != AnswerYes) return;
+            encoding = Csv::Encoding::Utf8;
+        }
     }
     Csv::Writer file(path, encoding);
     file.line(EstimateCsv::columns());
@@ -365,10 +369,7 @@ void frmCsEstimateList::writeCsv() {
         ++written;
     });
     file.commit();
-    const QString otherCode = lacking.isEmpty() ? QString()
-                                                : u"\n\nShift_JIS にない文字があるため、UTF-8 で出力しました。\n"_qs +
-                                                      EstimateCsv::told(lacking);
-    ShowMessage(902, formatThousands(written) + u"件出力しました。"_qs + otherCode);
+    ShowMessage(902, formatThousands(written) + u"件出力しました。"_qs);
 }
 
 // --- printing ---
