@@ -34,8 +34,6 @@ void Grid::setColumns(const QList<GridColumn>& columns) {
     clearSortMark();
     for (int i = 0; i < columns.size(); ++i) QTableView::setColumnHidden(i, columns.at(i).hidden);
     setSelectionBehavior(isList() ? SelectRows : SelectItems);
-    setProperty("list", isList()); // for the style
-    style()->polish(this);
     applyWidths();
 }
 

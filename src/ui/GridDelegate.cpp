@@ -6,6 +6,7 @@
 #include "ui/EntryValidator.h"
 #include "ui/Grid.h"
 #include "ui/NumberField.h"
+#include "ui/Style.h"
 #include "ui/TextField.h"
 
 #include <QApplication>
@@ -22,6 +23,8 @@ std::optional<QString> typedText(QWidget* editor) {
     return field->value();
 }
 
+constexpr int textMargin = 4;
+
 bool isStarter(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
 
 // A cell takes an amount as it stands, like its column in the database.
@@ -36,8 +39,7 @@ NumberField* makeNumberEditor(QWidget* parent) {
 GridDelegate::GridDelegate(Grid* grid) : QStyledItemDelegate(grid), m_grid(grid) {}
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    if (m_grid->column(index.column()).kind != GridColumn::Check)
-        return QStyledItemDelegate::paint(painter, option, index);
+    if (m_grid->column(index.column()).kind != GridColumn::Check) return paintText(painter, option, index);
     const bool checked = index.data(Qt::CheckStateRole) == Qt::Checked;
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
@@ -50,6 +52,28 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     box.state = (checked ? QStyle::State_On : QStyle::State_Off) | (option.state & QStyle::State_Enabled);
     box.palette = option.palette;
     style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, m_grid);
+}
+
+// Drawn by hand: the style sheet takes several times as long, and a list has hundreds of cells in view.
+void GridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const QRect cell = option.rect;
+    const bool isCurrent = option.state & QStyle::State_HasFocus;
+    if (isCurrent && !m_grid->isList()) {
+        painter->fillRect(cell, Style::accent);
+        painter->fillRect(cell.adjusted(2, 2, -2, -2), Style::focusField);
+    } else if (isCurrent || (option.state & QStyle::State_Selected)) {
+        painter->fillRect(cell, Style::chosen);
+    } else if (const QVariant background = index.data(Qt::BackgroundRole); background.isValid()) {
+        painter->fillRect(cell, background.value<QBrush>());
+    }
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (text.isEmpty()) return;
+    const bool isEnabled = option.state & QStyle::State_Enabled;
+    const QRect room = cell.adjusted(textMargin, 0, -textMargin, 0);
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    painter->setPen(option.palette.color(isEnabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text));
+    painter->drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
 }
 
 QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {

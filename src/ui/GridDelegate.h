@@ -23,6 +23,7 @@ protected:
     bool eventFilter(QObject* editor, QEvent* event) override;
 
 private:
+    void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     QWidget* makeListEditor(QWidget* parent, int column) const;
     void tellLater(const QString& complaint) const;
     void leaveTowardsNext(QWidget* editor);

@@ -73,11 +73,9 @@ QString sheet() {
         QCheckBox:focus, QRadioButton:focus { color: %3; text-decoration: underline; }
         QGroupBox { border: 1px solid %2; border-radius: 5px; margin-top: 0.8em; padding-top: 0.4em; }
         QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: %3; }
-        QTableView { border: 1px solid %2; gridline-color: #DCE2E8; selection-background-color: #CFE2F1;
+        QTableView { border: 1px solid %2; gridline-color: #DCE2E8; selection-background-color: %8;
             selection-color: %7; }
         QTableView:focus { border: 2px solid %3; }
-        QTableView::item:focus { background: %5; color: %7; border: 2px solid %3; }
-        QTableView[list="true"]::item:focus { background: #CFE2F1; border: none; }
         QHeaderView::section { background: %6; border: none; border-right: 1px solid %2;
             border-bottom: 1px solid %2; padding: 3px 6px; }
         QTabWidget::pane { border: 1px solid %2; border-radius: 4px; }
@@ -91,7 +89,7 @@ QString sheet() {
         #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),
-             Style::focusField.name(), Style::heading.name(), Style::ink.name());
+             Style::focusField.name(), Style::heading.name(), Style::ink.name(), Style::chosen.name());
 }
 
 void loadJapaneseTexts(QApplication& application) {

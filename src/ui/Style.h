@@ -19,6 +19,8 @@ inline const QColor field(0xFF, 0xFF, 0xFF);
 inline const QColor line(0xB8, 0xC2, 0xCC);
 inline const QColor accent(0x1F, 0x6F, 0xA8);
 inline const QColor focusField(0xFF, 0xF9, 0xDB);
+// Selected cells, and the current row of a list.
+inline const QColor chosen(0xCF, 0xE2, 0xF1);
 inline const QColor heading(0xE3, 0xEA, 0xF0);
 // The grey of grid columns that hold computed values.
 inline const QColor computed(0xE0, 0xE0, 0xE0);
