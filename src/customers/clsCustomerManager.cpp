@@ -38,6 +38,14 @@ const QList<Field<clsCustomer>>& shownWithEst() {
     return shown;
 }
 
+// What concerns the customer alone is asked outside of the EXISTS, where the customers' own indexes serve.
+bool concernsCustomersAlone(const QString& where) {
+    for (const QString& table :
+         {u"[顧客見積情報]"_qs, u"[顧客カルテ]"_qs, u"[受注先]"_qs, u"[製作担当者]"_qs, u"[顧客見積請求]"_qs})
+        if (where.contains(table)) return false;
+    return true;
+}
+
 } // namespace
 
 clsCustomerManager::clsCustomerManager()
@@ -240,9 +248,11 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
 }
 
 QString clsCustomerManager::KeysWithEst(const QString& where, const QString& order) {
+    const bool outside = !where.isEmpty() && concernsCustomersAlone(where);
     QString sql =
-        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE EXISTS (SELECT "
-        u"[顧客見積情報].[見積ID]"
+        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE "_qs +
+        (outside ? u'(' + where + u") AND "_qs : QString()) +
+        u"EXISTS (SELECT [顧客見積情報].[見積ID]"
         u" FROM ((([顧客見積情報] LEFT JOIN [顧客カルテ]"
         u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = "
         u"[顧客カルテ].[顧客枝番])"
@@ -250,7 +260,7 @@ QString clsCustomerManager::KeysWithEst(const QString& where, const QString& ord
         u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
         u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"
         u" WHERE ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs;
-    if (!where.isEmpty()) sql += u" AND "_qs + where;
+    if (!where.isEmpty() && !outside) sql += u" AND "_qs + where;
     sql += u')';
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
     return sql;
