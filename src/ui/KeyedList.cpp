@@ -65,7 +65,7 @@ void KeyedList::showCount() {
     m_count->setText(formatThousands(m_grid->rows()) + (m_grid->isFilling() ? u"件…"_qs : u"件"_qs));
 }
 
-bool KeyedList::isEmpty() const { return m_grid->rows() == 0; }
+bool KeyedList::isEmpty() const { return m_grid->rows() == 0 && !m_grid->isFilling(); }
 
 QStringList KeyedList::cells(int place) {
     const int block = place / rowsPerBlock;

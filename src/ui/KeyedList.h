@@ -30,6 +30,7 @@ public:
     // Puts a row that was stored just now at the end, and makes it the current one.
     void append(const QString& key);
     // The rows there are, also those that the grid does not have yet.
+    // No row is there, and none is on its way.
     bool isEmpty() const;
 
 signals:
