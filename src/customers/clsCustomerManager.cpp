@@ -38,6 +38,21 @@ const QList<Field<clsCustomer>>& shownWithEst() {
     return shown;
 }
 
+const QString ofCustomer =
+    u"([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs;
+const QString ofCustomers = u"([顧客見積情報] INNER JOIN [顧客情報] ON "_qs + ofCustomer + u')';
+
+// The estimates with all that a search may ask of them.
+QString fromEstimates(const QString& estimates) {
+    return u" FROM ((("_qs + estimates +
+           u" LEFT JOIN [顧客カルテ]"
+           u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID])"
+           u" AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
+           u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
+           u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
+           u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+}
+
 // What concerns the customer alone is asked outside of the EXISTS, where the customers' own indexes serve.
 bool concernsCustomersAlone(const QString& where) {
     for (const QString& table :
@@ -45,6 +60,9 @@ bool concernsCustomersAlone(const QString& where) {
         if (where.contains(table)) return false;
     return true;
 }
+
+// The few customers are found from their estimates then, not by asking each customer for its own.
+bool namesFewEstimates(const QString& where) { return where.contains(u"[顧客見積情報].[見積番号]"_qs); }
 
 } // namespace
 
@@ -211,6 +229,25 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
     return true;
 }
 
+QString clsCustomerManager::SelectContaining(const QString& text) {
+    // Kana and letters are stored in both widths; the engines know the two cases of narrow letters only.
+    QStringList forms{text, Text::toHalfKana(text), Text::toFullWidth(text.toUpper()),
+                      Text::toFullWidth(text.toLower())};
+    forms.removeDuplicates();
+    QStringList terms;
+    for (const QString& column :
+         {u"[顧客番号]"_qs, u"([名前1] & '　' & [名前2])"_qs, u"([都道府県] & [市区郡] & [住所1] & [住所2])"_qs,
+          u"[電話]"_qs, u"([生年月日] & '')"_qs})
+        for (const QString& form : forms) terms << column + u" LIKE '%"_qs + SqlQuote(form, true) + u"%'"_qs;
+    return u'(' + terms.join(u" OR "_qs) + u')';
+}
+
+qint64 clsCustomerManager::Count(const QString& where) {
+    QString sql = u"SELECT COUNT(*) FROM [顧客情報]"_qs;
+    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
+    return connection().scalar(sql).toLongLong();
+}
+
 Recordset clsCustomerManager::GetSelectList(const QString& where, const QString& order) {
     QString sql = u"SELECT [顧客ID], [顧客枝番], [顧客番号], [名前1] & '　' & [名前2] AS 顧客名,"
                   u" [都道府県] & [市区郡] & [住所1] & [住所2] AS 住所, [電話], [生年月日] FROM [顧客情報]"_qs;
@@ -222,15 +259,7 @@ Recordset clsCustomerManager::GetSelectList(const QString& where, const QString&
 QString clsCustomerManager::ListWithEst(const QString& where, const QString& order) {
     QStringList columns;
     for (const auto& field : shownWithEst()) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
-    QString sql = u" SELECT DISTINCT "_qs + columns.join(u", "_qs) +
-                  u" FROM (((([顧客見積情報] INNER JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
-                  u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番]))"
-                  u" LEFT JOIN [顧客カルテ]"
-                  u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = "
-                  u"[顧客カルテ].[顧客枝番])"
-                  u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
-                  u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-                  u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"_qs;
+    QString sql = u" SELECT DISTINCT "_qs + columns.join(u", "_qs) + fromEstimates(ofCustomers);
     if (!where.isEmpty()) sql += u" WHERE "_qs + where;
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
     return sql;
@@ -240,26 +269,19 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
     const QString sql = ListWithEst(where, order);
     WriteSqlLog(sql);
     Recordset rows = connection().query(sql);
-    while (rows.next()) {
-        clsCustomer customer;
-        for (const auto& field : shownWithEst()) customer.*field.member = rows.value(field.column);
-        result << customer;
-    }
+    const RecordReader<clsCustomer> reader(rows, shownWithEst());
+    while (rows.next()) result << reader.read();
 }
 
 QString clsCustomerManager::KeysWithEst(const QString& where, const QString& order) {
     const bool outside = !where.isEmpty() && concernsCustomersAlone(where);
-    QString sql =
-        u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE "_qs +
-        (outside ? u'(' + where + u") AND "_qs : QString()) +
-        u"EXISTS (SELECT [顧客見積情報].[見積ID]"
-        u" FROM ((([顧客見積情報] LEFT JOIN [顧客カルテ]"
-        u" ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = "
-        u"[顧客カルテ].[顧客枝番])"
-        u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"
-        u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No])"
-        u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No])"
-        u" WHERE ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID]) AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs;
+    QString sql = u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE "_qs;
+    if (outside) sql += u'(' + where + u") AND "_qs;
+    if (namesFewEstimates(where))
+        sql += u"[顧客情報].[顧客ID] IN (SELECT [顧客見積情報].[顧客ID]"_qs + fromEstimates(ofCustomers) +
+               u" WHERE "_qs + where + u") AND "_qs;
+    sql +=
+        u"EXISTS (SELECT [顧客見積情報].[見積ID]"_qs + fromEstimates(u"[顧客見積情報]"_qs) + u" WHERE "_qs + ofCustomer;
     if (!where.isEmpty() && !outside) sql += u" AND "_qs + where;
     sql += u')';
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
@@ -273,12 +295,18 @@ QString clsCustomerManager::Keys(const QString& where, const QString& order) {
     return sql;
 }
 
-QString clsCustomerManager::listKey(const clsCustomer& customer) { return customer.CustId + u'|' + customer.CustSubId; }
+QString clsCustomerManager::listKey(const QString& CustId, const QString& CustSubId) {
+    return CustId + u'|' + CustSubId;
+}
 
-QList<clsCustomer> clsCustomerManager::customersOf(const QStringList& listKeys) {
+QString clsCustomerManager::ofListKeys(const QStringList& listKeys) {
     QStringList ids;
     for (const QString& key : listKeys) ids << sqlText(key.section(u'|', 0, -2));
+    return u"[顧客ID] IN ("_qs + ids.join(u',') + u')';
+}
+
+QList<clsCustomer> clsCustomerManager::customersOf(const QStringList& listKeys) {
     QList<clsCustomer> customers;
-    if (!ids.isEmpty()) GetList(customers, u"[顧客ID] IN ("_qs + ids.join(u',') + u')');
+    if (!listKeys.isEmpty()) GetList(customers, ofListKeys(listKeys));
     return customers;
 }

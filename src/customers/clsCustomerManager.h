@@ -44,6 +44,9 @@ public:
 
     // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
     Recordset GetSelectList(const QString& where, const QString& order);
+    // The condition of its rows that contain a text in a column that is shown, in either width and case.
+    static QString SelectContaining(const QString& text);
+    qint64 Count(const QString& where);
     // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.
     void GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order);
 
@@ -53,7 +56,10 @@ public:
     // such keys in any order.
     static QString KeysWithEst(const QString& where, const QString& order);
     static QString Keys(const QString& where, const QString& order);
-    static QString listKey(const clsCustomer& customer);
+    static QString listKey(const QString& CustId, const QString& CustSubId);
+    static QString listKey(const clsCustomer& customer) { return listKey(customer.CustId, customer.CustSubId); }
+    // The condition of the customers of such keys; it may hold for other branches of theirs.
+    static QString ofListKeys(const QStringList& listKeys);
     QList<clsCustomer> customersOf(const QStringList& listKeys);
 
     // Filled by the screen that shows stored against entered values.

@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 #include "db/Connection.h"
 
+#include <QCoreApplication>
 #include <QThread>
 
 #include <chrono>
@@ -29,7 +30,13 @@ public:
         const std::lock_guard lock(m_mutex);
         m_asked = reading;
         m_statement = statement;
-        m_changed.notify_one();
+        m_changed.notify_all();
+    }
+
+    // True once something of this reading is on its way to the reader.
+    bool awaitSent(int reading, std::chrono::milliseconds longest) {
+        std::unique_lock lock(m_mutex);
+        return m_changed.wait_for(lock, longest, [&] { return m_sent == reading; });
     }
 
     // The reader has shown the first keys of a reading, and needs those before no more. Letting go of a long list takes
@@ -38,13 +45,13 @@ public:
         const std::lock_guard lock(m_mutex);
         m_shown = reading;
         m_spent = std::move(spent);
-        m_changed.notify_one();
+        m_changed.notify_all();
     }
 
     void leave() {
         const std::lock_guard lock(m_mutex);
         m_reader = nullptr;
-        m_changed.notify_one();
+        m_changed.notify_all();
     }
 
     void run() {
@@ -116,12 +123,15 @@ private:
         const std::lock_guard lock(m_mutex);
         if (!m_reader || m_asked != m_current) return false;
         post(m_reader);
+        m_sent = m_current;
+        m_changed.notify_all();
         return true;
     }
 
-    std::mutex m_mutex;  // guards the next five
+    std::mutex m_mutex;  // guards the next six
     KeyReader* m_reader; // nothing once it has gone
     int m_asked = 0;
+    int m_sent = 0;
     int m_shown = 0;
     QStringList m_spent;
     QString m_statement;
@@ -145,6 +155,11 @@ KeyReader::~KeyReader() {
 void KeyReader::read(const QString& statement) {
     m_reading = m_first = true;
     m_worker->ask(++m_current, statement);
+}
+
+void KeyReader::awaitFirst(int milliseconds) {
+    if (m_worker->awaitSent(m_current, std::chrono::milliseconds(milliseconds)))
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 void KeyReader::take(int reading, const QStringList& keys, bool last) {

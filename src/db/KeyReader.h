@@ -23,6 +23,8 @@ public:
     // Starts to read; a reading under way is given up. The statement's first column is the key, its rows stand in the
     // order of the list. The keys of the reading before stay until the first of the new ones are here.
     void read(const QString& statement);
+    // Takes the first keys here and now if they come within so many milliseconds.
+    void awaitFirst(int milliseconds);
     bool isReading() const { return m_reading; }
 
     int count() const { return static_cast<int>(m_keys.size()); }

@@ -129,6 +129,8 @@ QString Recordset::value(const QString& field) const { return m_stream->text(m_s
 
 QString Recordset::value(int index) const { return m_stream->text(index); }
 
+int Recordset::indexOf(const QString& field) const { return m_stream->indexOf(field); }
+
 bool Recordset::isNull(const QString& field) const { return m_stream->isNull(m_stream->indexOf(field)); }
 
 bool Recordset::isNull(int index) const { return m_stream->isNull(index); }

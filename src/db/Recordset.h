@@ -23,6 +23,7 @@ public:
     bool next();
     QString value(const QString& field) const; // raises an error for a field that the query does not have
     QString value(int index) const;
+    int indexOf(const QString& field) const; // likewise
     bool isNull(const QString& field) const;
     bool isNull(int index) const;
     const QStringList& fields() const;

@@ -14,6 +14,29 @@ template <class Record> struct Field {
     QString column;
 };
 
+// Reads the rows of one query into records. Where the columns stand is found once, ahead of the first row.
+template <class Record> class RecordReader {
+public:
+    RecordReader(const Recordset& rows, const QList<Field<Record>>& fields) : m_rows(rows) {
+        for (const Field<Record>& field : fields) m_places << Place{field.member, rows.indexOf(field.column)};
+    }
+
+    Record read() const {
+        Record record;
+        for (const Place& place : m_places) record.*place.member = m_rows.value(place.index);
+        return record;
+    }
+
+private:
+    struct Place {
+        QString Record::*member;
+        int index;
+    };
+
+    const Recordset& m_rows;
+    QList<Place> m_places;
+};
+
 // The connection behind a manager's pointer; raises an error before `Prepare` and after the connection closed.
 Connection& opened(Connection* connection);
 
@@ -50,16 +73,11 @@ protected:
     Connection& connection() const { return opened(m_connection); }
     clsSQLMaker& maker() { return m_maker; }
 
-    Record read(const Recordset& row) const {
-        Record record;
-        for (const Field<Record>& field : m_fields) record.*field.member = row.value(field.column);
-        return record;
-    }
-
     void readList(QList<Record>& result, const QString& sql) {
         WriteSqlLog(sql);
         Recordset rows = connection().query(sql);
-        while (rows.next()) result << read(rows);
+        const RecordReader<Record> reader(rows, m_fields);
+        while (rows.next()) result << reader.read();
     }
 
     // The first row of the table under a filter; false when there is none.
@@ -68,7 +86,7 @@ protected:
         WriteSqlLog(sql);
         Recordset rows = connection().query(sql);
         if (!rows.next()) return false;
-        record = read(rows);
+        record = RecordReader<Record>(rows, m_fields).read();
         return true;
     }
 

@@ -230,15 +230,10 @@ void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& o
     const QString sql = ListWithMst(where, order);
     WriteSqlLog(sql);
     Recordset rows = connection().query(sql);
-    while (rows.next()) {
-        clsCsEstimate estimate;
-        clsCustomer customer;
-        clsChart chart;
-        for (const auto& field : listEstimateFields()) estimate.*field.member = rows.value(field.column);
-        for (const auto& field : listCustomerFields()) customer.*field.member = rows.value(field.column);
-        chart.OrderNm = rows.value(u"受注先"_qs);
-        take(estimate, customer, chart);
-    }
+    const RecordReader<clsCsEstimate> estimates(rows, listEstimateFields());
+    const RecordReader<clsCustomer> customers(rows, listCustomerFields());
+    const RecordReader<clsChart> charts(rows, {{&clsChart::OrderNm, u"受注先"_qs}});
+    while (rows.next()) take(estimates.read(), customers.read(), charts.read());
 }
 
 void clsCsEstimateManager::UpdPayDate(const QString& EstId, const QString& PayDate, const QString& UpdUserNo,

@@ -261,7 +261,7 @@ void checkRowId(Cells& row, int column, const LineContext& context) {
     if (selection(where).isEmpty()) row[RowId].clear();
 }
 
-void takeRowId(Cells& row, const LineContext& context) {
+void takeRowId(Cells& row, const LineContext&) {
     const QList<clsBaseElmtSelect> found = selection(idTerm(row.at(RowId)));
     clearFrom(row, MakeElmt, Price);
     if (found.isEmpty()) return;
@@ -358,7 +358,7 @@ void checkRowId(Cells& row, int column, const LineContext& context) {
     if (parts(where).isEmpty()) row[RowId].clear();
 }
 
-void takeRowId(Cells& row, const LineContext& context) {
+void takeRowId(Cells& row, const LineContext&) {
     const QList<clsPriceParts> found = parts(idTerm(row.at(RowId)) + u" AND [有効Flg] = 0"_qs);
     clearFrom(row, PartsNm, Price);
     if (found.size() != 1) return;

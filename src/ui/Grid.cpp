@@ -46,6 +46,7 @@ void Grid::setEntries(int column, const QStringList& texts) {
 }
 
 void Grid::applyWidths() {
+    m_widest = fontMetrics().horizontalAdvance(u'国');
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(this, column(i).width));
     horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
@@ -53,7 +54,8 @@ void Grid::applyWidths() {
 
 bool Grid::isList() const {
     const auto& all = m_model->columns();
-    const auto changes = std::count_if(all.begin(), all.end(), [](const GridColumn& column) { return column.editable; });
+    const auto changes =
+        std::count_if(all.begin(), all.end(), [](const GridColumn& column) { return column.editable; });
     return changes == 0 || (changes == 1 && tickColumn() >= 0);
 }
 
@@ -73,7 +75,7 @@ void Grid::setSource(int rows, GridModel::RowSource source) { m_model->setSource
 
 void Grid::setFilling(bool filling) {
     m_filling = filling;
-    viewport()->update();
+    if (rows() == 0) viewport()->update(); // else nothing tells of it here
 }
 
 void Grid::paintEvent(QPaintEvent* event) {

@@ -111,6 +111,8 @@ private:
     bool isList() const;
     int tickColumn() const; // -1: none
     void applyWidths();
+    // True when a text needs no measuring to tell that it is not too long; measuring takes as long as drawing.
+    bool surelyFits(const QString& text, int width) const { return text.size() * m_widest <= width; }
     bool showsRow(int row) const { return row >= 1 && row <= rows(); }
 
     GridModel* m_model;
@@ -118,4 +120,5 @@ private:
     int m_sortColumn = -1;
     bool m_sortUpwards = true;
     bool m_filling = false;
+    int m_widest = 1; // a character
 };

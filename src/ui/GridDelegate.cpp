@@ -25,6 +25,14 @@ std::optional<QString> typedText(QWidget* editor) {
 
 constexpr int textMargin = 4;
 
+// Where a text of one line starts. Laid out in a rectangle by the toolkit it takes a third longer to draw.
+QPointF baseline(const QString& text, const QRect& room, Qt::Alignment alignment, const QFontMetrics& metrics) {
+    int left = room.left();
+    if (alignment & Qt::AlignRight) left += room.width() - metrics.horizontalAdvance(text);
+    if (alignment & Qt::AlignHCenter) left += (room.width() - metrics.horizontalAdvance(text)) / 2;
+    return QPointF(left, room.top() + (room.height() - metrics.height()) / 2 + metrics.ascent());
+}
+
 bool isStarter(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
 
 // A cell takes an amount as it stands, like its column in the database.
@@ -70,10 +78,12 @@ void GridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& opti
     if (text.isEmpty()) return;
     const bool isEnabled = option.state & QStyle::State_Enabled;
     const QRect room = cell.adjusted(textMargin, 0, -textMargin, 0);
-    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
     painter->setPen(option.palette.color(isEnabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text));
-    painter->drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    const QString seen = m_grid->surelyFits(text, room.width())
+                             ? text
+                             : option.fontMetrics.elidedText(text, Qt::ElideRight, room.width());
+    painter->drawText(baseline(seen, room, alignment, option.fontMetrics), seen);
 }
 
 QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {

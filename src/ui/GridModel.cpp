@@ -9,12 +9,6 @@
 #include <numeric>
 #include <utility>
 
-namespace {
-
-constexpr int rowsKept = 1'000;
-
-} // namespace
-
 GridEntry GridEntry::parse(const QString& text) {
     const qsizetype separator = text.indexOf(u';');
     if (!text.startsWith(u'#') || separator < 0) return {text, text, {}};
@@ -58,8 +52,6 @@ void GridModel::setRowCount(int rows) {
 void GridModel::setSource(int rows, RowSource source) {
     beginResetModel();
     m_source = std::move(source);
-    m_lookedAt.clear();
-    m_lookedAt.setMaxCost(rowsKept);
     m_own.clear();
     m_rows.resize(rows);
     std::iota(m_rows.begin(), m_rows.end(), 0);
@@ -94,13 +86,9 @@ void GridModel::swapTwoRows(int first, int second) {
     for (const int row : {first, second}) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
-const QStringList& GridModel::cells(int row) const {
+QStringList GridModel::cells(int row) const {
     const int place = m_rows[row];
-    if (place < 0) return *m_own.constFind(place);
-    if (const QStringList* kept = m_lookedAt.object(place)) return *kept;
-    auto* values = new QStringList(m_source(place));
-    m_lookedAt.insert(place, values);
-    return *values;
+    return place < 0 ? m_own.value(place) : m_source(place);
 }
 
 QStringList& GridModel::ownCells(int row) {

@@ -3,14 +3,13 @@
 #include "ui/GridColumn.h"
 
 #include <QAbstractTableModel>
-#include <QCache>
 
 #include <functional>
 #include <optional>
 #include <vector>
 
-// The cells of a grid as text. Rows may come from a source that is asked for a row when it is looked at; only the rows
-// looked at last are kept, and those that were written to. Rows and columns count from 0 here.
+// The cells of a grid as text. Rows may come from a source that is asked for a row each time one of its
+// cells is looked at; only the rows that were written to are kept. Rows and columns count from 0 here.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -49,7 +48,7 @@ public:
 
 private:
     // The cells of a row, and the same to write to.
-    const QStringList& cells(int row) const;
+    QStringList cells(int row) const;
     QStringList& ownCells(int row);
     QVariant background(const GridColumn& column) const;
 
@@ -60,7 +59,6 @@ private:
     int m_sourceRows = 0;
     std::vector<int> m_rows; // a row's place in the source, or, below 0, its number among the rows that stand here
     QHash<int, QStringList> m_own;
-    mutable QCache<int, QStringList> m_lookedAt; // by place in the source
     int m_markedColumn = -1;
     QString m_mark;
 };

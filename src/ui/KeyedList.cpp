@@ -10,8 +10,9 @@
 
 namespace {
 
-constexpr int rowsPerBlock = 50; // about twice what a screen shows
+constexpr int rowsPerBlock = 25; // about what a screen shows
 constexpr int blocksKept = 8;
+constexpr int unseenWait = 10; // milliseconds, in which nobody sees an empty page
 
 } // namespace
 
@@ -29,6 +30,7 @@ void KeyedList::show(const QString& statement) {
     m_wanted = true;
     m_grid->setFilling(true);
     m_reader.read(statement);
+    m_reader.awaitFirst(unseenWait);
 }
 
 void KeyedList::clear() {
@@ -70,7 +72,7 @@ bool KeyedList::isEmpty() const { return m_grid->rows() == 0 && !m_grid->isFilli
 QStringList KeyedList::cells(int place) {
     const int block = place / rowsPerBlock;
     if (!m_blocks.contains(block)) {
-        auto* rows = new QHash<QString, QStringList>;
+        auto* rows = new QList<QStringList>;
         try {
             *rows = fetchBlock(block);
         } catch (const AppError& error) { // told later: the grid is being painted
@@ -79,14 +81,17 @@ QStringList KeyedList::cells(int place) {
         }
         m_blocks.insert(block, rows);
     }
-    return m_blocks.object(block)->value(m_reader.key(place));
+    return m_blocks.object(block)->value(place % rowsPerBlock);
 }
 
-QHash<QString, QStringList> KeyedList::fetchBlock(int block) {
+QList<QStringList> KeyedList::fetchBlock(int block) {
     QStringList keys;
     const int end = qMin((block + 1) * rowsPerBlock, m_reader.count());
     for (int place = block * rowsPerBlock; place < end; ++place) keys << m_reader.key(place);
-    return m_fetch(keys);
+    const QHash<QString, QStringList> found = m_fetch(keys);
+    QList<QStringList> rows;
+    for (const QString& key : keys) rows << found.value(key);
+    return rows;
 }
 
 void KeyedList::refresh(int row, const QString& key) {

@@ -43,12 +43,12 @@ private:
     void tellFailure(const QString& description);
     void showCount();
     QStringList cells(int place);
-    QHash<QString, QStringList> fetchBlock(int block);
+    QList<QStringList> fetchBlock(int block);
 
     Grid* m_grid;
     QLabel* m_count;
     KeyReader m_reader;
     Fetch m_fetch;
-    QCache<int, QHash<QString, QStringList>> m_blocks;
-    bool m_wanted = false; // what the reader brings is shown
+    QCache<int, QList<QStringList>> m_blocks; // the cells of the rows looked at last
+    bool m_wanted = false;                    // what the reader brings is shown
 };

@@ -3,9 +3,20 @@
 #include "base/basMessage.h"
 #include "ui/frmSelectList.h"
 
-std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Recordset rows,
-                                      const QStringList& hidden, TellMissing tell,
-                                      const std::function<QString(QWidget* parent)>& estDetail) {
+namespace {
+
+std::optional<SelectedRow> chooseIn(QWidget* parent, const std::function<void(frmSelectList&)>& prepare) {
+    std::optional<SelectedRow> chosen;
+    openScreen<frmSelectList>(parent, prepare, [&](frmSelectList& list) {
+        if (!list.Cancel) chosen = list.Selected;
+    });
+    return chosen;
+}
+
+} // namespace
+
+std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Recordset rows, const QStringList& hidden,
+                                      TellMissing tell, const EstDetail& estDetail) {
     SelectRows table;
     table.columns = rows.fields();
     while (rows.next()) {
@@ -17,17 +28,20 @@ std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Rec
         if (tell == TellMissing::Yes) ShowMessage(121, title);
         return std::nullopt;
     }
-    std::optional<SelectedRow> chosen;
-    openScreen<frmSelectList>(
-        parent,
-        [&](frmSelectList& list) {
-            list.Recordset = table;
-            list.TblName = title;
-            list.HideCols = hidden;
-            list.EstDetail = estDetail;
-        },
-        [&](frmSelectList& list) {
-            if (!list.Cancel) chosen = list.Selected;
-        });
-    return chosen;
+    return chooseIn(parent, [&](frmSelectList& list) {
+        list.Recordset = table;
+        list.TblName = title;
+        list.HideCols = hidden;
+        list.EstDetail = estDetail;
+    });
+}
+
+std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, const LongTable& table,
+                                      const QStringList& hidden, const EstDetail& estDetail) {
+    return chooseIn(parent, [&](frmSelectList& list) {
+        list.Long = table;
+        list.TblName = title;
+        list.HideCols = hidden;
+        list.EstDetail = estDetail;
+    });
 }

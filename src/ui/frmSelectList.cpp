@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 #include "base/basCommon.h"
+#include "db/clsDbManager.h"
+#include "ui/KeyedList.h"
 #include "ui_frmSelectList.h"
 
 #include <algorithm>
@@ -45,22 +47,39 @@ frmSelectList::~frmSelectList() = default;
 void frmSelectList::load() {
     if (!TblName.isEmpty()) setWindowTitle(TblName);
     ui->cbEstDetail->setVisible(static_cast<bool>(EstDetail));
-    QList<GridColumn> columns;
-    for (int i = 0; i < Recordset.columns.size(); ++i) {
-        GridColumn column;
-        column.title = Recordset.columns.at(i);
-        column.width = columnWidth(Recordset, i);
-        column.hidden = HideCols.contains(column.title);
-        columns << column;
+    if (Long) {
+        setColumns(Long->columns, [this](int column) { return Long->widths.at(column); });
+        m_long = new KeyedList(ui->flxData, ui->lblRecCnt, gDbManager.Connection().settings(), Long->fetch);
+        connect(m_long, &KeyedList::shown, this, [this] { ui->cbSelect->setEnabled(ui->flxData->rows() > 0); });
+    } else {
+        setColumns(Recordset.columns, [this](int column) { return columnWidth(Recordset, column); });
     }
-    ui->flxData->setColumns(columns);
     showRows();
     ui->flxData->setFocus();
 }
 
+void frmSelectList::setColumns(const QStringList& titles, const std::function<int(int column)>& width) {
+    QList<GridColumn> columns;
+    for (int i = 0; i < titles.size(); ++i) {
+        GridColumn column;
+        column.title = titles.at(i);
+        column.width = width(i);
+        column.hidden = HideCols.contains(column.title);
+        columns << column;
+    }
+    ui->flxData->setColumns(columns);
+}
+
 // The rows that hold what was typed into the search field.
 void frmSelectList::showRows() {
-    const QString sought = Text::toHalfKana(ui->txtSearch->text());
+    const QString sought = ui->txtSearch->text();
+    if (m_long)
+        m_long->show(Long->keys(sought));
+    else
+        showRowsWith(Text::toHalfKana(sought));
+}
+
+void frmSelectList::showRowsWith(const QString& sought) {
     m_shownRows.clear();
     for (int row = 0; row < Recordset.rows.size(); ++row)
         if (sought.isEmpty() || rowContains(Recordset.rows.at(row), sought)) m_shownRows << row;
@@ -75,7 +94,8 @@ void frmSelectList::choose() {
     const int row = ui->flxData->currentRow();
     if (row < 1) return;
     const QStringList values = ui->flxData->rowValues(row);
-    for (int i = 0; i < Recordset.columns.size(); ++i) Selected[Recordset.columns.at(i)] = values.at(i);
+    const QStringList& columns = Long ? Long->columns : Recordset.columns;
+    for (int i = 0; i < columns.size(); ++i) Selected[columns.at(i)] = values.at(i);
     Cancel = false;
     close();
 }

@@ -4,7 +4,9 @@
 #include "ui/SelectRows.h"
 
 #include <functional>
+#include <optional>
 
+class KeyedList;
 namespace Ui {
 class frmSelectList;
 }
@@ -19,8 +21,9 @@ public:
     ~frmSelectList() override;
 
     SelectRows Recordset;
-    QString TblName;      // the title; empty: "マスタ選択"
-    QStringList HideCols; // column words that are not shown
+    std::optional<LongTable> Long; // instead of `Recordset`
+    QString TblName;               // the title; empty: "マスタ選択"
+    QStringList HideCols;          // column words that are not shown
     // Opens the estimates of a person above this list and gives the chosen one, or empty. Without it the command is
     // not shown.
     std::function<QString(QWidget* parent)> EstDetail;
@@ -33,10 +36,13 @@ protected:
     void load() override;
 
 private:
+    void setColumns(const QStringList& titles, const std::function<int(int column)>& width);
     void showRows();
+    void showRowsWith(const QString& sought);
     void choose();
     void openDetail();
 
     std::unique_ptr<Ui::frmSelectList> ui;
-    QList<int> m_shownRows; // places in Recordset, in the order of the grid
+    KeyedList* m_long = nullptr; // fills the grid from a long table
+    QList<int> m_shownRows;      // places in Recordset, in the order of the grid
 };

@@ -1,6 +1,7 @@
 #include "HalvaneTest.h"
 #include "support/TestDatabase.h"
 
+#include "customers/clsCustomerManager.h"
 #include "estimates/EstimateListFilter.h"
 #include "estimates/EstimateManagers.h"
 
@@ -17,6 +18,41 @@ private slots:
         m_database->prepareManagers();
     }
     void cleanupTestCase() { m_database.reset(); }
+
+    // The list of persons is read by their keys alone, in another statement for each kind of search.
+    void keysAreThoseOfTheList_data() {
+        QTest::addColumn<EstimateListFilter>("filter");
+        QTest::addColumn<bool>("some");
+        using Texts = QList<std::pair<QString EstimateListFilter::*, QString>>;
+        const auto row = [](const char* name, const Texts& texts, bool some) {
+            EstimateListFilter filter;
+            for (const auto& [member, text] : texts) filter.*member = text;
+            QTest::newRow(name) << filter << some;
+        };
+        const std::pair number{&EstimateListFilter::EstNo, u"2024"_qs};
+        const std::pair law{&EstimateListFilter::InsNo, u"1"_qs};
+        row("nothing", {}, true);
+        row("person", {{&EstimateListFilter::Name1, u"田"_qs}}, true);
+        row("estimate number", {number}, true);
+        row("estimate number of nobody", {{&EstimateListFilter::EstNo, u"x"_qs}}, false);
+        row("person and estimate number", {{&EstimateListFilter::Name1, u"青"_qs}, number}, true);
+        row("law", {law}, true);
+        row("law and estimate number", {law, number}, true);
+        row("chart", {{&EstimateListFilter::DiseaseNm, u"麻痺"_qs}}, true);
+    }
+    void keysAreThoseOfTheList() {
+        QFETCH(EstimateListFilter, filter);
+        QFETCH(bool, some);
+        const QString order = u"[顧客情報].[顧客番号]"_qs;
+        QList<clsCustomer> listed;
+        gCustomerManager.GetListWithEst(listed, filter.condition(), order);
+        QStringList told, keys;
+        for (const clsCustomer& customer : listed) told << clsCustomerManager::listKey(customer);
+        Recordset rows = m_database->connection().query(clsCustomerManager::KeysWithEst(filter.condition(), order));
+        while (rows.next()) keys << rows.value(0);
+        QCOMPARE(keys, told);
+        QCOMPARE(!keys.isEmpty(), some);
+    }
 
     void nothingAskedGivesNoCondition() {
         QCOMPARE(EstimateListFilter().condition(), QString());
@@ -111,7 +147,8 @@ private slots:
     void tickedCustomersNarrowTheCondition() {
         QCOMPARE(withCustomers(u"x"_qs, {}), u"x"_qs);
         const QList<CustomerKey> two{{u"00000001"_qs, u"1"_qs}, {u"00000002"_qs, u"1"_qs}};
-        const QString narrowed = u"[顧客見積情報].[顧客ID] IN ('00000001','00000002') AND (([顧客情報].[顧客ID] = '00000001' AND [顧客情報].[顧客枝番] = 1) OR "
+        const QString narrowed = u"[顧客見積情報].[顧客ID] IN ('00000001','00000002') AND (([顧客情報].[顧客ID] = "
+                                 u"'00000001' AND [顧客情報].[顧客枝番] = 1) OR "
                                  u"([顧客情報].[顧客ID] = '00000002' AND [顧客情報].[顧客枝番] = 1))"_qs;
         QCOMPARE(withCustomers({}, two), narrowed);
         QCOMPARE(withCustomers(u"x"_qs, two), u"x AND "_qs + narrowed);

@@ -61,13 +61,6 @@ QHash<QString, QStringList> fetchRows(const QStringList& keys) {
     return rows;
 }
 
-QString keyOf(const QString& id, const QString& branch) {
-    clsCustomer customer;
-    customer.CustId = id;
-    customer.CustSubId = branch;
-    return clsCustomerManager::listKey(customer);
-}
-
 QString startsWith(const QString& column, const QString& text) {
     return column + u" LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
 }
@@ -201,7 +194,7 @@ void frmCustomerList::open(qint16 mode) {
         },
         [&](frmCustomer& screen) {
             if (!screen.Updated) return;
-            if (screen.EditMode == frmCustomer::Add) m_rows->append(keyOf(screen.CustId, screen.CustSubId));
-            else m_rows->refresh(row, keyOf(id, branch)); // which takes a deleted one off
+            if (screen.EditMode == frmCustomer::Add) m_rows->append(clsCustomerManager::listKey(screen.CustId, screen.CustSubId));
+            else m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); // which takes a deleted one off
         });
 }

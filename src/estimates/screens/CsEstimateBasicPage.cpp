@@ -3,6 +3,7 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/ChartParties.h"
+#include "customers/screens/CustomerSelection.h"
 #include "customers/screens/PersonFields.h"
 #include "db/clsAssistManager.h"
 #include "estimates/EstimateDates.h"
@@ -218,12 +219,10 @@ void CsEstimateBasicPage::chooseCustomer() {
                                         {u"フリガナ1"_qs, ui->txtKana1->value()},
                                         {u"フリガナ2"_qs, ui->txtKana2->value()}});
     std::optional<frmCsEstimateList::Choice> estimate;
-    const auto chosen =
-        SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
-                   {u"顧客ID"_qs, u"顧客枝番"_qs}, TellMissing::Yes, [&](QWidget* parent) {
-                       estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
-                       return estimate ? estimate->EstId : QString();
-                   });
+    const auto chosen = selectCustomer(this, where, [&](QWidget* parent) {
+        estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
+        return estimate ? estimate->EstId : QString();
+    });
     if (estimate) emit estimateChosen(estimate->EstId, estimate->EditMode);
     if (!chosen || estimate) return;
     clsCustomer customer;

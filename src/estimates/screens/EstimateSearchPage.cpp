@@ -3,6 +3,7 @@
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/clsCustomerManager.h"
+#include "customers/screens/CustomerSelection.h"
 #include "db/clsDbManager.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
@@ -140,9 +141,7 @@ void EstimateSearchPage::chooseCustomer() {
         joined({startingWith(u"顧客番号"_qs, ui->txtCsNo->value()), startingWith(u"名前1"_qs, ui->txtName1->value()),
                 startingWith(u"名前2"_qs, ui->txtName2->value()), startingWith(u"フリガナ1"_qs, ui->txtKana1->value()),
                 startingWith(u"フリガナ2"_qs, ui->txtKana2->value())});
-    const auto chosen =
-        SelectFrom(this, u"顧客"_qs, gCustomerManager.GetSelectList(where, u"[フリガナ1],[フリガナ2],[顧客番号]"_qs),
-                   {u"顧客ID"_qs, u"顧客枝番"_qs});
+    const auto chosen = selectCustomer(this, where);
     clsCustomer customer;
     if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer))
         return;

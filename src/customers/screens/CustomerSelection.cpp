@@ -1,0 +1,42 @@
+#include "customers/screens/CustomerSelection.h"
+
+#include "base/basMessage.h"
+#include "customers/clsCustomerManager.h"
+
+namespace {
+
+const QString id = u"顧客ID"_qs;
+const QString branch = u"顧客枝番"_qs;
+
+QString keysContaining(const QString& where, const QString& sought) {
+    QStringList terms{where, sought.isEmpty() ? QString() : clsCustomerManager::SelectContaining(sought)};
+    terms.removeAll(QString());
+    return clsCustomerManager::Keys(terms.join(u" AND "_qs), u"[フリガナ1],[フリガナ2],[顧客番号]"_qs);
+}
+
+QHash<QString, QStringList> fetchRows(const QStringList& keys) {
+    QHash<QString, QStringList> found;
+    if (keys.isEmpty()) return found;
+    Recordset rows = gCustomerManager.GetSelectList(clsCustomerManager::ofListKeys(keys), {});
+    while (rows.next()) {
+        QStringList row;
+        for (int i = 0; i < rows.fields().size(); ++i) row << rows.value(i);
+        found.insert(clsCustomerManager::listKey(rows.value(id), rows.value(branch)), row);
+    }
+    return found;
+}
+
+} // namespace
+
+std::optional<SelectedRow> selectCustomer(QWidget* parent, const QString& where, const EstDetail& estDetail) {
+    const QString title = u"顧客"_qs;
+    if (gCustomerManager.Count(where) == 0) {
+        ShowMessage(121, title);
+        return std::nullopt;
+    }
+    const LongTable table{{id, branch, u"顧客番号"_qs, u"顧客名"_qs, u"住所"_qs, u"電話"_qs, u"生年月日"_qs},
+                          {12, 6, 13, 22, 40, 16, 13},
+                          [where](const QString& sought) { return keysContaining(where, sought); },
+                          fetchRows};
+    return SelectFrom(parent, title, table, {id, branch}, estDetail);
+}
