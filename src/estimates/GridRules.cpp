@@ -261,7 +261,7 @@ void checkRowId(Cells& row, int column, const LineContext& context) {
     if (selection(where).isEmpty()) row[RowId].clear();
 }
 
-void takeRowId(Cells& row, const LineContext&) {
+void takeRowId(Cells& row, const LineContext& context) {
     const QList<clsBaseElmtSelect> found = selection(idTerm(row.at(RowId)));
     clearFrom(row, MakeElmt, Price);
     if (found.isEmpty()) return;

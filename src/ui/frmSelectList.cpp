@@ -4,7 +4,11 @@
 #include "base/basCommon.h"
 #include "db/clsDbManager.h"
 #include "ui/KeyedList.h"
+#include "ui/Style.h"
 #include "ui_frmSelectList.h"
+
+#include <QLayout>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -47,27 +51,34 @@ frmSelectList::~frmSelectList() = default;
 void frmSelectList::load() {
     if (!TblName.isEmpty()) setWindowTitle(TblName);
     ui->cbEstDetail->setVisible(static_cast<bool>(EstDetail));
+    ui->flxData->setColumns(columns());
     if (Long) {
-        setColumns(Long->columns, [this](int column) { return Long->widths.at(column); });
         m_long = new KeyedList(ui->flxData, ui->lblRecCnt, gDbManager.Connection().settings(), Long->fetch);
         connect(m_long, &KeyedList::shown, this, [this] { ui->cbSelect->setEnabled(ui->flxData->rows() > 0); });
-    } else {
-        setColumns(Recordset.columns, [this](int column) { return columnWidth(Recordset, column); });
     }
     showRows();
     ui->flxData->setFocus();
 }
 
-void frmSelectList::setColumns(const QStringList& titles, const std::function<int(int column)>& width) {
+QList<GridColumn> frmSelectList::columns() const {
+    const QStringList& titles = Long ? Long->columns : Recordset.columns;
     QList<GridColumn> columns;
     for (int i = 0; i < titles.size(); ++i) {
         GridColumn column;
         column.title = titles.at(i);
-        column.width = width(i);
+        column.width = Long ? Long->widths.at(i) : columnWidth(Recordset, i);
         column.hidden = HideCols.contains(column.title);
         columns << column;
     }
-    ui->flxData->setColumns(columns);
+    return columns;
+}
+
+QSize frmSelectList::sizeHint() const {
+    int width = ui->flxData->verticalScrollBar()->sizeHint().width() + 2 * ui->flxData->frameWidth();
+    for (const GridColumn& column : columns())
+        if (!column.hidden) width += Style::charactersWide(ui->flxData, column.width);
+    const QMargins margins = layout()->contentsMargins();
+    return Screen::sizeHint().expandedTo({width + margins.left() + margins.right(), 0});
 }
 
 // The rows that hold what was typed into the search field.
@@ -94,8 +105,7 @@ void frmSelectList::choose() {
     const int row = ui->flxData->currentRow();
     if (row < 1) return;
     const QStringList values = ui->flxData->rowValues(row);
-    const QStringList& columns = Long ? Long->columns : Recordset.columns;
-    for (int i = 0; i < columns.size(); ++i) Selected[columns.at(i)] = values.at(i);
+    for (int i = 0; i < values.size(); ++i) Selected[ui->flxData->column(i).title] = values.at(i);
     Cancel = false;
     close();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/GridColumn.h"
 #include "ui/Screen.h"
 #include "ui/SelectRows.h"
 
@@ -32,11 +33,14 @@ public:
     SelectedRow Selected;
     QString EstId;
 
+    // Wide enough to show every column.
+    QSize sizeHint() const override;
+
 protected:
     void load() override;
 
 private:
-    void setColumns(const QStringList& titles, const std::function<int(int column)>& width);
+    QList<GridColumn> columns() const;
     void showRows();
     void showRowsWith(const QString& sought);
     void choose();
