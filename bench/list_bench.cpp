@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "base/clsLogger.h"
 #include "customers/clsCustomerManager.h"
+#include "customers/screens/CustomerSelection.h"
 #include "customers/screens/frmCustomerList.h"
 #include "db/SqlDialect.h"
 #include "db/clsDbManager.h"
@@ -19,7 +20,9 @@
 #include "ui/Grid.h"
 #include "ui/KeyedList.h"
 #include "ui/Style.h"
+#include "ui/TextField.h"
 #include "ui/basControlUtil.h"
+#include "ui/frmSelectList.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -370,6 +373,39 @@ private:
     Painted m_painted;
 };
 
+// --- the selection of a customer ---
+
+class Selection {
+public:
+    Selection() {
+        m_screen.Long = customerTable({});
+        m_screen.Load();
+        m_grid = child<Grid>(m_screen, u"flxData"_qs);
+        m_painted = std::make_unique<Painted>(m_grid);
+        m_screen.show();
+        spinUntil([this] { return !m_grid->isFilling(); });
+    }
+
+    void run() {
+        auto* field = child<TextField>(m_screen, u"txtSearch"_qs);
+        for (const QString& text : {QString(), u"山本"_qs, u"岡崎市緑が丘7"_qs, u"-1234"_qs, u"ﾇﾇ"_qs}) {
+            const QString name = u"selection of a customer, "_qs + (text.isEmpty() ? u"all"_qs : text);
+            if (!isWanted(name)) continue;
+            const QString where = text.isEmpty() ? text : clsCustomerManager::SelectContaining(text);
+            const QString order = u"[フリガナ1],[フリガナ2],[顧客番号]"_qs;
+            field->setText(text);
+            const auto type = [field] { emit field->valueChanged(); };
+            print(name, bestOf([&] { return play(*m_grid, *m_painted, type); }),
+                  {clsCustomerManager::SelectList(where, order), clsCustomerManager::Keys(where, order)});
+        }
+    }
+
+private:
+    frmSelectList m_screen;
+    Grid* m_grid;
+    std::unique_ptr<Painted> m_painted;
+};
+
 // --- the estimate list ---
 
 class EstimateLists {
@@ -527,6 +563,7 @@ private:
 void run() {
     printHead();
     CustomerLists().run();
+    Selection().run();
     EstimateLists().run();
 }
 

@@ -249,11 +249,15 @@ qint64 clsCustomerManager::Count(const QString& where) {
 }
 
 Recordset clsCustomerManager::GetSelectList(const QString& where, const QString& order) {
+    return connection().query(SelectList(where, order));
+}
+
+QString clsCustomerManager::SelectList(const QString& where, const QString& order) {
     QString sql = u"SELECT [顧客ID], [顧客枝番], [顧客番号], [名前1] & '　' & [名前2] AS 顧客名,"
                   u" [都道府県] & [市区郡] & [住所1] & [住所2] AS 住所, [電話], [生年月日] FROM [顧客情報]"_qs;
     if (!where.isEmpty()) sql += u" WHERE "_qs + where;
     if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
-    return connection().query(sql);
+    return sql;
 }
 
 QString clsCustomerManager::ListWithEst(const QString& where, const QString& order) {

@@ -34,8 +34,8 @@ public:
     // The save of the estimate editor: a stored row that differs is put to the operator through `confirmUpdate`.
     bool SaveDataFromEstimate(clsCustomer& customer);
 
-    // The largest branch number plus 1, "1" for a person without a branch; beyond it when a deleted branch of that number
-    // left charts, laws or estimates behind.
+    // The largest branch number plus 1, "1" for a person without a branch; beyond it when a deleted branch of that
+    // number left charts, laws or estimates behind.
     QString GetNewSubId(const QString& CustId);
     // A row of the same name, sex, birth date, postal code, prefecture and city: its id, branch and number.
     bool FindSame(const clsCustomer& customer, clsCustomer& same);
@@ -44,6 +44,7 @@ public:
 
     // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
     Recordset GetSelectList(const QString& where, const QString& order);
+    static QString SelectList(const QString& where, const QString& order); // its statement
     // The condition of its rows that contain a text in a column that is shown, in either width and case.
     static QString SelectContaining(const QString& text);
     qint64 Count(const QString& where);

@@ -28,15 +28,18 @@ QHash<QString, QStringList> fetchRows(const QStringList& keys) {
 
 } // namespace
 
+LongTable customerTable(const QString& where) {
+    return {{id, branch, u"顧客番号"_qs, u"顧客名"_qs, u"住所"_qs, u"電話"_qs, u"生年月日"_qs},
+            {12, 6, 13, 22, 40, 16, 13},
+            [where](const QString& sought) { return keysContaining(where, sought); },
+            fetchRows};
+}
+
 std::optional<SelectedRow> selectCustomer(QWidget* parent, const QString& where, const EstDetail& estDetail) {
     const QString title = u"顧客"_qs;
     if (gCustomerManager.Count(where) == 0) {
         ShowMessage(121, title);
         return std::nullopt;
     }
-    const LongTable table{{id, branch, u"顧客番号"_qs, u"顧客名"_qs, u"住所"_qs, u"電話"_qs, u"生年月日"_qs},
-                          {12, 6, 13, 22, 40, 16, 13},
-                          [where](const QString& sought) { return keysContaining(where, sought); },
-                          fetchRows};
-    return SelectFrom(parent, title, table, {id, branch}, estDetail);
+    return SelectFrom(parent, title, customerTable(where), {id, branch}, estDetail);
 }
