@@ -86,7 +86,7 @@ private:
     QStringList m_rows;
 };
 
-QString number(qint64 value, int places) { return QString::number(value).rightJustified(places, u'0'); }
+QString number(qint64 value, int digits) { return QString::number(value).rightJustified(digits, u'0'); }
 
 void addOffice(Connection& connection, int customers, int estimates) {
     QRandomGenerator random(20240401);

@@ -278,18 +278,18 @@ void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const QStrin
 }
 
 QString clsCustomerManager::KeysWithEst(const QString& where, const QString& order) {
-    const bool outside = !where.isEmpty() && concernsCustomersAlone(where);
-    QString sql = u"SELECT [顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番] FROM [顧客情報] WHERE "_qs;
-    if (outside) sql += u'(' + where + u") AND "_qs;
+    const QString key = u"[顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番]"_qs;
+    const QString sorted = order.isEmpty() ? order : u" ORDER BY "_qs + order;
     if (namesFewEstimates(where))
-        sql += u"[顧客情報].[顧客ID] IN (SELECT [顧客見積情報].[顧客ID]"_qs + fromEstimates(ofCustomers) +
-               u" WHERE "_qs + where + u") AND "_qs;
+        return u"SELECT DISTINCT "_qs + key + (order.isEmpty() ? order : u", "_qs + order) +
+               fromEstimates(ofCustomers) + u" WHERE "_qs + where + sorted;
+    QString sql = u"SELECT "_qs + key + u" FROM [顧客情報] WHERE "_qs;
+    const bool outside = !where.isEmpty() && concernsCustomersAlone(where);
+    if (outside) sql += u'(' + where + u") AND "_qs;
     sql +=
         u"EXISTS (SELECT [顧客見積情報].[見積ID]"_qs + fromEstimates(u"[顧客見積情報]"_qs) + u" WHERE "_qs + ofCustomer;
     if (!where.isEmpty() && !outside) sql += u" AND "_qs + where;
-    sql += u')';
-    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
-    return sql;
+    return sql + u')' + sorted;
 }
 
 QString clsCustomerManager::Keys(const QString& where, const QString& order) {

@@ -1,6 +1,5 @@
 #include "db/KeyReader.h"
 
-#include "base/AppError.h"
 #include "db/Connection.h"
 
 #include <QCoreApplication>
@@ -67,10 +66,7 @@ public:
                 connection.reset();
                 deliver([&](KeyReader* reader) {
                     QMetaObject::invokeMethod(
-                        reader,
-                        [reader, reading = m_current, text = error.description()] {
-                            reader->takeFailure(reading, text);
-                        },
+                        reader, [reader, reading = m_current, error] { reader->takeFailure(reading, error); },
                         Qt::QueuedConnection);
                 });
             }
@@ -176,8 +172,8 @@ void KeyReader::take(int reading, const QStringList& keys, bool last) {
     if (last) emit finished();
 }
 
-void KeyReader::takeFailure(int reading, const QString& description) {
+void KeyReader::takeFailure(int reading, const AppError& error) {
     if (reading != m_current) return;
     m_reading = false;
-    emit failed(description);
+    emit failed(error);
 }

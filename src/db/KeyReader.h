@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AppError.h"
 #include "db/ConnectionSettings.h"
 
 #include <QObject>
@@ -37,14 +38,14 @@ signals:
     void grown();
     // The last one is there.
     void finished();
-    // The reading broke off; the description is in the words of the operator.
-    void failed(const QString& description);
+    // The reading broke off.
+    void failed(const AppError& error);
 
 private:
     class Worker;
 
     void take(int reading, const QStringList& keys, bool last);
-    void takeFailure(int reading, const QString& description);
+    void takeFailure(int reading, const AppError& error);
 
     std::shared_ptr<Worker> m_worker;
     QThread* m_thread;

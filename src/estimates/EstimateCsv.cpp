@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "base/basCommon.h"
+#include "base/clsLogger.h"
 
 namespace {
 
@@ -22,6 +23,17 @@ const QList<CsvField<clsCustomer>>& customerFields() {
         {u"電話"_qs, &clsCustomer::Tel},          {u"性別"_qs, &clsCustomer::Sex},
         {u"生年月日"_qs, &clsCustomer::Birth}};
     return fields;
+}
+
+QString lineOf(const EstimateCsv::Lacking& place, const QString& characters) {
+    return u"%1行目 %2：%3"_qs.arg(formatThousands(place.row), place.column, characters);
+}
+
+// "U+20BB7", as the log cannot hold the characters either.
+QString codePoints(const QString& characters) {
+    QStringList points;
+    for (const char32_t point : characters.toUcs4()) points << u"U+"_qs + QString::number(point, 16).toUpper();
+    return points.join(u' ');
 }
 
 } // namespace
@@ -49,8 +61,10 @@ QList<EstimateCsv::Lacking> EstimateCsv::lacking(qint64 row, const QStringList& 
 
 QString EstimateCsv::told(const QList<Lacking>& found) {
     QStringList lines;
-    for (const Lacking& place : found.first(qMin(found.size(), mostTold)))
-        lines << u"%1行目 %2：%3"_qs.arg(formatThousands(place.row), place.column, place.characters);
-    if (found.size() > mostTold) lines << u"ほか %1か所"_qs.arg(formatThousands(found.size() - mostTold));
-    return lines.join(u'\n');
+    for (const Lacking& place : found.first(qMin(found.size(), mostTold))) lines << lineOf(place, place.characters);
+    if (found.size() <= mostTold) return lines.join(u'\n');
+    for (const Lacking& place : found)
+        writeLog(u"Shift_JIS にない文字 "_qs + lineOf(place, codePoints(place.characters)));
+    return lines.join(u'\n') +
+           u"\nほか %1か所（すべての箇所はログに記録しました）"_qs.arg(formatThousands(found.size() - mostTold));
 }

@@ -19,7 +19,7 @@ struct Lacking {
     QString characters;
 };
 QList<Lacking> lacking(qint64 row, const QStringList& fields);
-// The first of them in words for the operator, one a line, and how many more there are.
+// The first of them in words for the operator, one a line, and how many more there are; then the log is given all.
 QString told(const QList<Lacking>& found);
 
 } // namespace EstimateCsv

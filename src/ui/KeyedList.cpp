@@ -57,10 +57,10 @@ void KeyedList::takeMore() {
     showCount();
 }
 
-void KeyedList::tellFailure(const QString& description) {
-    clear();
-    writeLog(description);
-    ShowMessage(901, description);
+void KeyedList::tellFailure(const AppError& error) {
+    m_grid->setFilling(false);
+    showCount();
+    guarded([&error] { throw error; });
 }
 
 void KeyedList::showCount() {
@@ -77,7 +77,12 @@ QStringList KeyedList::cells(int place) {
             *rows = fetchBlock(block);
         } catch (const AppError& error) { // told later: the grid is being painted
             QMetaObject::invokeMethod(
-                this, [this, text = error.description()] { tellFailure(text); }, Qt::QueuedConnection);
+                this,
+                [this, error] {
+                    clear();
+                    tellFailure(error);
+                },
+                Qt::QueuedConnection);
         }
         m_blocks.insert(block, rows);
     }

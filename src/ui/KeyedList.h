@@ -21,7 +21,7 @@ public:
 
     KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fetch fetch);
 
-    // Shows the rows of a statement whose first column is the key. A failure to read is told.
+    // Shows the rows of a statement whose first column is the key. A failure to read is told, and what is shown stays.
     void show(const QString& statement);
     // Shows nothing.
     void clear();
@@ -29,7 +29,6 @@ public:
     void refresh(int row, const QString& key);
     // Puts a row that was stored just now at the end, and makes it the current one.
     void append(const QString& key);
-    // The rows there are, also those that the grid does not have yet.
     // No row is there, and none is on its way.
     bool isEmpty() const;
 
@@ -40,7 +39,7 @@ signals:
 private:
     void takeFirst();
     void takeMore();
-    void tellFailure(const QString& description);
+    void tellFailure(const AppError& error);
     void showCount();
     QStringList cells(int place);
     QList<QStringList> fetchBlock(int block);

@@ -1,6 +1,12 @@
 #include "HalvaneTest.h"
 
+#include "support/ProgramFolder.h"
+
+#include "base/Text.h"
+#include "base/clsLogger.h"
 #include "estimates/EstimateCsv.h"
+
+#include <QScopeGuard>
 
 class EstimateCsvTest : public QObject {
     Q_OBJECT
@@ -32,11 +38,20 @@ private slots:
     }
 
     void manyAreCounted() {
+        const ProgramFolder folder;
+        folder.writeProfile("[Log]\r\nPath=.\r\n");
+        gLogger = std::make_unique<clsLogger>();
+        const auto end = qScopeGuard([] { gLogger.reset(); });
         QList<EstimateCsv::Lacking> found;
         for (int row = 1; row <= 1300; ++row) found << EstimateCsv::Lacking{row, u"名前1"_qs, u"𠮷"_qs};
         const QString told = EstimateCsv::told(found);
         QCOMPARE(told.count(u'\n'), 15);
-        QVERIFY(told.endsWith(u"ほか 1,285か所"_qs));
+        QVERIFY(told.endsWith(u"ほか 1,285か所（すべての箇所はログに記録しました）"_qs));
+        QFile log(gLogger->FileNm());
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QString lines = Text::fromCp932(log.readAll());
+        QCOMPARE(lines.count(u"Shift_JIS にない文字 "_qs), 1300);
+        QVERIFY(lines.contains(u"1,300行目 名前1：U+20BB7"_qs));
     }
 };
 

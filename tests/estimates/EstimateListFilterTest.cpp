@@ -104,6 +104,25 @@ private slots:
         QVERIFY(found(filter) > 0);
     }
 
+    void eachPeriodHasItsColumn() {
+        using Period = EstimateListFilter::Period EstimateListFilter::*;
+        const QList<std::pair<Period, QString>> periods{{&EstimateListFilter::RecvDate, u"受付日"_qs},
+                                                        {&EstimateListFilter::PickPtnDate, u"採型日"_qs},
+                                                        {&EstimateListFilter::DelvFinDate, u"納品実績日"_qs},
+                                                        {&EstimateListFilter::LifeEnd, u"耐用完了日"_qs}};
+        for (const auto& [period, column] : periods) {
+            EstimateListFilter filter;
+            filter.*period = {u"2024/05/01"_qs, u"2024/05/31"_qs};
+            QCOMPARE(filter.condition(),
+                     u" [顧客見積情報].[%1] >= #2024/05/01# AND  [顧客見積情報].[%1] <= #2024/05/31#"_qs.arg(column));
+            Recordset inside = m_database->connection().query(
+                u"SELECT COUNT(*) FROM [顧客見積情報] WHERE [%1] BETWEEN #2024/05/01# AND #2024/05/31#"_qs.arg(column));
+            QVERIFY(inside.next());
+            const qint64 told = inside.value(0).toLongLong();
+            QCOMPARE(found(filter), told);
+        }
+    }
+
     void statusesStandTogether() {
         EstimateListFilter filter;
         filter.ProcKbn = QStringList{u"1"_qs, u"99"_qs};
@@ -125,6 +144,12 @@ private slots:
             u" [顧客見積請求].[請求先] LIKE '%後期高齢%')"_qs);
         QVERIFY(found(filter) > 0);
         filter.InsNo = u"99"_qs;
+        QCOMPARE(found(filter), 0);
+        filter = {};
+        filter.ClaimCd = u"2"_qs;
+        QVERIFY(filter.condition().endsWith(u"WHERE  [請求先].[請求先コード] LIKE '2%')"_qs));
+        QVERIFY(found(filter) > 0);
+        filter.ClaimCd = u"x"_qs;
         QCOMPARE(found(filter), 0);
     }
 

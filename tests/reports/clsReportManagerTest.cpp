@@ -204,9 +204,9 @@ private slots:
                     .arg(row)
                     .arg(law));
         };
-        claim(u"E1"_qs, 1, 3);
-        claim(u"E1"_qs, 2, 1);
-        claim(u"E2"_qs, 1, 2);
+        claim(u"E1"_qs, 1, 2);
+        claim(u"E2"_qs, 1, 3);
+        claim(u"E2"_qs, 2, 1);
         const auto list = [&](int member) {
             clsReportManager manager;
             manager.Prepare(connection);
@@ -222,8 +222,10 @@ private slots:
         };
         for (const int whole : {0, 1}) {
             const ReportRecordset records = list(whole);
-            QCOMPARE(column(records, u"Ins"_qs), u"社会,後期|国民|"_qs);
-            QCOMPARE(column(records, u"Sort"_qs), u"1|0|0"_qs);
+            QCOMPARE(column(records, u"Ins"_qs), u"国民|社会,後期|"_qs);
+            QCOMPARE(column(records, u"Sort"_qs), u"0|1|0"_qs);
+            QCOMPARE(column(records, u"EstName"_qs).section(u'|', 0, 0), u"靴"_qs);
+            QCOMPARE(column(records, u"EstSum"_qs).section(u'|', 0, 0), u"1000"_qs);
             QCOMPARE(column(records, u"CustNm"_qs).section(u'|', 0, 0), u"山田　花子"_qs);
             QCOMPARE(column(records, u"Addr"_qs).section(u'|', 0, 0), u"神奈川県横浜市"_qs);
             QCOMPARE(column(records, u"DelvFinDate"_qs).section(u'|', 0, 0), u"令和　６年１１月　３日"_qs);

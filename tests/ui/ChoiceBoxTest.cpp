@@ -111,6 +111,15 @@ private slots:
         QCOMPARE(KanaTabFilter(u"[フリガナ1]"_qs, 11), u"[フリガナ1] < 'ｱ' OR [フリガナ1] > 'ﾝ'"_qs);
     }
 
+    void aReadingHasItsTab() {
+        QCOMPARE(KanaTabOf({}), -1);
+        const QStringList rows{u"ｱｵ"_qs, u"ｶｺ"_qs, u"ｻｿ"_qs, u"ﾀﾄ"_qs, u"ﾅﾉ"_qs,
+                               u"ﾊﾎ"_qs, u"ﾏﾓ"_qs, u"ﾔﾖ"_qs, u"ﾗﾛ"_qs, u"ﾜﾝ"_qs};
+        for (int row = 0; row < rows.size(); ++row)
+            for (const QChar end : rows.at(row)) QCOMPARE(KanaTabOf(end + u"ﾊﾅ"_qs), row + 1);
+        for (const QString& other : {u"Smith"_qs, u"9"_qs, u"山"_qs, u"%"_qs, u"ｯ"_qs}) QCOMPARE(KanaTabOf(other), 11);
+    }
+
     void priceGroupFilterJoinsItsTerms() {
         QCOMPARE(PriceGroupFilter({{u"種目"_qs, u"義手"_qs}, {u"名称"_qs, QString()}, {u"形式"_qs, u"50%"_qs}}),
                  u"[種目]  LIKE '%義手%' AND [形式]  LIKE '%50[%]%'"_qs);

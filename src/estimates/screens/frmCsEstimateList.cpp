@@ -17,6 +17,7 @@
 #include "ui_frmCsEstimateList.h"
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QScopeGuard>
 #include <QShortcut>
 
@@ -228,12 +229,14 @@ void frmCsEstimateList::pageTurned(int page) {
         showEstimates();
         return ui->flxEstList->setFocus();
     default:
+        leaveOpened();
         return ui->pagSearch->ui->txtKana1->setFocus();
     }
 }
 
 void frmCsEstimateList::showCustomers() {
     m_ticked.clear();
+    m_opened = 0;
     m_customers->show(
         clsCustomerManager::KeysWithEst(ui->pagSearch->filter().condition(), u"[顧客情報].[顧客番号]"_qs));
 }
@@ -247,10 +250,15 @@ void frmCsEstimateList::noteTick(int row) {
         m_ticked.remove(row);
 }
 
-// Opening a person is ticking that person alone, unless others are ticked.
+// Opening a person is ticking that person alone, unless others are ticked. The next search is for anybody again.
 void frmCsEstimateList::openCustomer(int row) {
-    if (m_ticked.isEmpty()) ui->flxCustList->toggleCheck(row, Tick);
+    if (m_ticked.isEmpty() && ui->flxCustList->toggleCheck(row, Tick)) m_opened = row;
     turnTo(Estimates);
+}
+
+void frmCsEstimateList::leaveOpened() {
+    const int row = std::exchange(m_opened, 0);
+    if (row > 0 && m_ticked.contains(row)) ui->flxCustList->toggleCheck(row, Tick);
 }
 
 void frmCsEstimateList::showEstimates() { m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order())); }
@@ -308,6 +316,7 @@ void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
 void frmCsEstimateList::whileBusy(const QString& word,
                                   const std::function<void(const std::function<bool()>& pause)>& work) {
     const QString title = windowTitle();
+    const QPointer<QWidget> focused = focusWidget(); // which a disabled window loses
     QElapsedTimer sinceTold;
     sinceTold.start();
     SetWaitCursor(true);
@@ -315,6 +324,7 @@ void frmCsEstimateList::whileBusy(const QString& word,
     setEnabled(false);
     const auto end = qScopeGuard([&] {
         setEnabled(true);
+        if (focused) focused->setFocus();
         m_busy = false;
         setWindowTitle(title);
         SetWaitCursor(false);

@@ -66,6 +66,7 @@ private:
     void customersShown();
     void noteTick(int row);
     void openCustomer(int row);
+    void leaveOpened();
 
     // --- the list as it is asked for ---
     QString condition() const;
@@ -84,6 +85,7 @@ private:
     KeyedList* m_customers;
     KeyedList* m_estimates;
     QSet<int> m_ticked; // rows of flxCustList
+    int m_opened = 0;   // the one of them that was ticked by opening it
 
     QString m_exclusions; // 法別 names that the list without them leaves out
     bool m_busy = false;
