@@ -28,6 +28,14 @@ bool settleParties(clsChart& chart, const QString& orderCd) {
     return true;
 }
 
+QString renewParties(clsChart& chart) {
+    clsOrder order;
+    if (Val(chart.OrderNo) != 0 && gOrderManager.GetData(chart.OrderNo, order)) chart.OrderNm = order.OrderNm;
+    clsDoctor doctor;
+    if (Val(chart.DoctorNo) != 0 && gDoctorManager.GetData(chart.DoctorNo, doctor)) chart.DoctorNm = doctor.DoctorNm;
+    return order.OrderCd;
+}
+
 QString orderCodeOf(const clsChart& chart) {
     clsOrder order;
     if (Val(chart.OrderNo) != 0) gOrderManager.GetData(chart.OrderNo, order);

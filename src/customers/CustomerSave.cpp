@@ -2,8 +2,8 @@
 
 #include "base/Application.h"
 #include "base/basCommon.h"
-#include "db/AskingOutside.h"
 #include "customers/ChartParties.h"
+#include "db/AskingOutside.h"
 #include "reference/ReferenceManagers.h"
 
 #include <algorithm>
@@ -76,7 +76,10 @@ bool loadCustomer(const QString& CustId, const QString& CustSubId, CustomerDraft
     QList<clsCsIns> laws;
     gCsInsManager.GetList(laws, branchFilter(read.customer), u"[顧客ID],[顧客枝番],[項番]"_qs);
     for (const clsCsIns& law : laws) read.laws << law.InsNo;
-    for (const clsChart& chart : storedCharts(read.customer)) read.charts << CustomerChart{chart, orderCodeOf(chart)};
+    for (clsChart chart : storedCharts(read.customer)) {
+        const QString orderCd = renewParties(chart);
+        read.charts << CustomerChart{chart, orderCd};
+    }
     draft = read;
     return true;
 }

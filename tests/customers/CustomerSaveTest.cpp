@@ -178,6 +178,27 @@ private slots:
         QCOMPARE(count(u"受注先"_qs), u"1"_qs);
     }
 
+    // Else the next save of the customer would ask which of two names holds, though nobody touched the chart.
+    void aPartyRenamedElsewhereIsShownByItsNewName() {
+        CustomerDraft draft = newPerson();
+        draft.charts = {chart(u"K-1"_qs, u"A01"_qs, u"中央病院"_qs)};
+        draft.charts.first().chart.DoctorNm = u"見本　一郎"_qs;
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Added);
+        connection().execute(u"UPDATE [受注先] SET [受注先] = '新中央病院' WHERE [受注先コード] = 'A01'"_qs);
+        connection().execute(u"UPDATE [主治医] SET [主治医] = '見本　二郎' WHERE [主治医] = '見本　一郎'"_qs);
+        CustomerDraft again;
+        QVERIFY(loadCustomer(draft.customer.CustId, draft.customer.CustSubId, again));
+        QCOMPARE(again.charts.first().chart.OrderNm, u"新中央病院"_qs);
+        QCOMPARE(again.charts.first().chart.DoctorNm, u"見本　二郎"_qs);
+        MessageQueue messages;
+        QCOMPARE(saveCustomer(connection(), again), CustomerSaveResult::Updated);
+        QCOMPARE(messages.texts(), QStringList());
+        QCOMPARE(count(u"受注先"_qs), u"1"_qs);
+        connection().execute(u"DELETE FROM [受注先]"_qs);
+        QVERIFY(loadCustomer(draft.customer.CustId, draft.customer.CustSubId, again));
+        QCOMPARE(again.charts.first().chart.OrderNm, u"新中央病院"_qs);
+    }
+
     void failureRollsEverythingBack() {
         CustomerDraft draft = newPerson();
         draft.laws << u"no number"_qs;
