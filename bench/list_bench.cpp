@@ -41,7 +41,7 @@ namespace {
 
 constexpr int firstRows = 100;
 constexpr int rounds = 3;        // of each time the shortest counts,
-constexpr int shortRounds = 8;   // of more rounds where a breath of the machine weighs
+constexpr int shortRounds = 20;  // of more rounds where a breath of the machine weighs
 constexpr double shortTime = 15; // milliseconds
 constexpr int restTime = 10;     // milliseconds
 constexpr int looks = 40;        // on the way through a list
@@ -208,7 +208,8 @@ void rest() {
     while (timer.elapsed() < restTime) QCoreApplication::processEvents(QEventLoop::AllEvents, restTime);
 }
 
-Figures play(Grid& grid, Painted& painted, const std::function<void()>& start) {
+// A list from its start to its first rows; a whole round looks at all of it besides.
+Figures play(Grid& grid, Painted& painted, bool whole, const std::function<void()>& start) {
     rest();
     Figures figures;
     Heart heart;
@@ -222,7 +223,7 @@ Figures play(Grid& grid, Painted& painted, const std::function<void()>& start) {
     spinUntil([&] { return !grid.isFilling(); });
     figures.all = since(timer);
     figures.rows = grid.rows();
-    scroll(grid, figures);
+    if (whole) scroll(grid, figures);
     figures.pause = heart.longestPause();
     return figures;
 }
@@ -266,29 +267,29 @@ void print(const QString& name, const Figures& figures, const Statements& statem
     std::fflush(stdout);
 }
 
-Figures bestOf(const std::function<Figures()>& once) {
-    Figures best;
-    double pause = 0;
-    for (int round = 0; goesOn(round, best.first); ++round) {
-        const Figures figures = once();
-        pause = std::max(pause, figures.pause);
-        if (figures.first < best.first) best = figures;
-    }
+using Once = std::function<Figures(bool whole)>;
+
+// The round with the soonest rows; the longest pause of all, and the end of a whole one.
+void takeRound(Figures& best, int round, const Once& once) {
+    Figures figures = once(round < rounds);
+    if (round >= rounds) figures.end = best.end;
+    const double pause = std::max(figures.pause, best.pause);
+    if (figures.first < best.first) best = figures;
     best.pause = pause;
+}
+
+Figures bestOf(const Once& once) {
+    Figures best;
+    for (int round = 0; goesOn(round, best.first); ++round) takeRound(best, round, once);
     return best;
 }
 
 // Of what goes two ways by turns.
-std::pair<Figures, Figures> bestOfBoth(const std::function<Figures()>& once) {
-    Figures both[2];
-    for (int round = 0; goesOn(round, std::min(both[0].first, both[1].first)); ++round)
-        for (Figures& best : both) {
-            Figures figures = once();
-            const double pause = std::max(figures.pause, best.pause);
-            if (figures.first < best.first) best = figures;
-            best.pause = pause;
-        }
-    return {both[0], both[1]};
+std::pair<Figures, Figures> bestOfBoth(const Once& once) {
+    Figures up, down;
+    for (int round = 0; goesOn(round, std::min(up.first, down.first)); ++round)
+        for (Figures* best : {&up, &down}) takeRound(*best, round, once);
+    return {up, down};
 }
 
 template <class Widget> Widget* child(const QWidget& parent, const QString& name) {
@@ -347,7 +348,8 @@ private:
 
     void compare(const QString& name, const QString& where, const QString& order, const std::function<void()>& start) {
         if (isWanted(name))
-            print(name, bestOf([&] { return play(*m_grid, m_painted, start); }), statements(where, order));
+            print(name, bestOf([&](bool whole) { return play(*m_grid, m_painted, whole, start); }),
+                  statements(where, order));
     }
 
     void sortBoth(int column) {
@@ -363,7 +365,7 @@ private:
         if (!isWanted(name)) return;
         m_grid->clearSortMark();
         const auto click = [&] { emit m_grid->headingClicked(column); };
-        const auto [up, down] = bestOfBoth([&] { return play(*m_grid, m_painted, click); });
+        const auto [up, down] = bestOfBoth([&](bool whole) { return play(*m_grid, m_painted, whole, click); });
         print(name + u" ▲"_qs, up, statements({}, terms.at(column).join(u" ASC, "_qs) + u" ASC"_qs));
         print(name + u" ▼"_qs, down, statements({}, terms.at(column).join(u" DESC, "_qs) + u" DESC"_qs));
     }
@@ -395,7 +397,7 @@ public:
             const QString order = u"[フリガナ1],[フリガナ2],[顧客番号]"_qs;
             field->setText(text);
             const auto type = [field] { emit field->valueChanged(); };
-            print(name, bestOf([&] { return play(*m_grid, *m_painted, type); }),
+            print(name, bestOf([&](bool whole) { return play(*m_grid, *m_painted, whole, type); }),
                   {clsCustomerManager::SelectList(where, order), clsCustomerManager::Keys(where, order)});
         }
     }
@@ -425,10 +427,11 @@ public:
             fill(search);
             const QString where = m_page->filter().condition();
             if (isWanted(u"estimates"_qs + search.name))
-                print(u"estimates"_qs + search.name, bestOf([this] { return playEstimates(); }),
+                print(u"estimates"_qs + search.name, bestOf([this](bool whole) { return playEstimates(whole); }),
                       {clsCsEstimateManager::ListWithMst(where, byId), clsCsEstimateManager::KeysWithMst(where, byId)});
             if (isWanted(u"customers of estimates"_qs + search.name))
-                print(u"customers of estimates"_qs + search.name, bestOf([this] { return playCustomers(); }),
+                print(u"customers of estimates"_qs + search.name,
+                      bestOf([this](bool whole) { return playCustomers(whole); }),
                       {clsCustomerManager::ListWithEst(where, byNumber),
                        clsCustomerManager::KeysWithEst(where, byNumber)});
         }
@@ -489,12 +492,12 @@ private:
         }
     }
 
-    Figures turnTo(int page, Grid* grid, Painted& painted) {
+    Figures turnTo(int page, Grid* grid, Painted& painted, bool whole) {
         m_tabs->setCurrentIndex(0);
-        return play(*grid, painted, [this, page] { m_tabs->setCurrentIndex(page); });
+        return play(*grid, painted, whole, [this, page] { m_tabs->setCurrentIndex(page); });
     }
-    Figures playCustomers() { return turnTo(1, m_customers, m_customersPainted); }
-    Figures playEstimates() { return turnTo(2, m_estimates, m_estimatesPainted); }
+    Figures playCustomers(bool whole = false) { return turnTo(1, m_customers, m_customersPainted, whole); }
+    Figures playEstimates(bool whole = false) { return turnTo(2, m_estimates, m_estimatesPainted, whole); }
 
     void ticked() {
         fill({});
@@ -506,8 +509,9 @@ private:
         }
         const QString where = withCustomers({}, keys);
         // From the customers themselves, as their page would be filled anew.
-        const auto once = [this] {
-            const Figures figures = play(*m_estimates, m_estimatesPainted, [this] { m_tabs->setCurrentIndex(2); });
+        const auto once = [this](bool whole) {
+            const Figures figures =
+                play(*m_estimates, m_estimatesPainted, whole, [this] { m_tabs->setCurrentIndex(2); });
             m_tabs->setCurrentIndex(0);
             return figures;
         };
@@ -528,7 +532,8 @@ private:
         if (!terms.contains(column) || !isWanted(name)) return;
         m_estimates->clearSortMark();
         const auto click = [&] { emit m_estimates->headingClicked(column); };
-        const auto [up, down] = bestOfBoth([&] { return play(*m_estimates, m_estimatesPainted, click); });
+        const auto [up, down] =
+            bestOfBoth([&](bool whole) { return play(*m_estimates, m_estimatesPainted, whole, click); });
         for (const auto& [mark, direction, figures] :
              {std::tuple{u" ▲"_qs, u" ASC "_qs, up}, std::tuple{u" ▼"_qs, u" DESC "_qs, down}}) {
             const QString order = terms[column].join(direction + u", "_qs) + direction + u", "_qs + byId + u" ASC"_qs;
