@@ -53,8 +53,8 @@ public:
 
     static QString ListWithEst(const QString& where, const QString& order);
 
-    // The statement that gives the key of each of the same rows, or of rows of the table alone, and the customers of
-    // such keys in any order.
+    // The statement that gives the key of each of the same rows (`order`: columns without a direction), or of rows of
+    // the table alone, and the customers of such keys in any order.
     static QString KeysWithEst(const QString& where, const QString& order);
     static QString Keys(const QString& where, const QString& order);
     static QString listKey(const QString& CustId, const QString& CustSubId);

@@ -194,7 +194,9 @@ void frmCustomerList::open(qint16 mode) {
         },
         [&](frmCustomer& screen) {
             if (!screen.Updated) return;
-            if (screen.EditMode == frmCustomer::Add) m_rows->append(clsCustomerManager::listKey(screen.CustId, screen.CustSubId));
-            else m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); // which takes a deleted one off
+            if (screen.EditMode == frmCustomer::Add)
+                m_rows->append(clsCustomerManager::listKey(screen.CustId, screen.CustSubId));
+            else
+                m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); // which takes a deleted one off
         });
 }
