@@ -9,6 +9,8 @@
 
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int chosenSize = 10;
@@ -33,7 +35,7 @@ frmMenu::frmMenu(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmM
     m_groupButtons = {ui->cbSelectMenu_0, ui->cbSelectMenu_1, ui->cbSelectMenu_2, ui->cbSelectMenu_3,
                       ui->cbSelectMenu_4};
     m_groupFrames = {ui->fraMenu_0, ui->fraMenu_1, ui->fraMenu_2, ui->fraMenu_3, ui->fraMenu_4};
-    for (int i = 0; i < m_groupButtons.size(); ++i) onClick(m_groupButtons.at(i), [this, i] { showGroup(i); });
+    for (int i = 0; i < m_groupButtons.size(); ++i) onClick(m_groupButtons.at(i), [this, i] { enterGroup(i); });
     onClick(ui->cbEnd, [this] { close(); });
     connectOpeners();
     showGroup(0);
@@ -55,6 +57,15 @@ void frmMenu::load() {
     ui->lblVer->setText(programVersion());
     TableMaintenance(gDbManager.Connection());
     ui->cbSelectMenu_0->setFocus();
+}
+
+// Return then starts the first work of the group, and Tab leads to the others.
+void frmMenu::enterGroup(int index) {
+    showGroup(index);
+    const auto openers = m_groupFrames.at(index)->findChildren<QPushButton*>();
+    const auto first =
+        std::find_if(openers.begin(), openers.end(), [](QPushButton* opener) { return opener->isEnabled(); });
+    if (first != openers.end()) (*first)->setFocus();
 }
 
 void frmMenu::showGroup(int index) {

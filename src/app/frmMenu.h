@@ -25,6 +25,7 @@ protected:
     bool queryUnload() override;
 
 private:
+    void enterGroup(int index);
     void showGroup(int index);
     void connectOpeners();
 

@@ -10,7 +10,30 @@
 
 #include <algorithm>
 
+namespace {
+
+// Drawn by hand like the cells, see there.
+class GridHeading : public QHeaderView {
+public:
+    explicit GridHeading(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int column) const override {
+        painter->fillRect(rect, Style::heading);
+        painter->setPen(Style::line);
+        painter->drawLine(rect.topRight(), rect.bottomRight());
+        painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+        painter->setPen(isEnabled() ? Style::ink : palette().color(QPalette::Disabled, QPalette::Text));
+        const QString title = model()->headerData(column, Qt::Horizontal).toString();
+        painter->drawText(rect.adjusted(2, 0, -2, 0), Qt::AlignCenter | Qt::TextSingleLine,
+                          fontMetrics().elidedText(title, Qt::ElideRight, rect.width() - 4));
+    }
+};
+
+} // namespace
+
 Grid::Grid(QWidget* parent) : QTableView(parent), m_model(new GridModel(this)) {
+    setHorizontalHeader(new GridHeading(this));
     setModel(m_model);
     setItemDelegate(new GridDelegate(this));
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int rowsPerBlock = 25; // about what a screen shows
-constexpr int blocksKept = 8;
+constexpr int rowsPerBlock = 20; // about what a screen shows
+constexpr int blocksKept = 10;
 constexpr int unseenWait = 10; // milliseconds, in which nobody sees an empty page
 
 } // namespace

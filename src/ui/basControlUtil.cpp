@@ -51,6 +51,7 @@ void FillPrefList(ChoiceBox* list, ListHead head) {
 void FillCityList(ChoiceBox* list, const QString& pref, ListHead head) {
     QList<clsPrefecture> rows;
     gPrefectureManager.GetCityGrpList(rows, pref.isEmpty() ? QString() : u"[都道府県] = '%1'"_qs.arg(SqlQuote(pref)));
+    rows.removeIf([](const clsPrefecture& row) { return row.City.isEmpty(); }); // a prefecture alone
     fill(list, head, rows, &clsPrefecture::City, &clsPrefecture::PrefNo);
 }
 

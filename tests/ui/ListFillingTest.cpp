@@ -39,6 +39,7 @@ private slots:
         FillPrefList(&prefs);
         m_database->connection().execute(
             u"INSERT INTO [都道府県] ([都道府県], [市区郡], [順番]) VALUES ('試験県', '試験市', '1')"_qs);
+        m_database->connection().execute(u"INSERT INTO [都道府県] ([都道府県], [順番]) VALUES ('試験県', '2')"_qs);
         ChoiceBox cities;
         FillCityList(&cities, u"試験県"_qs);
         QCOMPARE(entries(cities), QStringList{u"試験市"_qs});
