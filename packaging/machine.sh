@@ -10,11 +10,12 @@ build_packages=(
     libicu-dev            # code page 932, widths and kana
 )
 program_packages=(
-    libqt6sql6-sqlite     # the database in a file
-    libqt6sql6-psql       # the database on a server
-    qt6-translations-l10n # Qt's own buttons and dialogs in Japanese
-    fonts-noto-cjk        # letters on the screen
-    fonts-ipaexfont       # letters on paper
+    libqt6sql6-sqlite           # the database in a file
+    libqt6sql6-psql             # the database on a server
+    qt6-translations-l10n       # Qt's own buttons and dialogs in Japanese
+    fonts-noto-cjk              # letters on the screen
+    fonts-morisawa-bizud-gothic # letters in grids
+    fonts-ipaexfont             # letters on paper
 )
 test_packages=(
     postgresql-15         # the server that the tests start for themselves

@@ -26,7 +26,7 @@ void drawArrow(QPainter& painter, const QRect& box, const QColor& colour) {
 
 QSize ChoiceBox::sizeHint() const {
     const QSize hint = QComboBox::sizeHint();
-    return {qMin(hint.width(), Style::charactersWide(this, widestCharacters)), hint.height()};
+    return {qMin(hint.width(), Style::charactersWide(widestCharacters)), hint.height()};
 }
 
 QSize ChoiceBox::minimumSizeHint() const {

@@ -48,4 +48,4 @@ void DateField::keyPressEvent(QKeyEvent* event) {
     EntryField::keyPressEvent(event);
 }
 
-QSize DateField::sizeHint() const { return {Style::charactersWide(this, 14), EntryField::sizeHint().height()}; }
+QSize DateField::sizeHint() const { return {Style::charactersWide(14), EntryField::sizeHint().height()}; }

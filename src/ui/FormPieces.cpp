@@ -20,11 +20,11 @@ void FormPieces::applyCharacters(QWidget* form) {
         if (characters < 1 && control->property("shownValue").toBool()) {
             // A long value must not widen the form.
             control->setSizePolicy(QSizePolicy::Ignored, control->sizePolicy().verticalPolicy());
-            control->setMinimumWidth(Style::charactersWide(control, leastCharacters));
+            control->setMinimumWidth(Style::charactersWide(leastCharacters));
         }
         if (characters < 1) continue;
         const int arrow = qobject_cast<QComboBox*>(control) ? arrowWidth : 0;
-        control->setFixedWidth(Style::charactersWide(control, characters) + arrow);
+        control->setFixedWidth(Style::charactersWide(characters) + arrow);
     }
 }
 

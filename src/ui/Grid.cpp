@@ -3,6 +3,7 @@
 #include "base/basMessage.h"
 #include "ui/GridDelegate.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -36,6 +37,7 @@ Grid::Grid(QWidget* parent) : QTableView(parent), m_model(new GridModel(this)) {
     setHorizontalHeader(new GridHeading(this));
     setModel(m_model);
     setItemDelegate(new GridDelegate(this));
+    setFont(Style::gridFont());
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
@@ -70,8 +72,8 @@ void Grid::setEntries(int column, const QStringList& texts) {
 
 void Grid::applyWidths() {
     m_widest = fontMetrics().horizontalAdvance(u'国');
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(this, column(i).width));
+    verticalHeader()->setDefaultSectionSize(QApplication::fontMetrics().height() + 8);
+    for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(column(i).width));
     horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
 }
 

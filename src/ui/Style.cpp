@@ -147,6 +147,12 @@ QIcon Style::calendarIcon() {
     return QIcon(pixmap);
 }
 
-int Style::charactersWide(const QWidget* widget, int characters) {
-    return widget->fontMetrics().horizontalAdvance(u'0') * characters + 2 * gap;
+QFont Style::gridFont() {
+    QFont font = QApplication::font();
+    font.setFamilies({u"BIZ UDGothic"_qs, u"BIZ UDゴシック"_qs, font.family()});
+    return font;
+}
+
+int Style::charactersWide(int characters) {
+    return QApplication::fontMetrics().horizontalAdvance(u'0') * characters + 2 * gap;
 }

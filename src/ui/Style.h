@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QIcon>
 
 class QApplication;
@@ -31,7 +32,9 @@ void apply(QApplication& application);
 void arrange(QWidget* form);
 
 QIcon calendarIcon();
-// The width of so many half-width characters in the widget's font.
-int charactersWide(const QWidget* widget, int characters);
+// The letters of grids: every half-width sign is half as wide as a kanji, so that numbers stand under each other.
+QFont gridFont();
+// The width of so many half-width characters in the font of the screens, with the margins of a field.
+int charactersWide(int characters);
 
 } // namespace Style

@@ -76,7 +76,7 @@ QList<GridColumn> frmSelectList::columns() const {
 QSize frmSelectList::sizeHint() const {
     int width = ui->flxData->verticalScrollBar()->sizeHint().width() + 2 * ui->flxData->frameWidth();
     for (const GridColumn& column : columns())
-        if (!column.hidden) width += Style::charactersWide(ui->flxData, column.width);
+        if (!column.hidden) width += Style::charactersWide(column.width);
     const QMargins margins = layout()->contentsMargins();
     return Screen::sizeHint().expandedTo({width + margins.left() + margins.right(), 0});
 }
