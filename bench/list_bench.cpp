@@ -14,6 +14,7 @@
 #include "estimates/screens/EstimateSearchPage.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "operations/Managers.h"
+#include "support/OfficeDisplay.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DialogSeams.h"
 #include "ui/EntryField.h"
@@ -576,6 +577,7 @@ void run() {
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    useOfficeDisplay();
     QApplication application(argc, argv);
     if (argc != 2 && argc != 3) return 2;
     if (argc == 3) onlyWith = QString::fromLocal8Bit(argv[2]);
