@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QThread>
+#include <QTimer>
 
 #include <chrono>
 #include <condition_variable>
@@ -164,7 +165,10 @@ void KeyReader::take(int reading, const QStringList& keys, bool last) {
     if (std::exchange(m_first, false)) {
         QStringList before = std::exchange(m_keys, keys);
         emit begun();
-        m_worker->noteShown(reading, std::move(before));
+        // After the painting that this asks for; the two would slow each other down.
+        QTimer::singleShot(0, this, [worker = m_worker, reading, before = std::move(before)]() mutable {
+            worker->noteShown(reading, std::move(before));
+        });
     } else {
         m_keys << keys;
         emit grown();

@@ -71,10 +71,17 @@ void Grid::setEntries(int column, const QStringList& texts) {
 }
 
 void Grid::applyWidths() {
-    m_widest = fontMetrics().horizontalAdvance(u'国');
+    m_half = fontMetrics().horizontalAdvance(u'@');
+    m_full = fontMetrics().horizontalAdvance(u'国');
     verticalHeader()->setDefaultSectionSize(QApplication::fontMetrics().height() + 8);
     for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(column(i).width));
     horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
+}
+
+bool Grid::surelyFits(const QString& text, int width) const {
+    int widest = 0;
+    for (const QChar sign : text) widest += sign >= u' ' && sign <= u'~' ? m_half : m_full;
+    return widest <= width;
 }
 
 bool Grid::isList() const {

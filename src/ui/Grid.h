@@ -112,7 +112,7 @@ private:
     int tickColumn() const; // -1: none
     void applyWidths();
     // True when a text needs no measuring to tell that it is not too long; measuring takes as long as drawing.
-    bool surelyFits(const QString& text, int width) const { return text.size() * m_widest <= width; }
+    bool surelyFits(const QString& text, int width) const;
     bool showsRow(int row) const { return row >= 1 && row <= rows(); }
 
     GridModel* m_model;
@@ -120,5 +120,6 @@ private:
     int m_sortColumn = -1;
     bool m_sortUpwards = true;
     bool m_filling = false;
-    int m_widest = 1; // a character
+    int m_half = 1; // the widest letter, digit or sign of half width
+    int m_full = 1; // a full-width one
 };
