@@ -57,6 +57,19 @@ QString SqlQuote(const QString& text, bool forLike) {
     return quoted;
 }
 
+QString SqlStartsWith(const QString& expression, const QString& text) {
+    return text.isEmpty() ? QString() : expression + u" LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
+}
+
+QString SqlContains(const QString& expression, const QString& text) {
+    return text.isEmpty() ? QString() : expression + u" LIKE '%"_qs + SqlQuote(text, true) + u"%'"_qs;
+}
+
+QString SqlAllOf(QStringList conditions) {
+    conditions.removeAll(QString());
+    return conditions.join(u" AND "_qs);
+}
+
 std::optional<QDateTime> parseDate(const QString& text) {
     static const QRegularExpression form(
         u"^\\s*(\\d{4})[/-](\\d{1,2})[/-](\\d{1,2})(?:[ T](\\d{1,2}):(\\d{1,2})(?::(\\d{1,2}))?)?\\s*$"_qs);

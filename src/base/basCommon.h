@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <QTime>
 
 #include <optional>
@@ -18,6 +19,11 @@
 
 // Doubles each single quote; with `forLike` also brackets [ % _ - so that LIKE takes them as they stand.
 QString SqlQuote(const QString& text, bool forLike = false);
+// The condition that an expression, such as "[名前1]", begins with a text or has it in it; none for an empty text.
+QString SqlStartsWith(const QString& expression, const QString& text);
+QString SqlContains(const QString& expression, const QString& text);
+// All of the conditions, joined by AND; empty ones ask for nothing.
+QString SqlAllOf(QStringList conditions);
 
 // --- dates ---
 

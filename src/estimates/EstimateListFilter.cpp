@@ -70,9 +70,8 @@ const QList<TextTerm>& claimTerms() {
 
 void addTexts(QStringList& terms, const Filter& filter, const QList<TextTerm>& forms) {
     for (const auto& [expression, text, match] : forms) {
-        if ((filter.*text).isEmpty()) continue;
-        const QString before = match == Match::Part ? u"%"_qs : QString();
-        terms << u' ' + expression + u" LIKE '"_qs + before + SqlQuote(filter.*text, true) + u"%'"_qs;
+        const auto condition = match == Match::Part ? SqlContains : SqlStartsWith;
+        if (const QString term = condition(expression, filter.*text); !term.isEmpty()) terms << u' ' + term;
     }
 }
 

@@ -18,16 +18,10 @@ qint64 clsZipManager::GetCount() {
 
 bool clsZipManager::GetZipData(clsZip& zip, const QString& strZip7, const QString& strPref, const QString& strCity,
                                const QString& strAddr1) {
-    QStringList terms;
-    const auto part = [&terms](const QString& column, const QString& value) {
-        if (!value.isEmpty()) terms << u"[%1] LIKE '%"_qs.replace(u"%1"_qs, column) + SqlQuote(value, true) + u"%'"_qs;
-    };
-    if (!strZip7.isEmpty()) terms << u"[郵便番号] = "_qs + sqlText(strZip7);
-    part(u"都道府県名"_qs, strPref);
-    part(u"市区町村名"_qs, strCity);
-    part(u"町域名"_qs, strAddr1);
-    if (terms.isEmpty()) return false;
-    return readFirst(zip, terms.join(u" and "_qs));
+    const QString where = SqlAllOf({strZip7.isEmpty() ? QString() : u"[郵便番号] = "_qs + sqlText(strZip7),
+                                    SqlContains(u"[都道府県名]"_qs, strPref), SqlContains(u"[市区町村名]"_qs, strCity),
+                                    SqlContains(u"[町域名]"_qs, strAddr1)});
+    return !where.isEmpty() && readFirst(zip, where);
 }
 
 Recordset clsZipManager::selectList(const QString& where, const QString& order) {
@@ -37,8 +31,8 @@ Recordset clsZipManager::selectList(const QString& where, const QString& order) 
 }
 
 Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const QString& order) {
-    const QString where = u"[都道府県名] = "_qs + sqlText(inPref) + u" AND ([市区町村名] & [町域名]) LIKE '"_qs +
-                          SqlQuote(inAdr, true) + u"%'"_qs;
+    const QString where =
+        SqlAllOf({u"[都道府県名] = "_qs + sqlText(inPref), SqlStartsWith(u"([市区町村名] & [町域名])"_qs, inAdr)});
     if (connection().scalar(u"SELECT COUNT(*) FROM [郵便番号簿] WHERE "_qs + where) == u"0")
         ShowMessage(902, u"該当する郵便番号情報は登録されていません。"_qs);
     return selectList(where, order);

@@ -22,6 +22,18 @@ private slots:
         QCOMPARE(SqlQuote(u"50%_[a]-'b"_qs, false), u"50%_[a]-''b"_qs);
     }
 
+    void conditionsOfAText() {
+        QCOMPARE(SqlStartsWith(u"[名前1]"_qs, u"50%"_qs), u"[名前1] LIKE '50[%]%'"_qs);
+        QCOMPARE(SqlContains(u"[名前1]"_qs, u"O'N"_qs), u"[名前1] LIKE '%O''N%'"_qs);
+        QCOMPARE(SqlStartsWith(u"[名前1]"_qs, {}), QString());
+        QCOMPARE(SqlContains(u"[名前1]"_qs, {}), QString());
+    }
+
+    void conditionsThatAskForNothingAreLeftOut() {
+        QCOMPARE(SqlAllOf({{}, u"[a] = 1"_qs, {}, u"[b] = 2"_qs}), u"[a] = 1 AND [b] = 2"_qs);
+        QCOMPARE(SqlAllOf({{}, {}}), QString());
+    }
+
     void eraFormOfADate_data() {
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("format");

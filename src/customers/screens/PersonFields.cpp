@@ -136,7 +136,7 @@ void PersonFields::takeZip() {
     if (zip != m_fields.zip->value()) return m_fields.zip->setValue(zip); // which settles once more
     if (zip.isEmpty()) return;
     QList<clsZip> found;
-    gZipManager.GetList(found, u"[郵便番号] LIKE '"_qs + SqlQuote(zip, true) + u"%'"_qs, u"[郵便番号]"_qs);
+    gZipManager.GetList(found, SqlStartsWith(u"[郵便番号]"_qs, zip), u"[郵便番号]"_qs);
     if (found.size() == 1) return fillAddress(found.first().Pref, found.first().City, found.first().Town);
     if (found.isEmpty() || zip.size() != wholeZip) return;
     // One code of several places: the operator says which.

@@ -6,7 +6,7 @@
 #include "customers/ChartParties.h"
 #include "db/clsAssistManager.h"
 #include "reference/ReferenceManagers.h"
-#include "ui/SelectFrom.h"
+#include "ui/OrderChoice.h"
 #include "ui/basControlUtil.h"
 #include "ui_frmCustomerChart.h"
 
@@ -24,8 +24,6 @@ constexpr int askCancel = 302;
 const QString subject = u"顧客カルテ"_qs;
 
 enum Mode { Add = 0, Edit = 1, Delete = 2 };
-
-QString codeFilter(const QString& code) { return u"[受注先コード] LIKE '%1%'"_qs.arg(SqlQuote(code, true)); }
 
 } // namespace
 
@@ -87,13 +85,7 @@ void frmCustomerChart::showChart() {
 
 // --- ordering party and doctor ---
 
-// The doctors of the parties whose code begins with the typed one; the name that stands there stays.
-void frmCustomerChart::fillDoctors() {
-    const QString doctor = ui->cboDoctor->text();
-    FillDoctorList(ui->cboDoctor, u"[受注先No] IN (SELECT [受注先No] FROM [受注先] WHERE %1) AND [有効Flg] = 0"_qs.arg(
-                                      codeFilter(ui->txtOrderCd->value())));
-    ui->cboDoctor->setText(doctor);
-}
+void frmCustomerChart::fillDoctors() { FillDoctorsOfOrder(ui->cboDoctor, ui->txtOrderCd->value()); }
 
 void frmCustomerChart::takeOrderOfCode() {
     clsOrder order;
@@ -102,14 +94,7 @@ void frmCustomerChart::takeOrderOfCode() {
     fillDoctors();
 }
 
-void frmCustomerChart::selectOrder() {
-    const QString where = u"[有効Flg] = 0 AND "_qs + codeFilter(ui->txtOrderCd->value());
-    const auto chosen =
-        SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
-    if (!chosen) return;
-    ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
-    ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
-}
+void frmCustomerChart::selectOrder() { SelectOrder(this, ui->txtOrderCd, ui->txtOrderNm); }
 
 // Another name of the chart's own party is no other party's; which of the two holds is asked when the chart is stored.
 bool frmCustomerChart::isCodeOfAnother() {

@@ -61,10 +61,6 @@ QHash<QString, QStringList> fetchRows(const QStringList& keys) {
     return rows;
 }
 
-QString startsWith(const QString& column, const QString& text) {
-    return column + u" LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
-}
-
 } // namespace
 
 frmCustomerList::frmCustomerList(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCustomerList>()) {
@@ -144,16 +140,11 @@ void frmCustomerList::takePrefecture() {
 }
 
 QString frmCustomerList::filter() const {
-    QStringList terms;
-    if (const QString range = KanaTabFilter(reading, ui->stKana->currentIndex()); !range.isEmpty())
-        terms << u'(' + range + u')';
-    const std::pair<QString, QString> starts[]{{reading, ui->txtKana1->value()},
-                                               {u"[フリガナ2]"_qs, ui->txtKana2->value()},
-                                               {u"[都道府県]"_qs, FilterText(ui->cboPref)},
-                                               {u"[市区郡]"_qs, FilterText(ui->cboCity)}};
-    for (const auto& [column, text] : starts)
-        if (!text.isEmpty()) terms << startsWith(column, text);
-    return terms.join(u" AND "_qs);
+    const QString range = KanaTabFilter(reading, ui->stKana->currentIndex());
+    return SqlAllOf({range.isEmpty() ? range : u'(' + range + u')', SqlStartsWith(reading, ui->txtKana1->value()),
+                     SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value()),
+                     SqlStartsWith(u"[都道府県]"_qs, FilterText(ui->cboPref)),
+                     SqlStartsWith(u"[市区郡]"_qs, FilterText(ui->cboCity))});
 }
 
 // --- rows ---

@@ -12,6 +12,7 @@
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
 #include "ui/Grid.h"
+#include "ui/OrderChoice.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"
 #include "ui_CsEstimateBasicPage.h"
@@ -44,14 +45,6 @@ QList<GridColumn> insuranceColumns() {
     columns[InsuranceGrid::ClaimCd].maxLength = 10;
     columns[InsuranceGrid::ClaimNm].maxLength = 40;
     return columns;
-}
-
-// "[名前1] LIKE 'text%'" of the fields that hold a text.
-QString startingWith(const QList<std::pair<QString, QString>>& fields) {
-    QStringList terms;
-    for (const auto& [column, text] : fields)
-        if (!text.isEmpty()) terms << u'[' + column + u"] LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
-    return terms.join(u" AND "_qs);
 }
 
 } // namespace
@@ -214,10 +207,10 @@ void CsEstimateBasicPage::takeEraDate() {
 }
 
 void CsEstimateBasicPage::chooseCustomer() {
-    const QString where = startingWith({{u"名前1"_qs, ui->txtName1->value()},
-                                        {u"名前2"_qs, ui->txtName2->value()},
-                                        {u"フリガナ1"_qs, ui->txtKana1->value()},
-                                        {u"フリガナ2"_qs, ui->txtKana2->value()}});
+    const QString where = SqlAllOf({SqlStartsWith(u"[名前1]"_qs, ui->txtName1->value()),
+                                    SqlStartsWith(u"[名前2]"_qs, ui->txtName2->value()),
+                                    SqlStartsWith(u"[フリガナ1]"_qs, ui->txtKana1->value()),
+                                    SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value())});
     std::optional<frmCsEstimateList::Choice> estimate;
     const auto chosen = selectCustomer(this, where, [&](QWidget* parent) {
         estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
@@ -233,16 +226,7 @@ void CsEstimateBasicPage::chooseCustomer() {
 
 // --- chart ---
 
-void CsEstimateBasicPage::fillDoctors() {
-    const QString shown = ui->cboDoctor->text();
-    const QString code = ui->txtOrderCd->value();
-    QString where = inUse;
-    if (!code.isEmpty())
-        where = u"[受注先No] IN (SELECT [受注先No] FROM [受注先] WHERE [受注先コード] LIKE '"_qs +
-                SqlQuote(code, true) + u"%') AND "_qs + inUse;
-    FillDoctorList(ui->cboDoctor, where);
-    ui->cboDoctor->setText(shown);
-}
+void CsEstimateBasicPage::fillDoctors() { FillDoctorsOfOrder(ui->cboDoctor, ui->txtOrderCd->value()); }
 
 void CsEstimateBasicPage::takeOrderCode() {
     if (m_showing) return;
@@ -255,16 +239,7 @@ void CsEstimateBasicPage::takeOrderCode() {
     fillDoctors();
 }
 
-void CsEstimateBasicPage::chooseOrder() {
-    QString where = inUse;
-    const QString code = ui->txtOrderCd->value();
-    if (!code.isEmpty()) where += u" AND [受注先コード] LIKE '"_qs + SqlQuote(code, true) + u"%'"_qs;
-    const auto chosen =
-        SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
-    if (!chosen) return;
-    ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
-    ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
-}
+void CsEstimateBasicPage::chooseOrder() { SelectOrder(this, ui->txtOrderCd, ui->txtOrderNm); }
 
 void CsEstimateBasicPage::chooseChart() {
     if (m_customer.CustId.isEmpty()) {

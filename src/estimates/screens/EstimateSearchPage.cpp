@@ -7,6 +7,7 @@
 #include "db/clsDbManager.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
+#include "ui/OrderChoice.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"
 #include "ui_EstimateSearchPage.h"
@@ -17,16 +18,6 @@ constexpr int statusBoxes = 10;
 constexpr char statusNumber[] = "procKbnNo";
 
 const QString inUse = u"[有効Flg] = 0"_qs;
-
-// "[column] LIKE 'text%'", or nothing when the text is empty.
-QString startingWith(const QString& column, const QString& text) {
-    return text.isEmpty() ? QString() : u'[' + column + u"] LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
-}
-
-QString joined(QStringList terms) {
-    terms.removeAll(QString());
-    return terms.join(u" AND "_qs);
-}
 
 } // namespace
 
@@ -137,10 +128,10 @@ bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->
 // --- selection lists ---
 
 void EstimateSearchPage::chooseCustomer() {
-    const QString where =
-        joined({startingWith(u"顧客番号"_qs, ui->txtCsNo->value()), startingWith(u"名前1"_qs, ui->txtName1->value()),
-                startingWith(u"名前2"_qs, ui->txtName2->value()), startingWith(u"フリガナ1"_qs, ui->txtKana1->value()),
-                startingWith(u"フリガナ2"_qs, ui->txtKana2->value())});
+    const QString where = SqlAllOf(
+        {SqlStartsWith(u"[顧客番号]"_qs, ui->txtCsNo->value()), SqlStartsWith(u"[名前1]"_qs, ui->txtName1->value()),
+         SqlStartsWith(u"[名前2]"_qs, ui->txtName2->value()), SqlStartsWith(u"[フリガナ1]"_qs, ui->txtKana1->value()),
+         SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value())});
     const auto chosen = selectCustomer(this, where);
     clsCustomer customer;
     if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer))
@@ -152,7 +143,7 @@ void EstimateSearchPage::chooseCustomer() {
 }
 
 void EstimateSearchPage::chooseClaim() {
-    const QString where = joined({inUse, startingWith(u"請求先コード"_qs, ui->txtClaimCd->value())});
+    const QString where = SqlAllOf({inUse, SqlStartsWith(u"[請求先コード]"_qs, ui->txtClaimCd->value())});
     const auto chosen =
         SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, u"[順番]"_qs), {u"請求先No"_qs});
     if (!chosen) return;
@@ -160,17 +151,10 @@ void EstimateSearchPage::chooseClaim() {
     ui->txtClaimNm->setValue(chosen->value(u"請求先"_qs));
 }
 
-void EstimateSearchPage::chooseOrder() {
-    const QString where = joined({inUse, startingWith(u"受注先コード"_qs, ui->txtOrderCd->value())});
-    const auto chosen =
-        SelectFrom(this, u"受注先"_qs, gOrderManager.GetSelectList(where, u"[順番]"_qs), {u"受注先No"_qs});
-    if (!chosen) return;
-    ui->txtOrderCd->setValue(chosen->value(u"受注先コード"_qs));
-    ui->txtOrderNm->setValue(chosen->value(u"受注先"_qs));
-}
+void EstimateSearchPage::chooseOrder() { SelectOrder(this, ui->txtOrderCd, ui->txtOrderNm); }
 
 void EstimateSearchPage::chooseProduct() {
-    const QString where = startingWith(u"製品コード"_qs, ui->txtProductCd->value());
+    const QString where = SqlStartsWith(u"[製品コード]"_qs, ui->txtProductCd->value());
     Recordset products = gDbManager.Connection().query(
         u"SELECT [製品ID], [製品コード], [製品名称] FROM [マスタ見積情報]"_qs +
         (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u" ORDER BY [製品コード]"_qs);
