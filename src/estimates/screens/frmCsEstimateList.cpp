@@ -369,7 +369,7 @@ void frmCsEstimateList::whileBusy(const QString& word,
     });
 }
 
-// Paper and file hold the list that stands on the screen.
+// The paper holds the list that stands on the screen, also when other conditions were typed since.
 void frmCsEstimateList::showWhatIsAskedFor() {
     turnTo(Estimates);
     m_estimates->awaitRows();
@@ -378,7 +378,7 @@ void frmCsEstimateList::showWhatIsAskedFor() {
 // --- CSV ---
 
 void frmCsEstimateList::writeCsv() {
-    showWhatIsAskedFor();
+    forgetOtherTicks();
     const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), byId);
     if (ids.isEmpty()) {
         ShowMessage(122, u"出力データ"_qs);
@@ -422,7 +422,7 @@ void frmCsEstimateList::writeCsv() {
 
 void frmCsEstimateList::print(int member) {
     const bool toPrinter = member == 1 || member == 2;
-    showWhatIsAskedFor();
+    if (!m_estimates->isEmpty()) showWhatIsAskedFor();
     if (m_estimates->isEmpty()) {
         ShowMessage(122, u"印刷対象データ"_qs);
         return;
