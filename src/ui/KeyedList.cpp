@@ -28,7 +28,6 @@ KeyedList::KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fet
 
 void KeyedList::show(const QString& statement) {
     WriteSqlLog(statement);
-    m_wanted = true;
     m_awaits = true;
     m_grid->setFilling(true);
     m_reader.read(statement);
@@ -50,7 +49,8 @@ void KeyedList::hideOld() {
 void KeyedList::showOld() {
     m_awaits = false;
     m_grid->setSortMark(m_old.sortColumn, m_old.sortsUpwards);
-    if (m_grid->rows() == 0) showRead();
+    if (m_grid->rows() > 0) return; // not hidden yet
+    showRead();
     m_grid->setCurrent(m_old.row);
 }
 
@@ -58,15 +58,7 @@ void KeyedList::showRead() {
     m_grid->setSource(m_reader.count(), [this](int place) { return cells(place); });
 }
 
-void KeyedList::clear() {
-    m_wanted = m_awaits = false;
-    m_grid->setFilling(false);
-    m_grid->setRows(0);
-    showCount();
-}
-
 void KeyedList::takeFirst() {
-    if (!m_wanted) return;
     m_awaits = false;
     m_blocks.clear();
     showRead();
@@ -78,7 +70,6 @@ void KeyedList::takeFirst() {
 }
 
 void KeyedList::takeMore() {
-    if (!m_wanted) return;
     m_grid->growSource(m_reader.count());
     m_grid->setFilling(m_reader.isReading());
     showCount();

@@ -27,8 +27,6 @@ public:
     void show(const QString& statement);
     // Waits for the first rows as long as a key may take to act. False when there is none to act on.
     bool awaitRows();
-    // Shows nothing.
-    void clear();
     // Rewrites a row from the database; it goes when it is not there any more.
     void refresh(int row, const QString& key);
     // Takes a row off that is known to be gone.
@@ -66,6 +64,5 @@ private:
     Fetch m_fetch;
     QCache<int, QList<QStringList>> m_blocks; // the cells of the rows looked at last
     Place m_old;
-    bool m_wanted = false; // what the reader brings is shown
-    bool m_awaits = false; // its first rows are not here yet
+    bool m_awaits = false; // the first rows are not here yet
 };

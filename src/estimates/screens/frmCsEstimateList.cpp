@@ -48,7 +48,7 @@ QList<GridColumn> customerColumns() {
 QList<GridColumn> estimateColumns() {
     QList<GridColumn> columns{column(u"見積ID"_qs, 11),     column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 18),
                               column(u"見積番号"_qs, 11),   column(u"採型日"_qs, 9),    column(u"納品日"_qs, 9),
-                              column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 30), column(u"金額"_qs, 11),
+                              column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 36), column(u"金額"_qs, 11),
                               column(u"受注先"_qs, 20),     column(u"作業状況"_qs, 9)};
     columns[Sum].kind = GridColumn::Number;
     for (const int date : {PickPtn, DelvFin}) columns[date].alignment = Qt::AlignHCenter;
