@@ -102,6 +102,7 @@ void frmSelectList::showRowsWith(const QString& sought) {
 }
 
 void frmSelectList::choose() {
+    if (m_long && !m_long->awaitRows()) return;
     const int row = ui->flxData->currentRow();
     if (row < 1) return;
     const QStringList values = ui->flxData->rowValues(row);
