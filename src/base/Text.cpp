@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 
 #include <unicode/translit.h>
+#include <unicode/uchar.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
@@ -70,6 +71,30 @@ const icu::Transliterator& katakana() {
     return *instance;
 }
 
+QString asText(char32_t character) { return QString::fromUcs4(&character, 1); }
+
+// The converter puts a question mark for most of what it lacks, but drops in silence what is not seen by itself.
+bool lackedByCp932(char32_t character) {
+    const QByteArray bytes = Text::toCp932(asText(character));
+    return bytes.isEmpty() || (bytes == "?" && character != U'?');
+}
+
+QString codePoint(char32_t character) {
+    return u"U+"_qs + QString::number(character, 16).toUpper().rightJustified(4, u'0');
+}
+
+bool isMark(char32_t character) { return U_GET_GC_MASK(character) & U_GC_M_MASK; }
+
+bool isSeenByItself(char32_t character) {
+    return u_isgraph(static_cast<UChar32>(character)) && !isMark(character) &&
+           !u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+}
+
+QString kindOfUnseen(char32_t character) {
+    if (u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_VARIATION_SELECTOR)) return u"異体字"_qs;
+    return isMark(character) ? u"合成文字"_qs : u"見えない文字"_qs;
+}
+
 } // namespace
 
 namespace Text {
@@ -103,14 +128,25 @@ QString fromCp932(const QByteArray& bytes) {
 
 int cp932Length(const QString& text) { return static_cast<int>(toCp932(text).size()); }
 
-QString missingInCp932(const QString& text) {
-    QString missing;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        QString character = text.mid(i, 1);
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size()) character = text.mid(i++, 2);
-        if (character != u"?" && toCp932(character) == "?" && !missing.contains(character)) missing += character;
+QStringList missingInCp932(const QString& text) {
+    QStringList missing;
+    QString before;
+    for (const char32_t character : text.toUcs4()) {
+        const bool seen = isSeenByItself(character);
+        if (lackedByCp932(character))
+            missing << (seen ? asText(character)
+                             : u"%1（%2 %3）"_qs.arg(before, kindOfUnseen(character), codePoint(character)));
+        if (seen) before = asText(character);
     }
+    missing.removeDuplicates();
     return missing;
+}
+
+QString withCodePoints(const QString& text) {
+    QString written;
+    for (const char32_t character : text.toUcs4())
+        written += lackedByCp932(character) ? codePoint(character) : asText(character);
+    return written;
 }
 
 QString toHalfWidth(const QString& text) { return transliterated(narrowing(), text); }
