@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/translit.h>
 #include <unicode/uchar.h>
 #include <unicode/ucnv.h>
@@ -50,8 +51,12 @@ std::unique_ptr<icu::Transliterator> openTransliterator(const char* id) {
     return result;
 }
 
+icu::UnicodeString icuText(const QString& text) {
+    return {reinterpret_cast<const UChar*>(text.utf16()), static_cast<int32_t>(text.size())};
+}
+
 QString transliterated(const icu::Transliterator& transliterator, const QString& text) {
-    icu::UnicodeString value(reinterpret_cast<const UChar*>(text.utf16()), static_cast<int32_t>(text.size()));
+    icu::UnicodeString value = icuText(text);
     transliterator.transliterate(value);
     return QString(reinterpret_cast<const QChar*>(value.getBuffer()), value.length());
 }
@@ -69,6 +74,14 @@ const icu::Transliterator& widening() {
 const icu::Transliterator& katakana() {
     static const auto instance = openTransliterator("Hiragana-Katakana");
     return *instance;
+}
+
+std::unique_ptr<icu::BreakIterator> openPhraseBreaks() {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale byPhrases = icu::Locale::forLanguageTag("ja-u-lw-phrase", status);
+    std::unique_ptr<icu::BreakIterator> breaks(icu::BreakIterator::createLineInstance(byPhrases, status));
+    if (U_FAILURE(status) || !breaks) throw AppError(u"日本語の行分割が利用できません。"_qs, u"Text"_qs);
+    return breaks;
 }
 
 QString asText(char32_t character) { return QString::fromUcs4(&character, 1); }
@@ -154,6 +167,17 @@ QString toHalfWidth(const QString& text) { return transliterated(narrowing(), te
 QString toFullWidth(const QString& text) { return transliterated(widening(), text); }
 
 QString toHalfKana(const QString& text) { return toHalfWidth(transliterated(katakana(), text)); }
+
+QStringList phrases(const QString& text) {
+    thread_local const auto breaks = openPhraseBreaks();
+    const icu::UnicodeString value = icuText(text);
+    breaks->setText(value);
+    QStringList found;
+    for (int32_t start = breaks->first(), end = breaks->next(); end != icu::BreakIterator::DONE;
+         start = end, end = breaks->next())
+        found << text.mid(start, end - start);
+    return found;
+}
 
 QString rightTrimmed(const QString& text) {
     qsizetype length = text.size();

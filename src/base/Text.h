@@ -28,6 +28,9 @@ QString toFullWidth(const QString& text);
 // The kana of a reading in half-width katakana: hiragana, katakana and half-width katakana alike.
 QString toHalfKana(const QString& text);
 
+// The parts of a Japanese text between which a line may end without parting a word.
+QStringList phrases(const QString& text);
+
 // Without blanks at its end (also ideographic ones are kept: only U+0020 counts).
 QString rightTrimmed(const QString& text);
 

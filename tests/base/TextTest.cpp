@@ -170,6 +170,21 @@ private slots:
         QCOMPARE(Text::withCodePoints(u"\u00E9?"_qs), u"U+00E9?"_qs);
     }
 
+    void phrasesKeepTheirWordsWhole_data() {
+        QTest::addColumn<QString>("phrases");
+        QTest::newRow("orthosis") << u"(修理)|右|短|下肢|装具|採寸"_qs;
+        QTest::newRow("katakana") << u"例示|リハビリテーション|病院"_qs;
+        QTest::newRow("date") << u"令和　|６年|１１月　|３日"_qs;
+        QTest::newRow("names of laws") << u"社会,|国民,|後期"_qs;
+        QTest::newRow("Latin letters") << u"PTB式|下腿|義足"_qs;
+        QTest::newRow("character of two units") << u"𠮷|田"_qs;
+        QTest::newRow("empty") << QString();
+    }
+    void phrasesKeepTheirWordsWhole() {
+        QFETCH(QString, phrases);
+        QCOMPARE(Text::phrases(QString(phrases).remove(u'|')).join(u'|'), phrases);
+    }
+
     void damagedBytesReadWithoutHarm_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("lead byte at the end") << QByteArray::fromHex("4182");
