@@ -166,6 +166,19 @@ QString toHalfWidth(const QString& text) { return transliterated(narrowing(), te
 
 QString toFullWidth(const QString& text) { return transliterated(widening(), text); }
 
+QString toNarrowLetters(const QString& text) {
+    constexpr char16_t widthOffset = u'\uFF01' - u'!';
+    static const QString dashes = u"ー－−‐―ｰ"_qs;
+    QString narrow = text;
+    for (qsizetype i = 0; i < narrow.size(); ++i) {
+        QChar& sign = narrow[i];
+        if (i > 0 && narrow.at(i - 1).isDigit() && dashes.contains(sign)) sign = u'-';
+        else if (sign >= u'\uFF01' && sign <= u'\uFF5E') sign = QChar(sign.unicode() - widthOffset);
+        else if (sign == u'\u3000') sign = u' ';
+    }
+    return narrow;
+}
+
 QString toHalfKana(const QString& text) { return toHalfWidth(transliterated(katakana(), text)); }
 
 QStringList phrases(const QString& text) {

@@ -25,6 +25,9 @@ QString withCodePoints(const QString& text);
 // Any kana to half-width katakana, full-width Latin letters, digits and blanks to half width; all else stays.
 QString toHalfWidth(const QString& text);
 QString toFullWidth(const QString& text);
+// Letters, digits, signs and blanks to half width; kana stay. Any dash behind a digit is a hyphen, as the input method
+// writes a long vowel there.
+QString toNarrowLetters(const QString& text);
 // The kana of a reading in half-width katakana: hiragana, katakana and half-width katakana alike.
 QString toHalfKana(const QString& text);
 

@@ -1,6 +1,7 @@
 #include "customers/CustomerSave.h"
 
 #include "base/Application.h"
+#include "base/Text.h"
 #include "base/basCommon.h"
 #include "customers/ChartParties.h"
 #include "db/AskingOutside.h"
@@ -48,11 +49,32 @@ void removeOtherCharts(const clsCustomer& customer, const QList<CustomerChart>& 
     }
 }
 
+bool isNamedAsItsMaster(const CustomerChart& row) {
+    clsOrder order;
+    return !row.orderCd.isEmpty() && gOrderManager.GetDataCd(row.orderCd, order) &&
+           Text::rightTrimmed(order.OrderNm) == Text::rightTrimmed(row.chart.OrderNm);
+}
+
+// A party that was renamed in one chart is asked about once: the charts that nobody touched follow the answer.
+bool settleCharts(QList<CustomerChart>& charts) {
+    QList<CustomerChart*> untouched;
+    for (CustomerChart& row : charts)
+        if (isNamedAsItsMaster(row)) untouched << &row;
+    for (CustomerChart& row : charts)
+        if (!untouched.contains(&row) && !settleParties(row.chart, row.orderCd)) return false;
+    for (CustomerChart* row : untouched) {
+        clsOrder order;
+        if (gOrderManager.GetDataCd(row->orderCd, order)) row->chart.OrderNm = order.OrderNm;
+        settleParties(row->chart, row->orderCd);
+    }
+    return true;
+}
+
 // Estimates find a chart by its number: known charts keep theirs, and a new one is never given that of a chart that
 // goes with this save.
 bool saveCharts(const clsCustomer& customer, QList<CustomerChart>& charts) {
+    if (!settleCharts(charts)) return false;
     for (CustomerChart& row : charts) {
-        if (!settleParties(row.chart, row.orderCd)) return false;
         row.chart.CustId = customer.CustId;
         row.chart.CustSubId = customer.CustSubId;
         row.chart.UpdUserNo = customer.UpdUserNo;

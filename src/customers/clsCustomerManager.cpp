@@ -303,9 +303,13 @@ QString clsCustomerManager::listKey(const QString& CustId, const QString& CustSu
     return CustId + u'|' + CustSubId;
 }
 
+CustomerKey clsCustomerManager::ofListKey(const QString& listKey) {
+    return {listKey.section(u'|', 0, -2), listKey.section(u'|', -1)};
+}
+
 QString clsCustomerManager::ofListKeys(const QStringList& listKeys) {
     QStringList ids;
-    for (const QString& key : listKeys) ids << sqlText(key.section(u'|', 0, -2));
+    for (const QString& key : listKeys) ids << sqlText(ofListKey(key).CustId);
     return u"[顧客ID] IN ("_qs + ids.join(u',') + u')';
 }
 

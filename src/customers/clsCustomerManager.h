@@ -16,6 +16,11 @@ struct clsCustomer {
     QString AddDate, UpdDate, UpdUserNo, Memo;
 };
 
+// One branch of a person.
+struct CustomerKey {
+    QString CustId, CustSubId;
+};
+
 // What the operator decided about a stored customer that differs from what was typed.
 enum class CustomerUpdate { Closed = 0, Overwrite = 1, NewBranch = 2, NewCustomer = 3 };
 
@@ -58,6 +63,7 @@ public:
     static QString KeysWithEst(const QString& where, const QString& order);
     static QString Keys(const QString& where, const QString& order);
     static QString listKey(const QString& CustId, const QString& CustSubId);
+    static CustomerKey ofListKey(const QString& listKey);
     static QString listKey(const clsCustomer& customer) { return listKey(customer.CustId, customer.CustSubId); }
     // The condition of the customers of such keys; it may hold for other branches of theirs.
     static QString ofListKeys(const QStringList& listKeys);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "customers/clsCustomerManager.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -21,12 +23,6 @@ struct EstimateListFilter {
     // The condition over the tables of the list (see `clsCsEstimateManager::GetListWithMst`); empty when nothing is
     // asked. Signs such as % in a text stand for themselves.
     QString condition() const;
-};
-
-// One branch of a person.
-struct CustomerKey {
-    QString CustId, CustSubId;
-    auto operator<=>(const CustomerKey&) const = default;
 };
 
 // The condition narrowed to these customers; with none it stays as it is.

@@ -4,6 +4,7 @@
 #include "ui/Style.h"
 
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -105,6 +106,12 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
     drawArrow(painter, rect(), palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
+}
+
+void ChoiceBox::keyPressEvent(QKeyEvent* event) {
+    const bool empties = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    if (m_mayBeEmpty && !isEditable() && empties) return clearChoice();
+    QComboBox::keyPressEvent(event);
 }
 
 // Turning the wheel over a form scrolls it; a choice changes only where the operator works.

@@ -5,6 +5,7 @@
 // A list of entries with item data, or an editable field with such a list.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
+    Q_PROPERTY(bool mayBeEmpty MEMBER m_mayBeEmpty)
 
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
@@ -27,6 +28,8 @@ public:
     bool chooseByData(const QString& data);
     void clearChoice() { setText({}); }
 
+    // Where the property `mayBeEmpty` is set, Delete takes the choice back.
+
     // As wide as its entries, but a long one among them does not widen the form.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -37,12 +40,14 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     int chosenIndex() const;
     void noteChange();
 
+    bool m_mayBeEmpty = false;
     QString m_foreignText; // shown while no entry is chosen
     QString m_lastText;
     QString m_lastData;

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QTabWidget>
 
 namespace {
 
@@ -14,6 +15,14 @@ constexpr int warningCode = 901;
 // The focus only rests elsewhere and comes back: nothing is left yet.
 bool isRest(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+// Turns to the page that a field stands on.
+void bringToFront(QWidget* field) {
+    for (QWidget* part = field; !part->isWindow() && part->parentWidget(); part = part->parentWidget()) {
+        auto* pages = qobject_cast<QTabWidget*>(part->parentWidget()->parentWidget());
+        if (pages && pages->indexOf(part) >= 0) pages->setCurrentWidget(part);
+    }
 }
 
 } // namespace
@@ -45,6 +54,7 @@ bool EntryField::commit() {
 }
 
 void EntryField::complain() {
+    bringToFront(this);
     ShowMessage(warningCode, complaint());
     setFocus(Qt::OtherFocusReason);
     selectAll();

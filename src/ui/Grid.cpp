@@ -171,12 +171,14 @@ QModelIndex Grid::nextCellToFill(const QModelIndex& from) const {
         const bool fills = column(i).editable && !isColumnHidden(i) && column(i).kind != GridColumn::Check;
         if (fills && m_model->value(from.row(), i).isEmpty()) return m_model->index(from.row(), i);
     }
-    const int row = std::min(from.row() + 1, rows() - 1);
-    return m_model->index(row, firstFillColumn(row));
+    const int row = from.row() + 1;
+    return row < rows() ? m_model->index(row, firstFillColumn(row)) : QModelIndex();
 }
 
-void Grid::goToNextCell() {
-    if (currentIndex().isValid()) setCurrentIndex(nextCellToFill(currentIndex()));
+bool Grid::goToNextCell() {
+    const QModelIndex next = currentIndex().isValid() ? nextCellToFill(currentIndex()) : QModelIndex();
+    if (next.isValid()) setCurrentIndex(next);
+    return next.isValid();
 }
 
 void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -237,7 +239,9 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return isList() ? emit rowOpened(currentRow()) : goToNextCell();
+        if (isList()) return emit rowOpened(currentRow());
+        if (!goToNextCell()) event->ignore(); // behind the last cell the screen goes on
+        return;
     case Qt::Key_Space:
         if (!ticks) break;
         toggleCheck(currentRow(), tick);
@@ -266,14 +270,12 @@ void Grid::changeEvent(QEvent* event) {
 // --- sorting ---
 
 bool Grid::toggleSortMark(int column) {
-    m_sortUpwards = column != m_sortColumn || !m_sortUpwards;
-    m_sortColumn = column;
-    m_model->setTitleMark(column, m_sortUpwards ? u"▲"_qs : u"▼"_qs);
+    setSortMark(column, column != m_sortColumn || !m_sortUpwards);
     return m_sortUpwards;
 }
 
-void Grid::clearSortMark() {
-    m_sortColumn = -1;
-    m_sortUpwards = true;
-    m_model->setTitleMark(-1, {});
+void Grid::setSortMark(int column, bool upwards) {
+    m_sortColumn = column;
+    m_sortUpwards = upwards;
+    m_model->setTitleMark(column, upwards ? u"▲"_qs : u"▼"_qs);
 }

@@ -80,7 +80,8 @@ public:
     bool toggleSortMark(int column);
     int sortColumn() const { return m_sortColumn; } // -1: none
     bool sortsUpwards() const { return m_sortUpwards; }
-    void clearSortMark();
+    void setSortMark(int column, bool upwards); // -1: none
+    void clearSortMark() { setSortMark(-1, true); }
 
     // Asked just before a cell is edited; it may change the column's list, and false refuses the edit.
     std::function<bool(int row, int column)> editStarting;
@@ -105,7 +106,7 @@ private:
 
     bool mayEdit(const QModelIndex& index) const;
     void takeEdit(const QModelIndex& index, const QString& value);
-    void goToNextCell();
+    bool goToNextCell(); // false behind the last one
     QModelIndex nextCellToFill(const QModelIndex& from) const;
     int firstFillColumn(int row) const;
     bool isList() const;

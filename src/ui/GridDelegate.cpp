@@ -33,6 +33,10 @@ QPointF baseline(const QString& text, const QRect& room, Qt::Alignment alignment
     return QPointF(left, room.top() + (room.height() - metrics.height()) / 2 + metrics.ascent());
 }
 
+QString noSuchEntry(const QString& text) {
+    return u"「%1」に当てはまる項目が一覧にないか、複数あります。\n一覧から選んでください。"_qs.arg(text);
+}
+
 bool isStarter(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
 
 // A cell takes an amount as it stands, like its column in the database.
@@ -130,6 +134,7 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
     const auto typed = typedText(editor);
     if (!typed) return tellLater(qobject_cast<EntryField*>(editor)->complaint());
     auto value = m_grid->m_model->valueOfText(index.column(), *typed);
+    if (!value && *typed != index.data().toString()) tellLater(noSuchEntry(*typed));
     if (!value) return;
     int end = static_cast<int>(value->size());
     cutBeforeCursor(*value, end, m_grid->column(index.column()).maxLength);
@@ -146,8 +151,18 @@ void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
     editor->setGeometry(option.rect);
 }
 
+bool GridDelegate::isEntry(const QString& text) const {
+    const QModelIndex cell = m_grid->currentIndex();
+    return text == cell.data().toString() || m_grid->m_model->valueOfText(cell.column(), text);
+}
+
 void GridDelegate::leaveTowardsNext(QWidget* editor) {
     if (auto* field = qobject_cast<EntryField*>(editor); field && !field->commit()) return field->complain();
+    if (auto* list = qobject_cast<ChoiceBox*>(editor); list && !isEntry(list->text())) {
+        ShowMessage(901, noSuchEntry(list->text()));
+        list->setFocus();
+        return list->lineEdit()->selectAll();
+    }
     emit commitData(editor);
     emit closeEditor(editor);
     m_grid->setFocus();

@@ -26,6 +26,7 @@ private:
     void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     QWidget* makeListEditor(QWidget* parent, int column) const;
     void tellLater(const QString& complaint) const;
+    bool isEntry(const QString& text) const;
     void leaveTowardsNext(QWidget* editor);
 
     Grid* m_grid;

@@ -12,7 +12,8 @@ namespace {
 
 constexpr int rowsPerBlock = 20; // about what a screen shows
 constexpr int blocksKept = 10;
-constexpr int unseenWait = 10; // milliseconds, in which nobody sees an empty page
+constexpr int unseenWait = 30; // milliseconds, in which nobody sees an empty page
+constexpr int keyWait = 1000;  // milliseconds, after which an operator presses the key again
 
 } // namespace
 
@@ -28,13 +29,37 @@ KeyedList::KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fet
 void KeyedList::show(const QString& statement) {
     WriteSqlLog(statement);
     m_wanted = true;
+    m_awaits = true;
     m_grid->setFilling(true);
     m_reader.read(statement);
     m_reader.awaitFirst(unseenWait);
+    if (m_awaits) hideOld();
+}
+
+bool KeyedList::awaitRows() {
+    if (m_awaits) m_reader.awaitFirst(keyWait);
+    return m_grid->rows() > 0;
+}
+
+void KeyedList::hideOld() {
+    if (m_grid->rows() > 0) m_old.row = m_grid->currentRow();
+    m_grid->setRows(0);
+    showCount();
+}
+
+void KeyedList::showOld() {
+    m_awaits = false;
+    m_grid->setSortMark(m_old.sortColumn, m_old.sortsUpwards);
+    if (m_grid->rows() == 0) showRead();
+    m_grid->setCurrent(m_old.row);
+}
+
+void KeyedList::showRead() {
+    m_grid->setSource(m_reader.count(), [this](int place) { return cells(place); });
 }
 
 void KeyedList::clear() {
-    m_wanted = false;
+    m_wanted = m_awaits = false;
     m_grid->setFilling(false);
     m_grid->setRows(0);
     showCount();
@@ -42,9 +67,11 @@ void KeyedList::clear() {
 
 void KeyedList::takeFirst() {
     if (!m_wanted) return;
+    m_awaits = false;
     m_blocks.clear();
-    m_grid->setSource(m_reader.count(), [this](int place) { return cells(place); });
+    showRead();
     m_grid->setCurrent(1);
+    m_old = {1, m_grid->sortColumn(), m_grid->sortsUpwards()};
     m_grid->setFilling(m_reader.isReading());
     showCount();
     emit shown();
@@ -59,6 +86,7 @@ void KeyedList::takeMore() {
 
 void KeyedList::tellFailure(const AppError& error) {
     m_grid->setFilling(false);
+    if (m_awaits) showOld();
     showCount();
     guarded([&error] { throw error; });
 }
@@ -77,12 +105,7 @@ QStringList KeyedList::cells(int place) {
             *rows = fetchBlock(block);
         } catch (const AppError& error) { // told later: the grid is being painted
             QMetaObject::invokeMethod(
-                this,
-                [this, error] {
-                    clear();
-                    tellFailure(error);
-                },
-                Qt::QueuedConnection);
+                this, [error] { guarded([&error] { throw error; }); }, Qt::QueuedConnection);
         }
         m_blocks.insert(block, rows);
     }
@@ -101,10 +124,12 @@ QList<QStringList> KeyedList::fetchBlock(int block) {
 
 void KeyedList::refresh(int row, const QString& key) {
     const QHash<QString, QStringList> found = m_fetch({key});
-    if (!found.contains(key))
-        m_grid->removeRow(row);
-    else
-        m_grid->setRowValues(row, found.value(key));
+    if (!found.contains(key)) return remove(row);
+    m_grid->setRowValues(row, found.value(key));
+}
+
+void KeyedList::remove(int row) {
+    m_grid->removeRow(row);
     showCount();
 }
 

@@ -21,12 +21,18 @@ public:
 
     KeyedList(Grid* grid, QLabel* count, ConnectionSettings settings, Fetch fetch);
 
-    // Shows the rows of a statement whose first column is the key. A failure to read is told, and what is shown stays.
+    // Shows the rows of a statement whose first column is the key. Those before go as soon as nothing comes at once:
+    // who acts on a row means one of the new list. A failure to read is told and brings them back, with their sort
+    // mark.
     void show(const QString& statement);
+    // Waits for the first rows as long as a key may take to act. False when there is none to act on.
+    bool awaitRows();
     // Shows nothing.
     void clear();
     // Rewrites a row from the database; it goes when it is not there any more.
     void refresh(int row, const QString& key);
+    // Takes a row off that is known to be gone.
+    void remove(int row);
     // Puts a row that was stored just now at the end, and makes it the current one.
     void append(const QString& key);
     // No row is there, and none is on its way.
@@ -37,6 +43,16 @@ signals:
     void shown();
 
 private:
+    // Where the operator was in the list that was shown last, and what it was sorted by.
+    struct Place {
+        int row = 0;
+        int sortColumn = -1;
+        bool sortsUpwards = true;
+    };
+
+    void showRead();
+    void hideOld();
+    void showOld();
     void takeFirst();
     void takeMore();
     void tellFailure(const AppError& error);
@@ -49,5 +65,7 @@ private:
     KeyReader m_reader;
     Fetch m_fetch;
     QCache<int, QList<QStringList>> m_blocks; // the cells of the rows looked at last
-    bool m_wanted = false;                    // what the reader brings is shown
+    Place m_old;
+    bool m_wanted = false; // what the reader brings is shown
+    bool m_awaits = false; // its first rows are not here yet
 };

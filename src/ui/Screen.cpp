@@ -11,6 +11,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
 namespace {
@@ -47,6 +49,19 @@ void keepSheetInside(QWidget* form) {
         if (!part->isWindow()) part->setStyleSheet(sheet + part->styleSheet());
 }
 
+bool isWatched(const QWidget* part) {
+    return qobject_cast<const QAbstractButton*>(part) || qobject_cast<const QTabBar*>(part) ||
+           qobject_cast<const QTabWidget*>(part);
+}
+
+// A tab takes no focus from the field when it is clicked, nor does a turn by keys.
+bool turnsPage(const QObject* watched, const QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) return qobject_cast<const QTabBar*>(watched);
+    if (event->type() != QEvent::KeyPress || !qobject_cast<const QTabWidget*>(watched)) return false;
+    const auto* key = static_cast<const QKeyEvent*>(event);
+    return key->matches(QKeySequence::NextChild) || key->matches(QKeySequence::PreviousChild);
+}
+
 Grid* gridAround(QWidget* widget) {
     while (widget && !qobject_cast<Grid*>(widget)) widget = widget->parentWidget();
     return qobject_cast<Grid*>(widget);
@@ -60,7 +75,8 @@ bool Screen::Load() {
     guarded([this] {
         keepSheetInside(this);
         Style::arrange(this);
-        for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
+        for (QWidget* part : findChildren<QWidget*>())
+            if (isWatched(part)) part->installEventFilter(this);
         fit(this);
         centre(this);
         RestoreFormPosition(this);
@@ -108,22 +124,27 @@ void Screen::goToNextField(bool forwards) {
     if (command && forwards) command->setFocus(Qt::TabFocusReason);
 }
 
-bool Screen::leaveField() {
-    QWidget* widget = focusWidget();
-    if (Grid* grid = gridAround(widget); grid && grid->editor()) {
-        grid->endEdit();
-        return true;
-    }
-    auto* field = qobject_cast<EntryField*>(widget);
-    if (!field || field->isReadOnly() || field->commit()) return true;
-    field->complain();
-    return false;
+void Screen::endCellEdit() {
+    if (Grid* grid = gridAround(focusWidget()); grid && grid->editor()) grid->endEdit();
 }
 
-// An Alt letter presses a button without moving the focus: what was typed is taken over first.
+// The field of the focus first. Another may hold a wrong entry, too, since the operator may leave one to give up.
+bool Screen::leaveField() {
+    endCellEdit();
+    QList<EntryField*> fields = findChildren<EntryField*>();
+    if (auto* current = qobject_cast<EntryField*>(focusWidget())) fields.prepend(current);
+    for (EntryField* field : fields) {
+        if (field->window() != this || !field->isEnabled() || field->isReadOnly() || field->commit()) continue;
+        field->complain();
+        return false;
+    }
+    return true;
+}
+
+// What is done without moving the focus takes over first what was typed: an Alt letter, the turn of a page.
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Shortcut && !watched->property("leavesUnchecked").toBool() && !leaveField())
-        return true;
+    const bool presses = event->type() == QEvent::Shortcut && !watched->property("leavesUnchecked").toBool();
+    if ((presses || turnsPage(watched, event)) && !leaveField()) return true;
     return QDialog::eventFilter(watched, event);
 }
 
@@ -131,6 +152,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
 
 bool Screen::mayClose() {
     bool may = false;
+    endCellEdit();
     guarded([&] { may = queryUnload(); });
     return may;
 }

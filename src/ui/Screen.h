@@ -37,7 +37,8 @@ protected:
     void onClick(QAbstractButton* button, std::function<void()> work);
     // Work of the Return key in a field, before the focus moves on.
     void onReturn(QWidget* field, std::function<void()> work);
-    // Settles the field or cell in which the operator is typing. False when its entry is wrong and was told.
+    // Settles the field or cell in which the operator is typing. False when an entry of the screen is wrong, which was
+    // told and has the focus.
     bool leaveField();
 
     InputWrappers wrappers;
@@ -49,6 +50,7 @@ protected:
 private:
     void takeReturn(bool forwards);
     void goToNextField(bool forwards);
+    void endCellEdit();
     bool mayClose();
 
     QHash<QWidget*, std::function<void()>> m_returnWork;

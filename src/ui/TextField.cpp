@@ -30,10 +30,19 @@ void TextField::setInputMode(InputMode mode) {
                                     : Qt::ImhNone);
 }
 
-QString TextField::value() const { return m_mode == HalfKana ? Text::toHalfKana(text()) : text(); }
+QString TextField::value() const { return spelled(text()); }
 
-std::optional<QString> TextField::settled(const QString& typed) const {
-    return m_mode == HalfKana ? Text::toHalfKana(typed) : typed;
+std::optional<QString> TextField::settled(const QString& typed) const { return spelled(typed); }
+
+QString TextField::spelled(const QString& typed) const {
+    switch (m_mode) {
+    case HalfKana:
+        return Text::toHalfKana(typed);
+    case Off:
+        return Text::toNarrowLetters(typed);
+    default:
+        return typed;
+    }
 }
 
 void TextField::inputMethodEvent(QInputMethodEvent* event) {

@@ -2,8 +2,9 @@
 
 #include "ui/EntryField.h"
 
-// One line of text. A reading field turns any kana to half-width katakana when it is left; a name field can fill its
-// reading with the kana that the input method was given.
+// One line of text. A reading field turns any kana to half-width katakana when it is left, a field of codes or numbers
+// (input mode off) full-width letters to half width; a name field can fill its reading with the kana that the input
+// method was given.
 class TextField : public EntryField {
     Q_OBJECT
     Q_PROPERTY(InputMode inputMode READ inputMode WRITE setInputMode)
@@ -26,6 +27,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
+    QString spelled(const QString& typed) const;
     void appendReading(const QString& kana, bool replace);
 
     InputMode m_mode = Hiragana;

@@ -137,6 +137,21 @@ private slots:
         QCOMPARE(Text::toCp932(text), bytes);
     }
 
+    void lettersAndNumbersBecomeNarrow_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("narrow");
+        QTest::newRow("postal code") << u"４９８－００１７"_qs << u"498-0017"_qs;
+        QTest::newRow("long vowel behind a digit") << u"０９０ー１２３４"_qs << u"090-1234"_qs;
+        QTest::newRow("narrow long vowel behind a digit") << u"090ｰ1234"_qs << u"090-1234"_qs;
+        QTest::newRow("long vowel of a word") << u"モールドＢー５"_qs << u"モールドBー5"_qs;
+        QTest::newRow("kana stay") << u"アブミ　ａ＠ｂ．ｊｐ"_qs << u"アブミ a@b.jp"_qs;
+        QTest::newRow("nothing") << QString() << QString();
+    }
+    void lettersAndNumbersBecomeNarrow() {
+        QFETCH(QString, typed);
+        QTEST(Text::toNarrowLetters(typed), "narrow");
+    }
+
     void missingCharactersAreTold_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("missing");

@@ -178,6 +178,30 @@ private slots:
         QCOMPARE(count(u"受注先"_qs), u"1"_qs);
     }
 
+    void aPartyRenamedInOneChartIsAskedAboutOnce_data() {
+        QTest::addColumn<int>("renamed");
+        QTest::newRow("in the first chart") << 0;
+        QTest::newRow("in the second chart") << 1;
+    }
+    void aPartyRenamedInOneChartIsAskedAboutOnce() {
+        QFETCH(int, renamed);
+        CustomerDraft draft = newPerson();
+        draft.charts = {chart(u"K-1"_qs, u"A01"_qs, u"中央病院"_qs), chart(u"K-2"_qs, u"A01"_qs, u"中央病院"_qs)};
+        const QString renamedCharts = u"SELECT COUNT(*) FROM [顧客カルテ] WHERE [受注先] = '新中央病院'"_qs;
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Added);
+        draft.charts[renamed].chart.OrderNm = u"新中央病院"_qs;
+        MessageQueue messages({AnswerNo});
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(messages.texts().size(), 1);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [受注先] WHERE [受注先] = '新中央病院'"_qs), u"1"_qs);
+        QCOMPARE(scalar(renamedCharts), u"2"_qs);
+        draft.charts[renamed].chart.OrderNm = u"旧病院"_qs;
+        messages.prepare(AnswerYes);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(messages.texts().size(), 2);
+        QCOMPARE(scalar(renamedCharts), u"2"_qs);
+    }
+
     // Else the next save of the customer would ask which of two names holds, though nobody touched the chart.
     void aPartyRenamedElsewhereIsShownByItsNewName() {
         CustomerDraft draft = newPerson();

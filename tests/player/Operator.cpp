@@ -192,7 +192,10 @@ void Operator::tab(const QString& name, int index) {
     if (index < 0 || index >= tabs->count())
         throw StepFailure{u"%1 has the tabs 0 to %2"_qs.arg(name).arg(tabs->count() - 1), QString::number(index)};
     if (!tabs->isTabEnabled(index)) throw StepFailure{u"the tab is disabled"_qs, u"an enabled tab"_qs};
-    goTo(tabs, [tabs, index] { tabs->setCurrentIndex(index); });
+    const QPoint place = tabs->tabRect(index).center();
+    m_player.then([target = QPointer<QTabBar>(tabs), place] {
+        if (target) QTest::mouseClick(target, Qt::LeftButton, {}, place);
+    });
 }
 
 void Operator::cell(const QString& name, int row, const QString& word, const QString& text) {

@@ -23,14 +23,15 @@ namespace {
 
 constexpr int turnsOfRest = 2;
 
-// A file's text, whichever of the two codings it is in.
+// A file's text, whichever of the two codings and line ends it is in.
 QString readText(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw StepFailure{u"no file "_qs + path, u"the file"_qs};
     const QByteArray bytes = file.readAll();
     QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    return utf8.hasError() ? Text::fromCp932(bytes) : text;
+    QString text = utf8(bytes);
+    if (utf8.hasError()) text = Text::fromCp932(bytes);
+    return text.remove(u'\r');
 }
 
 void expectContains(const QString& found, const QString& text) {
@@ -195,6 +196,10 @@ void Player::expectLog(const QString& text) {
 
 void Player::expectFile(const QString& path, const QString& text) {
     expectContains(readText(QDir(m_office.folder()).absoluteFilePath(path)), text);
+}
+
+void Player::expectNoFile(const QString& path) {
+    if (QFile::exists(QDir(m_office.folder()).absoluteFilePath(path))) throw StepFailure{path, u"no such file"_qs};
 }
 
 QString Player::outFile(const QString& name, const QString& suffix) const {

@@ -48,6 +48,7 @@ public:
     void expectSql(const QString& select, const QString& value);
     void expectLog(const QString& text);
     void expectFile(const QString& path, const QString& text);
+    void expectNoFile(const QString& path);
     void takeShot(const QString& name);
     QString outFile(const QString& name, const QString& suffix) const;
 

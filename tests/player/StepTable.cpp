@@ -151,6 +151,8 @@ QList<StepKind> expectingResults() {
          [](Player& p, const Step&, const Args& a) { p.expectLog(a.at(0)); }},
         {u"expect file"_qs, u"PATH TEXT"_qs, u"a file of the program folder (CP932 or UTF-8) holds TEXT"_qs, 2, 2,
          StepKind::Looks, [](Player& p, const Step&, const Args& a) { p.expectFile(a.at(0), a.at(1)); }},
+        {u"expect no file"_qs, u"PATH"_qs, u"the program folder holds no such file"_qs, 1, 1, StepKind::Looks,
+         [](Player& p, const Step&, const Args& a) { p.expectNoFile(a.at(0)); }},
         {u"expect documents"_qs, u"\"repA repB\""_qs,
          u"the report classes printed or previewed since the last acting step, in order"_qs, 1, 1, StepKind::Looks,
          [](Player& p, const Step&, const Args& a) { p.papers().expectDocuments(a.at(0)); }},

@@ -54,6 +54,20 @@ private slots:
         QCOMPARE(box.data(), QString());
     }
 
+    void deleteTakesAChoiceBackWhereItMayBeEmpty() {
+        ChoiceBox box;
+        fill(box);
+        box.setText(u"大阪府"_qs);
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QCOMPARE(box.text(), u"大阪府"_qs);
+        box.setProperty("mayBeEmpty", true);
+        QSignalSpy changes(&box, &ChoiceBox::valueChanged);
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QCOMPARE(box.text(), QString());
+        QCOMPARE(box.data(), QString());
+        QCOMPARE(changes.count(), 1);
+    }
+
     void showsATextThatIsNotInTheList() {
         for (const bool editable : {false, true}) {
             ChoiceBox box;

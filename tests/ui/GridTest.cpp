@@ -253,6 +253,36 @@ private slots:
         QCOMPARE(m_grid->value(100'000, 0), u"99999"_qs);
     }
 
+    void returnBehindTheLastCellGoesOn() {
+        QKeyEvent inside(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        m_grid->setCurrent(4, Day);
+        QApplication::sendEvent(m_grid, &inside);
+        QVERIFY(inside.isAccepted());
+        QCOMPARE(m_grid->currentRow(), 5);
+        QKeyEvent behind(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        m_grid->setCurrent(5, Day);
+        QApplication::sendEvent(m_grid, &behind);
+        QVERIFY(!behind.isAccepted()); // the screen goes to its next field
+        QCOMPARE(m_grid->currentColumn(), int(Day));
+    }
+
+    void aTextThatNoEntryAnswersIsTold() {
+        const CapturedMessages messages;
+        m_grid->setValue(2, Item, u"義手"_qs);
+        enter(2, Item, u"ZZ"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY2(messages.texts.first().contains(u"「ZZ」"_qs), qPrintable(messages.texts.first()));
+        QVERIFY(m_grid->editor()); // to be mended where it stands
+        QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
+        m_grid->endEdit();
+        QCoreApplication::processEvents();
+        QCOMPARE(messages.texts.size(), 2);
+        QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
+        enter(2, Item, u"義"_qs); // two of them
+        QCOMPARE(messages.texts.size(), 3);
+        m_grid->giveUpEdit();
+    }
+
     void readOnlyRowOpensWithReturn() {
         GridColumn name;
         m_grid->setColumns({name});

@@ -34,6 +34,11 @@ class KeyedListTest : public QObject {
     }
 
     inline static const QString all = u"SELECT [見積ID] FROM [顧客見積情報] ORDER BY [見積ID]"_qs;
+    // Longer than a list waits for its first rows.
+    inline static const QString slow =
+        u"SELECT COUNT(*) FROM [顧客見積情報] AS a, [顧客見積情報] AS b, [顧客見積情報] AS c, [処理区分]"_qs;
+    static constexpr int statuses = 10;
+    inline static const QString wrong = u"SELECT nothing at all"_qs;
 
 private slots:
     void initTestCase() { m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Sample); }
@@ -69,22 +74,52 @@ private slots:
 
     void aFailureToReadLeavesWhatIsShown() {
         show(all);
-        show(u"SELECT nothing at all"_qs);
+        show(wrong);
         QCOMPARE(m_messages.texts.size(), 1);
         QCOMPARE(m_grid->rows(), 120);
         QCOMPARE(m_count.text(), u"120件"_qs);
         QCOMPARE(m_grid->value(3, 0), u"0000000003"_qs);
     }
 
-    void aFailureToFetchEndsTheListAndIsToldOnce() {
+    void rowsOfTheListBeforeCannotBeActedOn() {
+        show(all);
+        m_grid->setCurrent(7);
+        m_list->show(slow);
+        QVERIFY(m_grid->isFilling());
+        QCOMPARE(m_grid->rows(), 0);
+        QCOMPARE(m_grid->currentRow(), 0);
+        QVERIFY(!m_list->isEmpty());
+        QVERIFY(QTest::qWaitFor([this] { return m_list->awaitRows(); }, 30'000));
+        QCOMPARE(m_grid->value(1, 0), QString::number(120 * 120 * 120 * statuses));
+        QCOMPARE(m_grid->currentRow(), 1);
+    }
+
+    void aFailureToReadBringsTheRowsBackThatWereHidden() {
+        show(all);
+        m_grid->setCurrent(7);
+        m_list->show(slow);
+        QCOMPARE(m_grid->rows(), 0);
+        m_grid->setSortMark(0, false);
+        m_list->show(wrong);
+        QVERIFY(QTest::qWaitFor([this] { return !m_messages.texts.isEmpty(); }));
+        QCOMPARE(m_grid->rows(), 120);
+        QCOMPARE(m_count.text(), u"120件"_qs);
+        QCOMPARE(m_grid->currentRow(), 7);
+        QCOMPARE(m_grid->sortColumn(), -1); // as it was read without one
+    }
+
+    void aFailureToFetchLeavesItsRowsEmptyAndIsToldOnce() {
         show(all);
         m_fails = true;
         QCOMPARE(m_grid->value(1, 0), QString());
+        QCOMPARE(m_grid->value(2, 0), QString());
         QVERIFY(QTest::qWaitFor([this] { return !m_messages.texts.isEmpty(); }));
+        QTest::qWait(20);
         QCOMPARE(m_messages.texts, QStringList{u"切れました。"_qs});
-        QCOMPARE(m_grid->rows(), 0);
-        QVERIFY(m_list->isEmpty());
+        QCOMPARE(m_grid->rows(), 120);
+        QCOMPARE(m_count.text(), u"120件"_qs);
         m_fails = false;
+        QCOMPARE(m_grid->value(120, 0), u"0000000120"_qs);
         show(all);
         QCOMPARE(m_grid->value(1, 0), u"0000000001"_qs);
     }

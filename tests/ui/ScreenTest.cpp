@@ -12,6 +12,8 @@
 #include "ui/TextField.h"
 
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -23,6 +25,13 @@ public:
     explicit frmTest(QWidget* parent = nullptr) : Screen(parent) {
         setObjectName(u"frmTest"_qs);
         auto* box = new QVBoxLayout(this);
+        pages.addTab(new QWidget, u"基本"_qs);
+        pages.addTab(new QWidget, u"予定"_qs);
+        (new QVBoxLayout(pages.widget(0)))->addWidget(&ticket);
+        box->addWidget(&pages);
+        cancel.setText(u"キャンセル(&E)"_qs);
+        cancel.setProperty("leavesUnchecked", true);
+        box->addWidget(&cancel);
         for (QWidget* widget : std::initializer_list<QWidget*>{&name, &helper, &day, &price, &choice, &memo, &save})
             box->addWidget(widget);
         helper.setText(u"検索"_qs);
@@ -38,6 +47,9 @@ public:
     bool fails = false;
     bool stays = false;
     std::function<void()> work = [] {};
+    QTabWidget pages;
+    DateField ticket; // on the first page
+    QPushButton cancel;
     TextField name;
     QPushButton helper;
     DateField day;
@@ -205,6 +217,46 @@ private slots:
         QCOMPARE(screen.day.text(), u"99"_qs);
     }
 
+    void aWrongEntryThatWasLeftToGiveUpIsFoundLater() {
+        const CapturedMessages messages;
+        frmTest screen;
+        QVERIFY(screen.Load());
+        show(screen);
+        screen.ticket.setFocus();
+        QTest::keyClicks(&screen.ticket, u"99"_qs);
+        screen.cancel.setFocus(Qt::MouseFocusReason);
+        QCoreApplication::processEvents();
+        QCOMPARE(messages.texts, QStringList());
+        screen.pages.setCurrentIndex(1);
+        QVERIFY(!screen.leaveField());
+        QCOMPARE(messages.texts.size(), 1);
+        QCOMPARE(screen.pages.currentIndex(), 0);
+        QVERIFY(screen.ticket.hasFocus());
+        QCOMPARE(screen.ticket.text(), u"99"_qs);
+        screen.ticket.setText({});
+        QVERIFY(screen.leaveField());
+    }
+
+    void aPageIsNotTurnedOverAWrongEntry() {
+        const CapturedMessages messages;
+        frmTest screen;
+        QVERIFY(screen.Load());
+        show(screen);
+        screen.ticket.setFocus();
+        QTest::keyClicks(&screen.ticket, u"99"_qs);
+        QTabBar* tabs = screen.pages.tabBar();
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+        QCOMPARE(screen.pages.currentIndex(), 0);
+        QTest::keyClick(&screen.ticket, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(screen.pages.currentIndex(), 0);
+        QCOMPARE(messages.texts.size(), 2);
+        QVERIFY(screen.ticket.hasFocus());
+        screen.ticket.setText(u"h170301"_qs);
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+        QCOMPARE(screen.pages.currentIndex(), 1);
+        QCOMPARE(screen.ticket.text(), u"2005/03/01"_qs);
+    }
+
     void closesTheSameWayByFrameEscapeAndButton() {
         frmTest screen;
         QVERIFY(screen.Load());
@@ -264,7 +316,7 @@ private slots:
         frmTest screen;
         screen.choice.addEntry(u"左"_qs, u"1"_qs);
         QVERIFY(screen.Load());
-        QCOMPARE(screen.wrappers.size(), size_t(5));
+        QCOMPARE(screen.wrappers.size(), size_t(6));
         QCOMPARE(screen.price.property("tag").toString(), u"Attached"_qs);
         const QList<std::function<void()>> changes{
             [&] { screen.name.setText(u"a"_qs); }, [&] { screen.day.setValue(u"2005/03/01"_qs); },
@@ -281,11 +333,11 @@ private slots:
         frmTest screen;
         QVERIFY(screen.Load());
         AttachControls(&screen, screen.wrappers);
-        QCOMPARE(screen.wrappers.size(), size_t(5));
+        QCOMPARE(screen.wrappers.size(), size_t(6));
         ReleaseControls(&screen, screen.wrappers);
         QVERIFY(screen.wrappers.empty());
         AttachControls(&screen, screen.wrappers);
-        QCOMPARE(screen.wrappers.size(), size_t(5));
+        QCOMPARE(screen.wrappers.size(), size_t(6));
     }
 };
 

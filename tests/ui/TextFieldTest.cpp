@@ -57,6 +57,17 @@ private slots:
         QCOMPARE(field->cursorPosition(), 0);
     }
 
+    void numbersAndCodesBecomeNarrowWhenLeft() {
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        field->setInputMode(TextField::Off);
+        form.open();
+        form.type(field, u"４９８－００１７"_qs);
+        QCOMPARE(field->value(), u"498-0017"_qs);
+        form.leave();
+        QCOMPARE(field->text(), u"498-0017"_qs);
+    }
+
     void readingBecomesHalfWidthKatakanaWhenLeft() {
         FormUnderTest form;
         auto* field = form.add<TextField>();

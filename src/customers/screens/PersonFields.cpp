@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int prefLength = 8;
@@ -54,7 +56,7 @@ void PersonFields::fillLists() {
 void PersonFields::show(const clsCustomer& customer) {
     const QScopedValueRollback showing(m_showing, true);
     const QString joined = JoinWithSpace(customer.CustNm1, customer.CustNm2);
-    const bool isSelf = !joined.isEmpty() && customer.Insured == joined;
+    const bool isSelf = customer.Insured == joined; // a new person, too, until told otherwise
     (isSelf ? m_fields.sameName : m_fields.ownName)->setChecked(true);
     m_fields.name1->setValue(customer.CustNm1);
     m_fields.name2->setValue(customer.CustNm2);
@@ -145,16 +147,20 @@ void PersonFields::takeZip() {
         fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs));
 }
 
+// The postal code book knows towns, not their houses: the number is left out of the search and kept in the address.
 void PersonFields::chooseAddress() {
-    const QString address = m_fields.city->text() + m_fields.addr1->value();
-    const auto chosen =
-        SelectFrom(m_form, u"郵便番号"_qs,
-                   gZipManager.GetSelectListFromAddr(m_fields.pref->text(), address, u"[郵便番号]"_qs), {}, TellMissing::No);
+    const QString typed = m_fields.addr1->value();
+    const auto number = std::find_if(typed.begin(), typed.end(), [](QChar sign) { return sign.isDigit(); });
+    const QString house = typed.mid(number - typed.begin());
+    const QString address = m_fields.city->text() + typed.chopped(house.size()).trimmed();
+    const auto chosen = SelectFrom(m_form, u"郵便番号"_qs,
+                                   gZipManager.GetSelectListFromAddr(m_fields.pref->text(), address, u"[郵便番号]"_qs),
+                                   {}, TellMissing::No);
     if (!chosen) return;
     {
         // The code comes from the address, not the other way round.
         const QScopedValueRollback showing(m_showing, true);
         m_fields.zip->setValue(chosen->value(u"郵便番号"_qs));
     }
-    fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs));
+    fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs) + house);
 }

@@ -84,8 +84,10 @@ void frmCustomer::load() {
     m_person->fillLists();
     AttachControls(this, wrappers);
     showStored();
-    if (EditMode == Delete) ui->cmdDel->setFocus();
-    else ui->txtName1->setFocus();
+    if (EditMode == Delete)
+        ui->cmdDel->setFocus();
+    else
+        ui->txtName1->setFocus();
 }
 
 void frmCustomer::setMode() {
@@ -102,8 +104,10 @@ void frmCustomer::setMode() {
 // The stored branch, or an empty one to be added.
 void frmCustomer::showStored() {
     m_draft = {};
-    if (CustId.isEmpty()) m_draft.customer.CustNo = automaticNumber;
-    else if (!loadCustomer(CustId, CustSubId, m_draft)) throw AppError(GetMessageText(notFound, subject), objectName());
+    if (EditMode == Add)
+        m_draft.customer.CustNo = automaticNumber;
+    else if (!loadCustomer(CustId, CustSubId, m_draft))
+        throw AppError(GetMessageText(notFound, subject), objectName());
     showDraft();
     clearEdited();
 }
@@ -163,8 +167,10 @@ void frmCustomer::viewChart() {
         [&](frmCustomerChart& screen) {
             if (!screen.Updated) return;
             const CustomerChart entered{screen.Chart, screen.Order.OrderCd};
-            if (chosen) *chosen = entered;
-            else m_draft.charts << entered;
+            if (chosen)
+                *chosen = entered;
+            else
+                m_draft.charts << entered;
             m_edited = true;
         });
     showCharts();
@@ -229,8 +235,11 @@ void frmCustomer::removeCustomer() {
 bool frmCustomer::queryUnload() {
     if (!Loaded || EditMode == Delete || !isEdited()) return true;
     switch (ShowMessage(askSave, subject)) {
-    case AnswerYes: return save(CustomerSaveAs::Itself);
-    case AnswerNo: return true;
-    default: return false;
+    case AnswerYes:
+        return save(CustomerSaveAs::Itself);
+    case AnswerNo:
+        return true;
+    default:
+        return false;
     }
 }

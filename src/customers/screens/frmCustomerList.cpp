@@ -94,15 +94,20 @@ void frmCustomerList::connectCommands() {
 }
 
 void frmCustomerList::load() {
-    {
-        const QScopedValueRollback filling(m_filling, true);
-        FillPrefList(ui->cboPref, {.all = true});
-        ui->cboPref->setText(allEntry);
-        FillCityList(ui->cboCity, {}, {.all = true});
-        ui->cboCity->setText(allEntry);
-    }
+    fillPlaces();
     showRows();
     ui->txtKana1->setFocus();
+}
+
+// The choice stays. A customer that was saved may have brought a place along.
+void frmCustomerList::fillPlaces() {
+    const QScopedValueRollback filling(m_filling, true);
+    const QString pref = FilterText(ui->cboPref);
+    const QString city = FilterText(ui->cboCity);
+    FillPrefList(ui->cboPref, {.all = true});
+    ui->cboPref->setText(pref.isEmpty() ? allEntry : pref);
+    FillCityList(ui->cboCity, pref, {.all = true});
+    ui->cboCity->setText(city.isEmpty() ? allEntry : city);
 }
 
 // Down goes from a reading straight to the rows that it left over.
@@ -116,8 +121,8 @@ bool frmCustomerList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCustomerList::goToRows() {
-    ui->flxData->setFocus(Qt::OtherFocusReason);
-    ui->flxData->setCurrent(1);
+    ui->flxData->setFocus(Qt::OtherFocusReason); // which leaves the reading, and asks for its rows
+    if (m_rows->awaitRows()) ui->flxData->setCurrent(1);
 }
 
 // --- filters ---
@@ -171,12 +176,18 @@ void frmCustomerList::showRows() {
 // --- commands ---
 
 void frmCustomerList::open(qint16 mode) {
+    if (mode == frmCustomer::Add) return view(mode, {}, {}, [] {});
+    if (!m_rows->awaitRows() || ui->flxData->currentRow() < 1) return;
     const int row = ui->flxData->currentRow();
-    const bool isNew = mode == frmCustomer::Add;
-    if (!isNew && row < 1) return;
-    const QString id = isNew ? QString() : ui->flxData->value(row, CustId);
-    const QString branch = isNew ? QString() : ui->flxData->value(row, CustSubId);
-    openScreen<frmCustomer>(
+    const QString id = ui->flxData->value(row, CustId);
+    const QString branch = ui->flxData->value(row, CustSubId);
+    view(mode, id, branch, [&] { m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); });
+}
+
+// A row is looked at anew after a change, and when it could not be opened: another machine may have deleted it.
+void frmCustomerList::view(qint16 mode, const QString& id, const QString& branch,
+                           const std::function<void()>& refreshRow) {
+    const bool opened = openScreen<frmCustomer>(
         this,
         [&](frmCustomer& screen) {
             screen.EditMode = mode;
@@ -185,9 +196,11 @@ void frmCustomerList::open(qint16 mode) {
         },
         [&](frmCustomer& screen) {
             if (!screen.Updated) return;
+            fillPlaces();
             if (screen.EditMode == frmCustomer::Add)
                 m_rows->append(clsCustomerManager::listKey(screen.CustId, screen.CustSubId));
             else
-                m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); // which takes a deleted one off
+                refreshRow();
         });
+    if (!opened) refreshRow();
 }

@@ -24,6 +24,7 @@ protected:
 private:
     void connectFilters();
     void connectCommands();
+    void fillPlaces();
     void goToRows();
     void takeReading();
     void takePrefecture();
@@ -34,6 +35,7 @@ private:
     void showRows();
 
     void open(qint16 mode);
+    void view(qint16 mode, const QString& id, const QString& branch, const std::function<void()>& refreshRow);
 
     std::unique_ptr<Ui::frmCustomerList> ui;
     KeyedList* m_rows;

@@ -120,7 +120,14 @@ QList<QWidget*> EstimateSearchPage::fields() const {
     for (ChoiceBox* box : findChildren<ChoiceBox*>()) fields << box;
     for (QCheckBox* box : findChildren<QCheckBox*>()) fields << box;
     for (QWidget* code : {ui->txtClaimCd, ui->txtOrderCd, ui->txtProductCd}) fields.removeOne(code);
+    for (QWidget* from : {ui->idtRecvDate_0, ui->idtPickPtnDate_0, ui->idtDelvFinDate_0, ui->idtLifeEnd_0})
+        fields.removeOne(from);
     return fields;
+}
+
+void EstimateSearchPage::returnToField() {
+    QWidget* last = focusWidget();
+    (last ? last : ui->txtKana1)->setFocus();
 }
 
 bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->fraCust->isAncestorOf(field); }

@@ -27,8 +27,11 @@ public:
     void showNames(const QString& name1, const QString& name2);
     void tickAllStatuses();
 
-    // Every field that takes an entry, but for those whose Return opens a selection list.
+    // Every field whose Return searches: not those that open a selection list, and not the first date of a period, which
+    // the second one follows.
     QList<QWidget*> fields() const;
+    // The focus goes to the field that had it last, at first to the reading.
+    void returnToField();
     bool asksForPerson(const QWidget* field) const;
 
     // The selection lists beside the fields; a cancelled one leaves them as they are.

@@ -85,13 +85,15 @@ QString shortDate(const QString& date) { return formatDate(date, u"yy/mm/dd"_qs)
 
 // --- the rows by their keys ---
 
-QHash<QString, QStringList> fetchCustomers(const QStringList& keys) {
+QHash<QString, QStringList> fetchCustomers(const QStringList& keys, const QSet<QString>& ticked) {
     QHash<QString, QStringList> rows;
-    for (const clsCustomer& customer : gCustomerManager.customersOf(keys))
-        rows.insert(clsCustomerManager::listKey(customer),
-                    {u"0"_qs, customer.CustId, customer.CustSubId, customer.CustNo,
+    for (const clsCustomer& customer : gCustomerManager.customersOf(keys)) {
+        const QString key = clsCustomerManager::listKey(customer);
+        rows.insert(key,
+                    {ticked.contains(key) ? u"1"_qs : u"0"_qs, customer.CustId, customer.CustSubId, customer.CustNo,
                      JoinWithSpace(customer.CustNm1, customer.CustNm2),
                      JoinWithSpace(customer.CustKn1, customer.CustKn2), customer.Tel, customer.Pref, customer.City});
+    }
     return rows;
 }
 
@@ -124,7 +126,8 @@ frmCsEstimateList::frmCsEstimateList(QWidget* parent) : Screen(parent), ui(std::
     ui->flxCustList->setColumns(customerColumns());
     ui->flxEstList->setColumns(estimateColumns());
     const ConnectionSettings& database = gDbManager.Connection().settings();
-    m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database, fetchCustomers);
+    m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database,
+                                [this](const QStringList& keys) { return fetchCustomers(keys, m_ticked); });
     m_estimates = new KeyedList(ui->flxEstList, ui->txtEstCnt, database, fetchEstimates);
     setUpTabKeys();
     connectSearch();
@@ -185,7 +188,6 @@ void frmCsEstimateList::connectSearch() {
 void frmCsEstimateList::connectLists() {
     connect(ui->tabEstList, &QTabWidget::currentChanged, this,
             [this](int page) { guarded([&] { pageTurned(page); }); });
-    connect(m_customers, &KeyedList::shown, this, &frmCsEstimateList::customersShown);
     connect(ui->flxCustList, &Grid::cellEdited, this, [this](int row) { noteTick(row); });
     connect(ui->flxCustList, &Grid::rowOpened, this, [this](int row) { guarded([&] { openCustomer(row); }); });
     connect(ui->flxEstList, &Grid::rowOpened, this, [this] { guarded([this] { openRow(frmCsEstimate::Edit); }); });
@@ -221,57 +223,77 @@ void frmCsEstimateList::turnTo(int page) { ui->tabEstList->setCurrentIndex(page)
 
 void frmCsEstimateList::pageTurned(int page) {
     for (QPushButton* command : {ui->cmdSelect, ui->cmdEdit, ui->cmdDelete}) command->setEnabled(page == Estimates);
+    if (page != Estimates) m_opened = {};
     switch (page) {
     case Customers:
+        forgetOtherTicks();
         showCustomers();
         return ui->flxCustList->setFocus();
     case Estimates:
+        forgetOtherTicks();
         showEstimates();
         return ui->flxEstList->setFocus();
     default:
-        leaveOpened();
-        return ui->pagSearch->ui->txtKana1->setFocus();
+        return ui->pagSearch->returnToField();
     }
 }
 
-void frmCsEstimateList::showCustomers() {
-    m_ticked.clear();
-    m_opened = 0;
-    m_customers->show(
-        clsCustomerManager::KeysWithEst(ui->pagSearch->filter().condition(), u"[顧客情報].[顧客番号]"_qs));
+// Ticks belong to the search that they were set in; those of another one would narrow this one unseen.
+void frmCsEstimateList::forgetOtherTicks() {
+    const QString searched = ui->pagSearch->filter().condition();
+    if (searched != m_searched) m_ticked.clear();
+    m_searched = searched;
 }
 
-void frmCsEstimateList::customersShown() { m_ticked.clear(); }
+void frmCsEstimateList::showCustomers() {
+    m_customers->show(clsCustomerManager::KeysWithEst(m_searched, u"[顧客情報].[顧客番号]"_qs));
+}
+
+CustomerKey frmCsEstimateList::customerAt(int row) const {
+    return {ui->flxCustList->value(row, CustId), ui->flxCustList->value(row, CustSubId)};
+}
 
 void frmCsEstimateList::noteTick(int row) {
+    const CustomerKey customer = customerAt(row);
+    const QString key = clsCustomerManager::listKey(customer.CustId, customer.CustSubId);
     if (ui->flxCustList->isChecked(row, Tick))
-        m_ticked.insert(row);
+        m_ticked.insert(key);
     else
-        m_ticked.remove(row);
+        m_ticked.remove(key);
 }
 
-// Opening a person is ticking that person alone, unless others are ticked. The next search is for anybody again.
+// That person's estimates alone, whoever is ticked.
 void frmCsEstimateList::openCustomer(int row) {
-    if (m_ticked.isEmpty() && ui->flxCustList->toggleCheck(row, Tick)) m_opened = row;
+    const CustomerKey customer = customerAt(row);
+    if (customer.CustId.isEmpty()) return tellGone(m_customers, row, u"顧客"_qs);
+    m_opened = customer;
+    m_openedName = ui->flxCustList->value(row, CustName);
     turnTo(Estimates);
 }
 
-void frmCsEstimateList::leaveOpened() {
-    const int row = std::exchange(m_opened, 0);
-    if (row > 0 && m_ticked.contains(row)) ui->flxCustList->toggleCheck(row, Tick);
+void frmCsEstimateList::showEstimates() {
+    showNarrowing();
+    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
 }
 
-void frmCsEstimateList::showEstimates() { m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order())); }
+void frmCsEstimateList::showNarrowing() {
+    QString who;
+    if (!m_opened.CustId.isEmpty())
+        who = m_openedName;
+    else if (!m_ticked.isEmpty())
+        who = formatThousands(m_ticked.size()) + u"名"_qs;
+    ui->lblNarrowed->setText(who.isEmpty() ? who : u"選択した顧客："_qs + who);
+}
 
 // --- the list as it is asked for ---
 
 QString frmCsEstimateList::condition() const {
-    QList<int> rows(m_ticked.begin(), m_ticked.end());
-    std::sort(rows.begin(), rows.end());
-    QList<CustomerKey> ticked;
-    for (const int row : rows)
-        ticked << CustomerKey{ui->flxCustList->value(row, CustId), ui->flxCustList->value(row, CustSubId)};
-    return withCustomers(ui->pagSearch->filter().condition(), ticked);
+    if (!m_opened.CustId.isEmpty()) return withCustomers(m_searched, {m_opened});
+    QStringList keys = m_ticked.values();
+    keys.sort();
+    QList<CustomerKey> customers;
+    for (const QString& key : keys) customers << clsCustomerManager::ofListKey(key);
+    return withCustomers(m_searched, customers);
 }
 
 QString frmCsEstimateList::order() const {
@@ -290,9 +312,10 @@ void frmCsEstimateList::sortBy(int column) {
 // --- commands ---
 
 void frmCsEstimateList::openRow(qint16 mode) {
+    if (!m_estimates->awaitRows() || ui->flxEstList->currentRow() < 1) return;
     const int row = ui->flxEstList->currentRow();
-    const QString id = row > 0 ? ui->flxEstList->value(row, Id) : QString();
-    if (id.isEmpty()) return;
+    const QString id = ui->flxEstList->value(row, Id);
+    if (id.isEmpty()) return tellGone(m_estimates, row, u"見積"_qs);
     if (OpenMode == fromMenu) return edit(id, mode, row);
     EstId = id;
     EditMode = mode;
@@ -302,15 +325,21 @@ void frmCsEstimateList::openRow(qint16 mode) {
 
 void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
     bool updated = false;
-    openScreen<frmCsEstimate>(
+    const bool opened = openScreen<frmCsEstimate>(
         this,
         [&](frmCsEstimate& editor) {
             editor.EstId = id;
             editor.EditMode = mode;
         },
         [&](frmCsEstimate& editor) { updated = editor.Updated; });
-    if (updated) m_estimates->refresh(row, id);
+    if (updated || !opened) m_estimates->refresh(row, id);
     ui->flxEstList->setFocus();
+}
+
+// Another machine has deleted it since.
+void frmCsEstimateList::tellGone(KeyedList* list, int row, const QString& what) {
+    ShowMessage(121, what);
+    list->remove(row);
 }
 
 void frmCsEstimateList::whileBusy(const QString& word,
@@ -340,9 +369,16 @@ void frmCsEstimateList::whileBusy(const QString& word,
     });
 }
 
+// The paper holds the list that stands on the screen, also when other conditions were typed since.
+void frmCsEstimateList::showWhatIsAskedFor() {
+    turnTo(Estimates);
+    m_estimates->awaitRows();
+}
+
 // --- CSV ---
 
 void frmCsEstimateList::writeCsv() {
+    forgetOtherTicks();
     const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), byId);
     if (ids.isEmpty()) {
         ShowMessage(122, u"出力データ"_qs);
@@ -389,6 +425,7 @@ void frmCsEstimateList::writeCsv() {
 
 void frmCsEstimateList::print(int member) {
     const bool toPrinter = member == 1 || member == 2;
+    if (!m_estimates->isEmpty()) showWhatIsAskedFor();
     if (m_estimates->isEmpty()) {
         ShowMessage(122, u"印刷対象データ"_qs);
         return;

@@ -63,10 +63,12 @@ private:
     void pageTurned(int page);
     void showCustomers();
     void showEstimates();
-    void customersShown();
+    void forgetOtherTicks();
+    CustomerKey customerAt(int row) const;
     void noteTick(int row);
     void openCustomer(int row);
-    void leaveOpened();
+    void showNarrowing();
+    void showWhatIsAskedFor();
 
     // --- the list as it is asked for ---
     QString condition() const;
@@ -76,6 +78,7 @@ private:
     // --- commands ---
     void openRow(qint16 mode);
     void edit(const QString& id, qint16 mode, int row);
+    void tellGone(KeyedList* list, int row, const QString& what);
     void writeCsv();
     void print(int member);
     // Runs long work that says how far it is; the screen waits for its end.
@@ -84,8 +87,10 @@ private:
     std::unique_ptr<Ui::frmCsEstimateList> ui;
     KeyedList* m_customers;
     KeyedList* m_estimates;
-    QSet<int> m_ticked; // rows of flxCustList
-    int m_opened = 0;   // the one of them that was ticked by opening it
+    QString m_searched;     // the condition that the lists show
+    QSet<QString> m_ticked; // keys of its customers
+    CustomerKey m_opened;   // the one of them whose estimates are looked at
+    QString m_openedName;
 
     QString m_exclusions; // 法別 names that the list without them leaves out
     bool m_busy = false;
