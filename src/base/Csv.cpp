@@ -69,8 +69,9 @@ void Writer::line(const QStringList& fields) {
     QStringList safe;
     for (const QString& field : fields) safe << harmless(field);
     const QString text = quotedLine(safe) + u"\r\n"_qs;
-    if (m_encoding == Encoding::Cp932 && !Text::missingInCp932(text).isEmpty())
-        throw AppError(u"Shift_JIS にない文字があります。\n"_qs + text, u"Csv"_qs);
+    if (m_encoding == Encoding::Cp932)
+        if (const QStringList missing = Text::missingInCp932(text); !missing.isEmpty())
+            throw AppError(u"Shift_JIS にない文字があります。\n%1\n%2"_qs.arg(missing.join(u'、'), text), u"Csv"_qs);
     const QByteArray bytes = m_encoding == Encoding::Utf8 ? text.toUtf8() : Text::toCp932(text);
     if (m_file.write(bytes) != bytes.size()) fail();
 }

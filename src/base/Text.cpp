@@ -2,7 +2,9 @@
 
 #include "base/AppError.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/translit.h>
+#include <unicode/uchar.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
@@ -49,8 +51,12 @@ std::unique_ptr<icu::Transliterator> openTransliterator(const char* id) {
     return result;
 }
 
+icu::UnicodeString icuText(const QString& text) {
+    return {reinterpret_cast<const UChar*>(text.utf16()), static_cast<int32_t>(text.size())};
+}
+
 QString transliterated(const icu::Transliterator& transliterator, const QString& text) {
-    icu::UnicodeString value(reinterpret_cast<const UChar*>(text.utf16()), static_cast<int32_t>(text.size()));
+    icu::UnicodeString value = icuText(text);
     transliterator.transliterate(value);
     return QString(reinterpret_cast<const QChar*>(value.getBuffer()), value.length());
 }
@@ -68,6 +74,38 @@ const icu::Transliterator& widening() {
 const icu::Transliterator& katakana() {
     static const auto instance = openTransliterator("Hiragana-Katakana");
     return *instance;
+}
+
+std::unique_ptr<icu::BreakIterator> openPhraseBreaks() {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale byPhrases = icu::Locale::forLanguageTag("ja-u-lw-phrase", status);
+    std::unique_ptr<icu::BreakIterator> breaks(icu::BreakIterator::createLineInstance(byPhrases, status));
+    if (U_FAILURE(status) || !breaks) throw AppError(u"日本語の行分割が利用できません。"_qs, u"Text"_qs);
+    return breaks;
+}
+
+QString asText(char32_t character) { return QString::fromUcs4(&character, 1); }
+
+// The converter puts a question mark for most of what it lacks, but drops in silence what is not seen by itself.
+bool lackedByCp932(char32_t character) {
+    const QByteArray bytes = Text::toCp932(asText(character));
+    return bytes.isEmpty() || (bytes == "?" && character != U'?');
+}
+
+QString codePoint(char32_t character) {
+    return u"U+"_qs + QString::number(character, 16).toUpper().rightJustified(4, u'0');
+}
+
+bool isMark(char32_t character) { return U_GET_GC_MASK(character) & U_GC_M_MASK; }
+
+bool isSeenByItself(char32_t character) {
+    return u_isgraph(static_cast<UChar32>(character)) && !isMark(character) &&
+           !u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+}
+
+QString kindOfUnseen(char32_t character) {
+    if (u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_VARIATION_SELECTOR)) return u"異体字"_qs;
+    return isMark(character) ? u"合成文字"_qs : u"見えない文字"_qs;
 }
 
 } // namespace
@@ -103,14 +141,25 @@ QString fromCp932(const QByteArray& bytes) {
 
 int cp932Length(const QString& text) { return static_cast<int>(toCp932(text).size()); }
 
-QString missingInCp932(const QString& text) {
-    QString missing;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        QString character = text.mid(i, 1);
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size()) character = text.mid(i++, 2);
-        if (character != u"?" && toCp932(character) == "?" && !missing.contains(character)) missing += character;
+QStringList missingInCp932(const QString& text) {
+    QStringList missing;
+    QString before;
+    for (const char32_t character : text.toUcs4()) {
+        const bool seen = isSeenByItself(character);
+        if (lackedByCp932(character))
+            missing << (seen ? asText(character)
+                             : u"%1（%2 %3）"_qs.arg(before, kindOfUnseen(character), codePoint(character)));
+        if (seen) before = asText(character);
     }
+    missing.removeDuplicates();
     return missing;
+}
+
+QString withCodePoints(const QString& text) {
+    QString written;
+    for (const char32_t character : text.toUcs4())
+        written += lackedByCp932(character) ? codePoint(character) : asText(character);
+    return written;
 }
 
 QString toHalfWidth(const QString& text) { return transliterated(narrowing(), text); }
@@ -131,6 +180,17 @@ QString toNarrowLetters(const QString& text) {
 }
 
 QString toHalfKana(const QString& text) { return toHalfWidth(transliterated(katakana(), text)); }
+
+QStringList phrases(const QString& text) {
+    thread_local const auto breaks = openPhraseBreaks();
+    const icu::UnicodeString value = icuText(text);
+    breaks->setText(value);
+    QStringList found;
+    for (int32_t start = breaks->first(), end = breaks->next(); end != icu::BreakIterator::DONE;
+         start = end, end = breaks->next())
+        found << text.mid(start, end - start);
+    return found;
+}
 
 QString rightTrimmed(const QString& text) {
     qsizetype length = text.size();

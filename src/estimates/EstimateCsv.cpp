@@ -25,15 +25,13 @@ const QList<CsvField<clsCustomer>>& customerFields() {
     return fields;
 }
 
-QString lineOf(const EstimateCsv::Lacking& place, const QString& characters) {
-    return u"%1行目 %2：%3"_qs.arg(formatThousands(place.row), place.column, characters);
+QString whoseOf(const clsCsEstimate& estimate, const clsCustomer& customer) {
+    return u"%1 %2"_qs.arg(estimate.EstNo, JoinWithSpace(customer.CustNm1, customer.CustNm2)).trimmed();
 }
 
-// "U+20BB7", as the log cannot hold the characters either.
-QString codePoints(const QString& characters) {
-    QStringList points;
-    for (const char32_t point : characters.toUcs4()) points << u"U+"_qs + QString::number(point, 16).toUpper();
-    return points.join(u' ');
+QString lineOf(const EstimateCsv::Lacking& place) {
+    return u"%1行目（%2） %3：%4"_qs.arg(formatThousands(place.row), place.whose, place.column,
+                                         place.characters.join(u'、'));
 }
 
 } // namespace
@@ -50,21 +48,22 @@ QStringList EstimateCsv::fields(const clsCsEstimate& estimate, const clsCustomer
     return fields << estimate.EstSum;
 }
 
-QList<EstimateCsv::Lacking> EstimateCsv::lacking(qint64 row, const QStringList& fields) {
+QList<EstimateCsv::Lacking> EstimateCsv::lacking(qint64 row, const clsCsEstimate& estimate,
+                                                 const clsCustomer& customer) {
     QList<Lacking> found;
-    const QStringList names = columns();
-    for (int i = 0; i < fields.size(); ++i)
-        if (const QString missing = Text::missingInCp932(fields.at(i)); !missing.isEmpty())
-            found << Lacking{row, names.at(i), missing};
+    const QStringList values = fields(estimate, customer), names = columns();
+    for (int i = 0; i < values.size(); ++i)
+        if (const QStringList missing = Text::missingInCp932(values.at(i)); !missing.isEmpty())
+            found << Lacking{row, whoseOf(estimate, customer), names.at(i), missing};
     return found;
 }
 
 QString EstimateCsv::told(const QList<Lacking>& found) {
     QStringList lines;
-    for (const Lacking& place : found.first(qMin(found.size(), mostTold))) lines << lineOf(place, place.characters);
+    for (const Lacking& place : found.first(qMin(found.size(), mostTold))) lines << lineOf(place);
     if (found.size() <= mostTold) return lines.join(u'\n');
-    for (const Lacking& place : found)
-        writeLog(u"Shift_JIS にない文字 "_qs + lineOf(place, codePoints(place.characters)));
+    // The log is written in the same code page as the file.
+    for (const Lacking& place : found) writeLog(u"Shift_JIS にない文字 "_qs + Text::withCodePoints(lineOf(place)));
     return lines.join(u'\n') +
            u"\nほか %1か所（すべての箇所はログに記録しました）"_qs.arg(formatThousands(found.size() - mostTold));
 }

@@ -66,8 +66,9 @@ QJsonObject merged(QJsonObject base, const QJsonObject& changes) {
 using Fonts = QHash<QString, ReportFont>;
 
 ReportFont readFont(const Node& node) {
-    node.allow({u"family"_qs, u"size"_qs, u"bold"_qs});
-    return {node[u"family"].choice({u"mincho"_qs, u"gothic"_qs}) == 1, node[u"size"].points(), node[u"bold"].flag()};
+    node.allow({u"family"_qs, u"size"_qs, u"bold"_qs, u"spacing"_qs});
+    return {node[u"family"].choice({u"mincho"_qs, u"gothic"_qs}) == 1, node[u"size"].points(), node[u"bold"].flag(),
+            node[u"spacing"].twips(0)};
 }
 
 ReportRect readRect(const Node& node) {

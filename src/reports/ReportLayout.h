@@ -25,8 +25,9 @@ struct ReportFont {
     bool gothic = false; // otherwise mincho
     double size = 10;
     bool bold = false;
+    int spacing = 0; // twips of air between two letters; for titles, which have no letters of two units
 
-    ReportFont sized(double points) const { return {gothic, points, bold}; }
+    ReportFont sized(double points) const { return {gothic, points, bold, spacing}; }
     bool operator==(const ReportFont&) const = default;
 };
 

@@ -14,7 +14,9 @@ constexpr double smallestSize = 5;
 constexpr double sizeStep = 0.5;
 constexpr double ascent = 0.88;
 constexpr double looseLeading = 1.2;
-constexpr double littleSmaller = 0.85;    // one line this much smaller reads better than two
+constexpr double littleSmaller = 0.85; // this much smaller reads better than broken
+constexpr double easilyRead = 6;       // below this nothing is worth a smaller size
+constexpr double squeezeStep = 1.02;
 constexpr double shortestLastLine = 0.34; // of the widest one
 
 double startSize(const QString& text, const ReportTextItem& item) {
@@ -36,10 +38,21 @@ QStringList pieces(const QString& text, QTextBoundaryFinder::BoundaryType type) 
     return found;
 }
 
-// The pieces between which a line may break; a word that is wider than the line may break anywhere.
-QStringList breakable(const QString& text, double width, const ReportFont& font, const ReportMeasure& measure) {
+// A text in the pieces between which its lines may break.
+struct Pieced {
+    QString text;
+    QStringList pieces;
+    bool parts; // a piece that is wider than the line breaks anywhere
+};
+
+Pieced betweenCharacters(const QString& text) { return {text, pieces(text, QTextBoundaryFinder::Line), true}; }
+Pieced betweenPhrases(const QString& text) { return {text, Text::phrases(text), false}; }
+Pieced unbroken(const QString& text) { return {text, {text}, false}; }
+
+QStringList breakable(const Pieced& text, double width, const ReportFont& font, const ReportMeasure& measure) {
+    if (!text.parts) return text.pieces;
     QStringList found;
-    for (const QString& word : pieces(text, QTextBoundaryFinder::Line)) {
+    for (const QString& word : text.pieces) {
         if (measure(word, font) <= width)
             found.append(word);
         else
@@ -48,8 +61,8 @@ QStringList breakable(const QString& text, double width, const ReportFont& font,
     return found;
 }
 
-QStringList wrapped(const QString& text, double width, const ReportFont& font, const ReportMeasure& measure) {
-    if (measure(text, font) <= width) return {text};
+QStringList wrapped(const Pieced& text, double width, const ReportFont& font, const ReportMeasure& measure) {
+    if (measure(text.text, font) <= width) return {text.text};
     QStringList lines{QString()};
     for (const QString& piece : breakable(text, width, font, measure)) {
         if (!lines.last().isEmpty() && measure(lines.last() + piece, font) > width) lines.append(QString());
@@ -71,16 +84,16 @@ struct Attempt {
 };
 
 // The largest size at which the text stands inside of its control, or else the smallest.
-Attempt largest(const QString& text, const ReportTextItem& item, bool wrap, const ReportMeasure& measure) {
+Attempt largest(const Pieced& text, const ReportTextItem& item, const ReportMeasure& measure) {
     const double room = item.at.width;
-    for (double size = startSize(text, item);; size = std::max(size - sizeStep, smallestSize)) {
+    for (double size = startSize(text.text, item);; size = std::max(size - sizeStep, smallestSize)) {
         const ReportFont font = item.font.sized(size);
         const double em = size * twipsPerPoint;
         const auto most = static_cast<qsizetype>(std::max(1.0, item.at.height / em));
-        QStringList lines = wrap && most > 1 ? wrapped(text, room, font, measure) : QStringList{text};
+        QStringList lines = most > 1 ? wrapped(text, room, font, measure) : QStringList{text.text};
         const bool fits = widest(lines, font, measure) <= room && lines.size() <= most && em <= item.at.height;
         if (!fits && size > smallestSize) continue;
-        for (double virtualRoom = room; lines.size() > most; virtualRoom *= 1.1)
+        for (double virtualRoom = room; lines.size() > most; virtualRoom *= squeezeStep)
             lines = wrapped(text, virtualRoom, font, measure);
         return {lines, size, fits};
     }
@@ -102,11 +115,11 @@ QStringList partedAtBlank(const QString& text, double room, const ReportFont& fo
 }
 
 // A last line of a character or two looks like a slip: the lines share the text more evenly then.
-QStringList evened(const QString& text, const QStringList& lines, double room, const ReportFont& font,
+QStringList evened(const Pieced& text, const QStringList& lines, double room, const ReportFont& font,
                    const ReportMeasure& measure) {
     if (measure(lines.last(), font) >= room * shortestLastLine) return lines;
     if (lines.size() == 2)
-        if (const QStringList parted = partedAtBlank(text, room, font, measure); !parted.isEmpty()) return parted;
+        if (const QStringList parted = partedAtBlank(text.text, room, font, measure); !parted.isEmpty()) return parted;
     QStringList even = lines;
     for (double narrower = room * 0.95; narrower > room / 2; narrower -= room * 0.05) {
         const QStringList tried = wrapped(text, narrower, font, measure);
@@ -116,13 +129,26 @@ QStringList evened(const QString& text, const QStringList& lines, double room, c
     return even;
 }
 
-Attempt best(const QString& text, const ReportTextItem& item, const ReportMeasure& measure) {
-    Attempt attempt = largest(text, item, item.wrap, measure);
-    if (!attempt.fits || attempt.lines.size() < 2) return attempt;
-    const Attempt onOneLine = largest(text, item, false, measure);
-    if (onOneLine.fits && onOneLine.size >= attempt.size * littleSmaller) return onOneLine;
-    attempt.lines = evened(text, attempt.lines, item.at.width, item.font.sized(attempt.size), measure);
+bool isKinder(const Attempt& attempt, const Attempt& parted) {
+    if (!attempt.fits) return false;
+    return attempt.size >= std::min(parted.size, std::max(parted.size * littleSmaller, easilyRead));
+}
+
+Attempt wholeLines(const Pieced& text, const ReportTextItem& item, const ReportMeasure& measure) {
+    Attempt attempt = largest(text, item, measure);
+    if (attempt.fits && attempt.lines.size() > 1)
+        attempt.lines = evened(text, attempt.lines, item.at.width, item.font.sized(attempt.size), measure);
     return attempt;
+}
+
+// A little smaller is better than a second line, and that is better than a word in two parts.
+Attempt best(const QString& text, const ReportTextItem& item, const ReportMeasure& measure) {
+    if (!item.wrap) return largest(unbroken(text), item, measure);
+    const Attempt parted = wholeLines(betweenCharacters(text), item, measure);
+    if (!parted.fits || parted.lines.size() < 2) return parted;
+    for (const Pieced& kinder : {unbroken(text), betweenPhrases(text)})
+        if (const Attempt attempt = wholeLines(kinder, item, measure); isKinder(attempt, parted)) return attempt;
+    return parted;
 }
 
 } // namespace

@@ -71,6 +71,18 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(lacking.line({u"𠮷"_qs}), AppError);
     }
 
+    void signsThatNobodySeesAreNotDroppedInSilence() {
+        QTemporaryDir folder;
+        Csv::Writer narrow(folder.filePath(u"list.csv"_qs), Csv::Encoding::Cp932);
+        QString told;
+        try {
+            narrow.line({u"辻\U000E0100"_qs, u"港\u200B区"_qs});
+        } catch (const AppError& error) {
+            told = error.description();
+        }
+        QVERIFY2(told.contains(u"辻（異体字 U+E0100）、港（見えない文字 U+200B）"_qs), qPrintable(told));
+    }
+
     void everyFieldIsWrittenInQuotes() {
         QCOMPARE(Csv::quotedLine({u"a"_qs, u"1"_qs, QString(), u"\""_qs}), u"\"a\",\"1\",\"\",\"\"\"\""_qs);
     }

@@ -155,15 +155,49 @@ private slots:
     void missingCharactersAreTold_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("missing");
-        QTest::newRow("none") << u"山田①髙?"_qs << QString();
-        QTest::newRow("each once, in order") << u"😀𠮷a😀𠮷"_qs << u"😀𠮷"_qs;
+        QTest::newRow("none") << u"山田①髙?　x"_qs << QString();
+        QTest::newRow("each once, in order") << u"😀𠮷a😀𠮷"_qs << u"😀、𠮷"_qs;
         QTest::newRow("empty") << QString() << QString();
         QTest::newRow("wave dash is no such one") << u"\u301C\u2212"_qs << QString();
+        QTest::newRow("variant of a kanji") << u"辻\U000E0100田"_qs << u"辻（異体字 U+E0100）"_qs;
+        QTest::newRow("variant of a sign") << u"①\uFE0F"_qs << u"①（異体字 U+FE0F）"_qs;
+        QTest::newRow("variant of a missing kanji") << u"𠮷\U000E0101"_qs << u"𠮷、𠮷（異体字 U+E0101）"_qs;
+        QTest::newRow("the same variant twice")
+            << u"辻\U000E0100葛\U000E0100辻\U000E0100"_qs << u"辻（異体字 U+E0100）、葛（異体字 U+E0100）"_qs;
+        QTest::newRow("zero-width blank") << u"港\u200B区"_qs << u"港（見えない文字 U+200B）"_qs;
+        QTest::newRow("zero-width joiner") << u"葉\u200D"_qs << u"葉（見えない文字 U+200D）"_qs;
+        QTest::newRow("byte order mark at the start") << u"\uFEFF山田"_qs << u"（見えない文字 U+FEFF）"_qs;
+        QTest::newRow("two of them") << u"山\u200B\u200C"_qs
+                                     << u"山（見えない文字 U+200B）、山（見えない文字 U+200C）"_qs;
+        QTest::newRow("Hangul filler") << u"山\u3164"_qs << u"山（見えない文字 U+3164）"_qs;
+        QTest::newRow("blank that does not break") << u"港\u00A0区"_qs << u"港（見えない文字 U+00A0）"_qs;
+        QTest::newRow("end of line of another kind") << u"港\u2028区"_qs << u"港（見えない文字 U+2028）"_qs;
+        QTest::newRow("voiced mark of its own") << u"か\u3099"_qs << u"か（合成文字 U+3099）"_qs;
     }
     void missingCharactersAreTold() {
         QFETCH(QString, text);
         QFETCH(QString, missing);
-        QCOMPARE(Text::missingInCp932(text), missing);
+        QCOMPARE(Text::missingInCp932(text).join(u'、'), missing);
+    }
+
+    void codePointsStandForWhatIsMissing() {
+        QCOMPARE(Text::withCodePoints(u"𠮷田 髙橋 辻\U000E0100"_qs), u"U+20BB7田 髙橋 辻U+E0100"_qs);
+        QCOMPARE(Text::withCodePoints(u"\u00E9?"_qs), u"U+00E9?"_qs);
+    }
+
+    void phrasesKeepTheirWordsWhole_data() {
+        QTest::addColumn<QString>("phrases");
+        QTest::newRow("orthosis") << u"(修理)|右|短|下肢|装具|採寸"_qs;
+        QTest::newRow("katakana") << u"例示|リハビリテーション|病院"_qs;
+        QTest::newRow("date") << u"令和　|６年|１１月　|３日"_qs;
+        QTest::newRow("names of laws") << u"社会,|国民,|後期"_qs;
+        QTest::newRow("Latin letters") << u"PTB式|下腿|義足"_qs;
+        QTest::newRow("character of two units") << u"𠮷|田"_qs;
+        QTest::newRow("empty") << QString();
+    }
+    void phrasesKeepTheirWordsWhole() {
+        QFETCH(QString, phrases);
+        QCOMPARE(Text::phrases(QString(phrases).remove(u'|')).join(u'|'), phrases);
     }
 
     void damagedBytesReadWithoutHarm_data() {

@@ -77,6 +77,12 @@ private slots:
         QCOMPARE(textNamed(layout, u"txtBoth"_qs).sizes.first().overBytes, 14);
     }
 
+    void aTypeMaySpaceItsLetters() {
+        const QByteArray spaced = changed("\"size\": 9.5", "\"size\": 9.5, \"spacing\": 100");
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(spaced));
+        QCOMPARE(textNamed(layout, u"txtPrice"_qs).font, (ReportFont{true, 9.5, false, 100}));
+    }
+
     void aVariantChangesAddsAndTakesAway() {
         const QByteArray variant = R"({"base": "base", "paper": "B5", "bands": {"detail": {"items": {
             "txtPrice": {"at": [1, 2, 3, 4]}, "lblOffice": null, "lblNew": {"text": "new", "at": [0, 0, 1, 1]}}}}})";

@@ -47,7 +47,19 @@ private slots:
         QTest::newRow("one line a little smaller rather than two")
             << u"あいうえおかきくけこ"_qs << control(1700, 400, 10, true) << u"あいうえおかきくけこ @8.5 x1.00"_qs;
         QTest::newRow("two lines rather than one much smaller")
-            << u"あいうえおかきくけこ"_qs << control(1400, 400, 10, true) << u"あいうえおかき/くけこ @10 x1.00"_qs;
+            << u"足部足部足部足部足部"_qs << control(1400, 400, 10, true) << u"足部足部足部/足部足部 @10 x1.00"_qs;
+        QTest::newRow("keeps Japanese words together")
+            << u"右短下肢装具採寸"_qs << control(1000, 400, 10, true) << u"右短下肢/装具採寸 @10 x1.00"_qs;
+        QTest::newRow("a little smaller rather than a parted word")
+            << u"リハビリテーション病院"_qs << control(1700, 400, 10, true) << u"リハビリテーション/病院 @9 x1.00"_qs;
+        QTest::newRow("a parted word rather than much smaller")
+            << u"リハビリテーション病院"_qs << control(1200, 400, 10, true) << u"リハビリテー/ション病院 @10 x1.00"_qs;
+        QTest::newRow("a parted word rather than hard to read")
+            << u"リハビリテーション病院"_qs << control(1020, 240, 6, true) << u"リハビリテーショ/ン病院 @6 x1.00"_qs;
+        QTest::newRow("short words part behind a comma")
+            << u"社会,国民,後期,身体"_qs << control(1120, 400, 8, true) << u"社会,国民,/後期,身体 @8 x1.00"_qs;
+        QTest::newRow("a date parts behind its year")
+            << u"令和　６年１１月１２日"_qs << control(840, 400, 7, true) << u"令和　６年/１１月１２日 @7 x1.00"_qs;
         QTest::newRow("an even share parts at a blank")
             << u"あいうえ　おかきくけこさし"_qs << control(2000, 400, 10, true)
             << u"あいうえ　/おかきくけこさし @10 x1.00"_qs;

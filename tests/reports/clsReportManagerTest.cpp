@@ -190,6 +190,40 @@ private slots:
         QTEST(accounts.join(u'|'), "printed");
     }
 
+    // As long as the tables allow: nothing is cut on its way to the paper.
+    void theEstimateListHoldsEveryFieldWhole() {
+        Connection& connection = m_database->connection();
+        const auto filled = [](const QString& letter, int size) { return letter.repeated(size); };
+        connection.execute(
+            u"INSERT INTO [顧客情報] ([顧客ID], [顧客枝番], [名前1], [名前2], [都道府県], [市区郡], [住所1], [住所2])"
+            u" VALUES ('C', 1, '%1', '%2', '%3', '%4', '%5', '%6')"_qs.arg(filled(u"山"_qs, 15), filled(u"花"_qs, 15),
+                                                                           filled(u"県"_qs, 8), filled(u"市"_qs, 12),
+                                                                           filled(u"町"_qs, 40), filled(u"棟"_qs, 40)));
+        connection.execute(u"INSERT INTO [顧客カルテ] ([顧客ID], [顧客枝番], [カルテNo], [受注先])"
+                           u" VALUES ('C', 1, 1, '%1')"_qs.arg(filled(u"院"_qs, 40)));
+        connection.execute(
+            u"INSERT INTO [顧客見積情報] ([見積ID], [見積番号], [顧客ID], [顧客枝番], [カルテNo], [見積名称],"
+            u" [製品コード], [見積総合計], [採型日], [納品実績日])"
+            u" VALUES ('E1', 'E1', 'C', 1, 1, '%1', '%2', 12345678, #2024/10/12#, #2024/11/03#)"_qs.arg(
+                filled(u"靴"_qs, 50), filled(u"A"_qs, 20)));
+        clsReportManager manager;
+        manager.Prepare(connection);
+        ReportRecordset records;
+        manager.GetCsEstimateListData({}, u"[顧客見積情報].[見積ID]"_qs, 0, {}, records);
+        QCOMPARE(records.rowCount(), 1);
+        const QList<std::pair<QString, QString>> wanted{
+            {u"Order"_qs, filled(u"院"_qs, 40)},
+            {u"Addr"_qs, filled(u"県"_qs, 8) + filled(u"市"_qs, 12) + filled(u"町"_qs, 40) + filled(u"棟"_qs, 40)},
+            {u"CustNm"_qs, filled(u"山"_qs, 15) + u'　' + filled(u"花"_qs, 15)},
+            {u"EstName"_qs, filled(u"靴"_qs, 50)},
+            {u"ProductCd"_qs, filled(u"A"_qs, 20)},
+            {u"EstSum"_qs, u"12345678"_qs},
+            {u"PickPtnDate"_qs, u"令和　６年１０月１２日"_qs},
+            {u"DelvFinDate"_qs, u"令和　６年１１月　３日"_qs},
+        };
+        for (const auto& [field, value] : wanted) QCOMPARE(records.text(0, field), value);
+    }
+
     void theEstimateListLeavesOutTheLawsOfTheOfficeWhenAsked() {
         Connection& connection = m_database->connection();
         for (const QString& id : {u"E1"_qs, u"E2"_qs, u"E3"_qs})

@@ -387,12 +387,12 @@ void frmCsEstimateList::writeCsv() {
     QString path;
     Csv::Encoding encoding = Csv::Encoding::Cp932;
     if (!AskCsvSavePath(path, encoding)) return;
-    const auto each = [&](const std::function<void(const QStringList& fields)>& take) {
+    const auto each = [&](const std::function<void(const clsCsEstimate&, const clsCustomer&)>& take) {
         whileBusy(u"CSV出力中"_qs, [&](const std::function<bool()>& pause) {
             gCsEstimateManager.ForEachOf(
                 ids,
                 [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
-                    take(EstimateCsv::fields(estimate, customer));
+                    take(estimate, customer);
                 },
                 pause);
         });
@@ -400,9 +400,12 @@ void frmCsEstimateList::writeCsv() {
     if (encoding == Csv::Encoding::Cp932) {
         QList<EstimateCsv::Lacking> lacking;
         qint64 row = 0;
-        each([&](const QStringList& fields) { lacking << EstimateCsv::lacking(++row, fields); });
+        each([&](const clsCsEstimate& estimate, const clsCustomer& customer) {
+            lacking << EstimateCsv::lacking(++row, estimate, customer);
+        });
         if (!lacking.isEmpty()) {
-            const QString question = u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n\n"_qs;
+            const QString question = u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
+                                     u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs;
             if (ShowMessage(904, question + EstimateCsv::told(lacking)) != AnswerYes) return;
             encoding = Csv::Encoding::Utf8;
         }
@@ -410,8 +413,8 @@ void frmCsEstimateList::writeCsv() {
     Csv::Writer file(path, encoding);
     file.line(EstimateCsv::columns());
     qint64 written = 0;
-    each([&](const QStringList& fields) {
-        file.line(fields);
+    each([&](const clsCsEstimate& estimate, const clsCustomer& customer) {
+        file.line(EstimateCsv::fields(estimate, customer));
         ++written;
     });
     file.commit();

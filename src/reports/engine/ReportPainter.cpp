@@ -29,10 +29,24 @@ void paintBox(QPainter& painter, const ReportPageBox& box) {
 }
 
 // The types have no bold cut, so the outline of the letters is drawn over them.
-void thicken(QPainter& painter, const ReportPageText& text) {
+void thicken(QPainter& painter, const QPointF& at, const QString& text, const ReportFont& font) {
     QPainterPath letters;
-    letters.addText(QPointF(0, 0), paperFont(text.font), text.text);
-    painter.strokePath(letters, QPen(Qt::black, text.font.size * boldness, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    letters.addText(at, paperFont(font), text);
+    painter.strokePath(letters, QPen(Qt::black, font.size * boldness, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+}
+
+void paintLetters(QPainter& painter, const QPointF& at, const QString& text, const ReportFont& font) {
+    painter.drawText(at, text);
+    if (font.bold) thicken(painter, at, text, font);
+}
+
+// Letter by letter, as a PDF loses the places of letters that the type itself spaces.
+void paintSpaced(QPainter& painter, const QString& text, const ReportFont& font) {
+    double x = 0;
+    for (const QChar letter : text) {
+        paintLetters(painter, QPointF(x, 0), letter, font);
+        x += measurePaperText(letter, font) + font.spacing;
+    }
 }
 
 void paintText(QPainter& painter, const ReportPageText& text) {
@@ -41,8 +55,10 @@ void paintText(QPainter& painter, const ReportPageText& text) {
     painter.scale(text.squeeze, 1);
     painter.setPen(Qt::black);
     painter.setFont(paperFont(text.font));
-    painter.drawText(QPointF(0, 0), text.text);
-    if (text.font.bold) thicken(painter, text);
+    if (text.font.spacing == 0)
+        paintLetters(painter, QPointF(0, 0), text.text, text.font);
+    else
+        paintSpaced(painter, text.text, text.font);
     painter.restore();
 }
 

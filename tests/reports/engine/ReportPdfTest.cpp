@@ -7,6 +7,7 @@
 #include "support/ReportSamples.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -33,6 +34,21 @@ QString textIn(const QByteArray& pdf, const QStringList& options = {}) {
     const QByteArray warnings = reader.readAllStandardError();
     if (!warnings.isEmpty()) return QString::fromUtf8(warnings);
     return QString::fromUtf8(reader.readAllStandardOutput()).remove(u' ').remove(u'\n').remove(u'\f').remove(u'　');
+}
+
+// Where the words of the file start, in twips from the left.
+QList<int> wordStarts(const QByteArray& pdf) {
+    static const QRegularExpression word(u"<word xMin=\"([0-9.]+)\""_qs);
+    QList<int> starts;
+    QProcess reader;
+    reader.start(u"pdftotext"_qs, {u"-bbox"_qs, u"-"_qs, u"-"_qs});
+    reader.write(pdf);
+    reader.closeWriteChannel();
+    reader.waitForFinished();
+    const QString found = QString::fromUtf8(reader.readAllStandardOutput());
+    for (auto match = word.globalMatch(found); match.hasNext();)
+        starts << qRound(match.next().captured(1).toDouble() * 20);
+    return starts;
 }
 
 // The characters of a font that share their glyph with a radical.
@@ -85,6 +101,14 @@ private slots:
         const QString text = ideographsWithRadicals(gothic);
         QVERIFY(text.size() > 100);
         QCOMPARE(textIn(pdfOfPages({pageOf(text, gothic)}, u"test"_qs)), text);
+    }
+
+    void spacedLettersStandApart() {
+        ReportPage page = pageOf(u"見積データ"_qs, false);
+        page.texts.first().font = {false, 18, true, 180};
+        const QByteArray pdf = pdfOfPages({page}, u"test"_qs);
+        QCOMPARE(textIn(pdf), u"見積データ"_qs);
+        QCOMPARE(wordStarts(pdf), (QList<int>{600, 1140, 1680, 2220, 2760}));
     }
 
     void aWholeDocumentIsFoundPageByPage() {
