@@ -73,7 +73,7 @@ void Grid::setEntries(int column, const QStringList& texts) {
 void Grid::applyWidths() {
     m_half = fontMetrics().horizontalAdvance(u'@');
     m_full = fontMetrics().horizontalAdvance(u'国');
-    verticalHeader()->setDefaultSectionSize(QApplication::fontMetrics().height() + 8);
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(QApplication::font()).height() + 8);
     for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(column(i).width));
     horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
 }
@@ -213,10 +213,12 @@ void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
     QTableView::closeEditor(editor, hint);
 }
 
-void Grid::endEdit() {
-    if (!m_editor) return;
+bool Grid::endEdit() {
+    if (!m_editor) return true;
+    if (!static_cast<GridDelegate*>(itemDelegate())->mayLeave(m_editor)) return false;
     commitData(m_editor);
     closeEditor(m_editor, QAbstractItemDelegate::NoHint);
+    return true;
 }
 
 void Grid::giveUpEdit() {

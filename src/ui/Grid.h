@@ -64,8 +64,8 @@ public:
     bool beginEdit(int row, int column);
     // The field of the running edit, or nothing.
     QWidget* editor() const { return m_editor; }
-    // Ends the running edit, taking over what was typed.
-    void endEdit();
+    // Ends the running edit, taking over what was typed. False when that cannot be taken, which was told.
+    bool endEdit();
     // Ends it and leaves the cell as it was.
     void giveUpEdit();
     // The value that a text typed into a column means; nothing when its list does not take the text.

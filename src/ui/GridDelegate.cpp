@@ -9,6 +9,7 @@
 #include "ui/Style.h"
 #include "ui/TextField.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -31,6 +32,12 @@ QPointF baseline(const QString& text, const QRect& room, Qt::Alignment alignment
     if (alignment & Qt::AlignRight) left += room.width() - metrics.horizontalAdvance(text);
     if (alignment & Qt::AlignHCenter) left += (room.width() - metrics.horizontalAdvance(text)) / 2;
     return QPointF(left, room.top() + (room.height() - metrics.height()) / 2 + metrics.ascent());
+}
+
+// Into a control of the same window; another window or a list that drops down only borrows the focus.
+bool leavesTheGrid(const Grid* grid) {
+    const QWidget* now = QApplication::focusWidget();
+    return now && now->window() == grid->window() && !grid->isAncestorOf(now) && now != grid;
 }
 
 QString noSuchEntry(const QString& text) {
@@ -156,21 +163,47 @@ bool GridDelegate::isEntry(const QString& text) const {
     return text == cell.data().toString() || m_grid->m_model->valueOfText(cell.column(), text);
 }
 
+QString GridDelegate::complaintOf(QWidget* editor) const {
+    if (auto* field = qobject_cast<EntryField*>(editor)) return field->commit() ? QString() : field->complaint();
+    const auto* list = qobject_cast<ChoiceBox*>(editor);
+    return !list || isEntry(list->text()) ? QString() : noSuchEntry(list->text());
+}
+
+bool GridDelegate::mayLeave(QWidget* editor) const {
+    const QString complaint = complaintOf(editor);
+    if (complaint.isEmpty()) return true;
+    ShowMessage(901, complaint);
+    editor->setFocus(Qt::OtherFocusReason);
+    if (auto* list = qobject_cast<ChoiceBox*>(editor))
+        list->lineEdit()->selectAll();
+    else
+        qobject_cast<EntryField*>(editor)->selectAll();
+    return false;
+}
+
 void GridDelegate::leaveTowardsNext(QWidget* editor) {
-    if (auto* field = qobject_cast<EntryField*>(editor); field && !field->commit()) return field->complain();
-    if (auto* list = qobject_cast<ChoiceBox*>(editor); list && !isEntry(list->text())) {
-        ShowMessage(901, noSuchEntry(list->text()));
-        list->setFocus();
-        return list->lineEdit()->selectAll();
-    }
+    if (!mayLeave(editor)) return;
     emit commitData(editor);
     emit closeEditor(editor);
     m_grid->setFocus();
-    m_grid->goToNextCell();
+    if (m_grid->goToNextCell()) return;
+    QKeyEvent behind(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier); // which the screen takes
+    QCoreApplication::sendEvent(m_grid, &behind);
+}
+
+// The editor stays open over a wrong text, like a field.
+void GridDelegate::complainUnlessExcused(QWidget* editor) {
+    const auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+    if (!button || !button->property("leavesUnchecked").toBool()) mayLeave(editor);
 }
 
 bool GridDelegate::eventFilter(QObject* object, QEvent* event) {
     auto* editor = qobject_cast<QWidget*>(object);
+    if (editor && event->type() == QEvent::FocusOut && leavesTheGrid(m_grid) && !complaintOf(editor).isEmpty()) {
+        QMetaObject::invokeMethod(
+            editor, [this, editor] { complainUnlessExcused(editor); }, Qt::QueuedConnection);
+        return true;
+    }
     if (!editor || event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(object, event);
     const auto* key = static_cast<QKeyEvent*>(event);
     switch (key->key()) {

@@ -19,6 +19,9 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+    // Whether what stands in an editor can be taken; if not, it is told and the editor has the focus.
+    bool mayLeave(QWidget* editor) const;
+
 protected:
     bool eventFilter(QObject* editor, QEvent* event) override;
 
@@ -27,6 +30,8 @@ private:
     QWidget* makeListEditor(QWidget* parent, int column) const;
     void tellLater(const QString& complaint) const;
     bool isEntry(const QString& text) const;
+    QString complaintOf(QWidget* editor) const;
+    void complainUnlessExcused(QWidget* editor);
     void leaveTowardsNext(QWidget* editor);
 
     Grid* m_grid;

@@ -119,6 +119,11 @@ void KeyedList::refresh(int row, const QString& key) {
     m_grid->setRowValues(row, found.value(key));
 }
 
+void KeyedList::tellGone(int row, const QString& what) {
+    ShowMessage(121, what);
+    remove(row);
+}
+
 void KeyedList::remove(int row) {
     m_grid->removeRow(row);
     showCount();

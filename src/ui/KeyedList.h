@@ -29,8 +29,8 @@ public:
     bool awaitRows();
     // Rewrites a row from the database; it goes when it is not there any more.
     void refresh(int row, const QString& key);
-    // Takes a row off that is known to be gone.
-    void remove(int row);
+    // Tells that a row is not there any more, and takes it off; `what` is the word for what it showed.
+    void tellGone(int row, const QString& what);
     // Puts a row that was stored just now at the end, and makes it the current one.
     void append(const QString& key);
     // No row is there, and none is on its way.
@@ -49,6 +49,7 @@ private:
     };
 
     void showRead();
+    void remove(int row);
     void hideOld();
     void showOld();
     void takeFirst();

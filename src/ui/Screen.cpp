@@ -15,6 +15,8 @@
 #include <QTabWidget>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 bool isCommand(const QWidget* widget) {
@@ -59,12 +61,7 @@ bool turnsPage(const QObject* watched, const QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) return qobject_cast<const QTabBar*>(watched);
     if (event->type() != QEvent::KeyPress || !qobject_cast<const QTabWidget*>(watched)) return false;
     const auto* key = static_cast<const QKeyEvent*>(event);
-    return key->matches(QKeySequence::NextChild) || key->matches(QKeySequence::PreviousChild);
-}
-
-Grid* gridAround(QWidget* widget) {
-    while (widget && !qobject_cast<Grid*>(widget)) widget = widget->parentWidget();
-    return qobject_cast<Grid*>(widget);
+    return key->modifiers() & Qt::ControlModifier && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab);
 }
 
 } // namespace
@@ -124,13 +121,14 @@ void Screen::goToNextField(bool forwards) {
     if (command && forwards) command->setFocus(Qt::TabFocusReason);
 }
 
-void Screen::endCellEdit() {
-    if (Grid* grid = gridAround(focusWidget()); grid && grid->editor()) grid->endEdit();
+bool Screen::endCellEdit() {
+    const QList<Grid*> grids = findChildren<Grid*>();
+    return std::all_of(grids.begin(), grids.end(), [](Grid* grid) { return grid->endEdit(); });
 }
 
 // The field of the focus first. Another may hold a wrong entry, too, since the operator may leave one to give up.
 bool Screen::leaveField() {
-    endCellEdit();
+    if (!endCellEdit()) return false;
     QList<EntryField*> fields = findChildren<EntryField*>();
     if (auto* current = qobject_cast<EntryField*>(focusWidget())) fields.prepend(current);
     for (EntryField* field : fields) {
@@ -152,8 +150,7 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
 
 bool Screen::mayClose() {
     bool may = false;
-    endCellEdit();
-    guarded([&] { may = queryUnload(); });
+    guarded([&] { may = endCellEdit() && queryUnload(); });
     return may;
 }
 

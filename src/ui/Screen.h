@@ -50,7 +50,7 @@ protected:
 private:
     void takeReturn(bool forwards);
     void goToNextField(bool forwards);
-    void endCellEdit();
+    bool endCellEdit();
     bool mayClose();
 
     QHash<QWidget*, std::function<void()>> m_returnWork;

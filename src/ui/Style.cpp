@@ -154,5 +154,5 @@ QFont Style::gridFont() {
 }
 
 int Style::charactersWide(int characters) {
-    return QApplication::fontMetrics().horizontalAdvance(u'0') * characters + 2 * gap;
+    return QFontMetrics(QApplication::font()).horizontalAdvance(u'0') * characters + 2 * gap;
 }

@@ -274,13 +274,19 @@ private slots:
         QVERIFY2(messages.texts.first().contains(u"「ZZ」"_qs), qPrintable(messages.texts.first()));
         QVERIFY(m_grid->editor()); // to be mended where it stands
         QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
-        m_grid->endEdit();
-        QCoreApplication::processEvents();
+        QVERIFY(!m_grid->endEdit());
         QCOMPARE(messages.texts.size(), 2);
+        m_form->leave(); // for another field
+        QCOMPARE(messages.texts.size(), 3);
+        QVERIFY(m_grid->editor() && m_grid->editor()->hasFocus());
+        m_grid->setCurrent(3, Item); // for another cell
+        QTRY_COMPARE(messages.texts.size(), 4);
+        QVERIFY(!m_grid->editor());
         QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
         enter(2, Item, u"義"_qs); // two of them
-        QCOMPARE(messages.texts.size(), 3);
+        QCOMPARE(messages.texts.size(), 5);
         m_grid->giveUpEdit();
+        QCOMPARE(m_grid->value(2, Item), u"義手"_qs);
     }
 
     void readOnlyRowOpensWithReturn() {

@@ -181,6 +181,7 @@ void frmCustomerList::open(qint16 mode) {
     const int row = ui->flxData->currentRow();
     const QString id = ui->flxData->value(row, CustId);
     const QString branch = ui->flxData->value(row, CustSubId);
+    if (id.isEmpty()) return m_rows->tellGone(row, u"顧客"_qs);
     view(mode, id, branch, [&] { m_rows->refresh(row, clsCustomerManager::listKey(id, branch)); });
 }
 

@@ -111,7 +111,7 @@ private:
 
     void showItem(int itemNo) {
         m_itemNo = itemNo;
-        m_grid->endEdit();
+        if (!m_grid->endEdit()) m_grid->giveUpEdit();
         m_grid->setRows(m_grid->rows());
         showLabels();
         int row = 0;

@@ -9,8 +9,7 @@
 GridRowCommands::GridRowCommands(Grid* grid, EstimateRowCommands* buttons) : QObject(grid), m_grid(grid) {
     const auto command = [this](QPushButton* button, void (GridRowCommands::*run)()) {
         connect(button, &QPushButton::clicked, this, [this, run] {
-            m_grid->endEdit();
-            if (m_grid->currentRow() > 0) guarded([&] { (this->*run)(); });
+            if (m_grid->endEdit() && m_grid->currentRow() > 0) guarded([&] { (this->*run)(); });
         });
     };
     command(buttons->ui->cmdAdd, &GridRowCommands::insertRow);
@@ -94,7 +93,7 @@ void GridRowCommands::removeAllRows() {
 }
 
 void GridRowCommands::moveRow(int by) {
-    m_grid->endEdit();
+    if (!m_grid->endEdit()) return;
     const int current = m_grid->currentRow();
     const int other = current + by;
     if (current < 1 || other < 1 || other > m_grid->rows()) return;

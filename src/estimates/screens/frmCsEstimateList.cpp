@@ -265,7 +265,7 @@ void frmCsEstimateList::noteTick(int row) {
 // That person's estimates alone, whoever is ticked.
 void frmCsEstimateList::openCustomer(int row) {
     const CustomerKey customer = customerAt(row);
-    if (customer.CustId.isEmpty()) return tellGone(m_customers, row, u"顧客"_qs);
+    if (customer.CustId.isEmpty()) return m_customers->tellGone(row, u"顧客"_qs);
     m_opened = customer;
     m_openedName = ui->flxCustList->value(row, CustName);
     turnTo(Estimates);
@@ -315,7 +315,7 @@ void frmCsEstimateList::openRow(qint16 mode) {
     if (!m_estimates->awaitRows() || ui->flxEstList->currentRow() < 1) return;
     const int row = ui->flxEstList->currentRow();
     const QString id = ui->flxEstList->value(row, Id);
-    if (id.isEmpty()) return tellGone(m_estimates, row, u"見積"_qs);
+    if (id.isEmpty()) return m_estimates->tellGone(row, u"見積"_qs);
     if (OpenMode == fromMenu) return edit(id, mode, row);
     EstId = id;
     EditMode = mode;
@@ -334,12 +334,6 @@ void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
         [&](frmCsEstimate& editor) { updated = editor.Updated; });
     if (updated || !opened) m_estimates->refresh(row, id);
     ui->flxEstList->setFocus();
-}
-
-// Another machine has deleted it since.
-void frmCsEstimateList::tellGone(KeyedList* list, int row, const QString& what) {
-    ShowMessage(121, what);
-    list->remove(row);
 }
 
 void frmCsEstimateList::whileBusy(const QString& word,

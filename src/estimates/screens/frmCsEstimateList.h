@@ -78,7 +78,6 @@ private:
     // --- commands ---
     void openRow(qint16 mode);
     void edit(const QString& id, qint16 mode, int row);
-    void tellGone(KeyedList* list, int row, const QString& what);
     void writeCsv();
     void print(int member);
     // Runs long work that says how far it is; the screen waits for its end.
