@@ -26,14 +26,17 @@ protected:
         painter->drawLine(rect.bottomLeft(), rect.bottomRight());
         painter->setPen(isEnabled() ? Style::ink : palette().color(QPalette::Disabled, QPalette::Text));
         const QString title = model()->headerData(column, Qt::Horizontal).toString();
-        painter->drawText(rect.adjusted(2, 0, -2, 0), Qt::AlignCenter | Qt::TextSingleLine,
-                          fontMetrics().elidedText(title, Qt::ElideRight, rect.width() - 4));
+        static_cast<const Grid*>(parentWidget())
+            ->letters()
+            .paint(*painter, rect.adjusted(2, 0, -2, 0), Qt::AlignHCenter, title);
     }
 };
 
 } // namespace
 
-Grid::Grid(QWidget* parent) : QTableView(parent), m_model(new GridModel(this)) {
+Grid::Grid(QWidget* parent)
+    : QTableView(parent), m_model(new GridModel(this)),
+      m_letters(std::make_unique<GridLetters>(Style::gridFont())) {
     setHorizontalHeader(new GridHeading(this));
     setModel(m_model);
     setItemDelegate(new GridDelegate(this));
@@ -71,17 +74,10 @@ void Grid::setEntries(int column, const QStringList& texts) {
 }
 
 void Grid::applyWidths() {
-    m_half = fontMetrics().horizontalAdvance(u'@');
-    m_full = fontMetrics().horizontalAdvance(u'国');
+    m_letters = std::make_unique<GridLetters>(font());
     verticalHeader()->setDefaultSectionSize(QFontMetrics(QApplication::font()).height() + 8);
     for (int i = 0; i < columns(); ++i) setColumnWidth(i, Style::charactersWide(column(i).width));
     horizontalHeader()->setStretchLastSection(columns() > 0 && isList());
-}
-
-bool Grid::surelyFits(const QString& text, int width) const {
-    int widest = 0;
-    for (const QChar sign : text) widest += sign >= u' ' && sign <= u'~' ? m_half : m_full;
-    return widest <= width;
 }
 
 bool Grid::isList() const {

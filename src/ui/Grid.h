@@ -1,9 +1,12 @@
 #pragma once
 
+#include "ui/GridLetters.h"
 #include "ui/GridModel.h"
 
 #include <QPointer>
 #include <QTableView>
+
+#include <memory>
 
 // A table of text cells. Rows count from 1 for the first data row; columns carry the numbers of the list that set them.
 //
@@ -64,6 +67,8 @@ public:
     bool beginEdit(int row, int column);
     // The field of the running edit, or nothing.
     QWidget* editor() const { return m_editor; }
+    // Paints its texts.
+    const GridLetters& letters() const { return *m_letters; }
     // Ends the running edit, taking over what was typed. False when that cannot be taken, which was told.
     bool endEdit();
     // Ends it and leaves the cell as it was.
@@ -112,8 +117,6 @@ private:
     bool isList() const;
     int tickColumn() const; // -1: none
     void applyWidths();
-    // True when a text needs no measuring to tell that it is not too long; measuring takes as long as drawing.
-    bool surelyFits(const QString& text, int width) const;
     bool showsRow(int row) const { return row >= 1 && row <= rows(); }
 
     GridModel* m_model;
@@ -121,6 +124,5 @@ private:
     int m_sortColumn = -1;
     bool m_sortUpwards = true;
     bool m_filling = false;
-    int m_half = 1; // the widest letter, digit or sign of half width
-    int m_full = 1; // a full-width one
+    std::unique_ptr<GridLetters> m_letters; // of the font as it stands
 };

@@ -26,14 +26,6 @@ std::optional<QString> typedText(QWidget* editor) {
 
 constexpr int textMargin = 4;
 
-// Where a text of one line starts. Laid out in a rectangle by the toolkit it takes a third longer to draw.
-QPointF baseline(const QString& text, const QRect& room, Qt::Alignment alignment, const QFontMetrics& metrics) {
-    int left = room.left();
-    if (alignment & Qt::AlignRight) left += room.width() - metrics.horizontalAdvance(text);
-    if (alignment & Qt::AlignHCenter) left += (room.width() - metrics.horizontalAdvance(text)) / 2;
-    return QPointF(left, room.top() + (room.height() - metrics.height()) / 2 + metrics.ascent());
-}
-
 // Into a control of the same window; another window or a list that drops down only borrows the focus.
 bool leavesTheGrid(const Grid* grid) {
     const QWidget* now = QApplication::focusWidget();
@@ -91,10 +83,7 @@ void GridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& opti
     const QRect room = cell.adjusted(textMargin, 0, -textMargin, 0);
     painter->setPen(option.palette.color(isEnabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text));
     const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-    const QString seen = m_grid->surelyFits(text, room.width())
-                             ? text
-                             : option.fontMetrics.elidedText(text, Qt::ElideRight, room.width());
-    painter->drawText(baseline(seen, room, alignment, option.fontMetrics), seen);
+    m_grid->letters().paint(*painter, room, alignment, text);
 }
 
 QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {

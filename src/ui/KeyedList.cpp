@@ -31,7 +31,12 @@ void KeyedList::show(const QString& statement) {
     m_awaits = true;
     m_grid->setFilling(true);
     m_reader.read(statement);
-    m_reader.awaitFirst(unseenWait);
+    // What the screen still has to do is done meanwhile; it is not painted before.
+    QMetaObject::invokeMethod(this, &KeyedList::awaitUnseen, Qt::QueuedConnection);
+}
+
+void KeyedList::awaitUnseen() {
+    if (m_awaits) m_reader.awaitFirst(unseenWait);
     if (m_awaits) hideOld();
 }
 

@@ -48,6 +48,7 @@ private:
         bool sortsUpwards = true;
     };
 
+    void awaitUnseen();
     void showRead();
     void remove(int row);
     void hideOld();
