@@ -9,16 +9,16 @@ namespace {
 qint32 discountOf(const QString& text) { return IsNumericText(text, false) ? ToInt16(Val(text)) : 100; }
 
 // Each line is rounded as it is added.
-template <class Line> qint32 totalOf(const QList<Line>& lines) {
+qint32 totalOf(const QStringList& amounts) {
     qint32 total = 0;
-    for (const Line& line : lines) total = ToInt(total + Val(line.Price));
+    for (const QString& amount : amounts) total = ToInt(total + Val(amount));
     return total;
 }
 
 } // namespace
 
-EstimateAmounts recalcAmounts(const Percentages& percentages, const QList<clsCsMakeElmt>& makeElements,
-                              const QList<clsCsCmpltElmt>& completeParts) {
+EstimateAmounts recalcAmounts(const Percentages& percentages, const QStringList& makeElements,
+                              const QStringList& completeParts) {
     EstimateAmounts amounts;
     const double tax = IsNumericText(percentages.tax, false) ? Val(percentages.tax) : 0;
     CalcAmounts(totalOf(makeElements), totalOf(completeParts), discountOf(percentages.discount1),
@@ -32,10 +32,6 @@ QString storedDiscount(const QString& text) {
 }
 
 QString storedTax(const QString& text) { return IsNumericText(text, false) ? Text::rightTrimmed(text) : u"0"_qs; }
-
-QString lineAmount(const QString& unitPrice, const QString& quantity) {
-    return numberText(Val(unitPrice) * Val(quantity));
-}
 
 Money sumOfAmounts(const QStringList& amounts) {
     Money sum;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/Money.h"
-#include "estimates/EstimateRecords.h"
 
 #include <QList>
 #include <QString>
@@ -25,17 +24,14 @@ struct EstimateAmounts {
     qint32 beforeTax() const { return makeElements + completeParts; }
 };
 
-// The amounts of all lines of all items. A discount that is no number counts as 100, a tax as 0; a line amount counts
-// with the number at its start. Raises an overflow error beyond 32 bits.
-EstimateAmounts recalcAmounts(const Percentages& percentages, const QList<clsCsMakeElmt>& makeElements,
-                              const QList<clsCsCmpltElmt>& completeParts);
+// Of the amounts of all lines of all items. A discount that is no number counts as 100, a tax as 0; a line amount
+// counts with the number at its start. Raises an overflow error beyond 32 bits.
+EstimateAmounts recalcAmounts(const Percentages& percentages, const QStringList& makeElements,
+                              const QStringList& completeParts);
 
 // What a save stores for the text of a box: itself when it is a number, else 100, or 0 for the tax.
 QString storedDiscount(const QString& text);
 QString storedTax(const QString& text);
-
-// Unit price times quantity as plain text, not rounded; both count with the number at their start.
-QString lineAmount(const QString& unitPrice, const QString& quantity);
 
 // The sum of amounts as texts, an empty one counting 0.
 Money sumOfAmounts(const QStringList& amounts);

@@ -15,6 +15,16 @@ bool isDate(const QString& text) {
 
 } // namespace
 
+const QList<QString clsCsEstimate::*>& workDates() {
+    using Estimate = clsCsEstimate;
+    static const QList<QString Estimate::*> dates{
+        &Estimate::RecvDate,      &Estimate::EstDate,      &Estimate::TickRsvDate,  &Estimate::PickPtnDate,
+        &Estimate::TmpSetPlnDate, &Estimate::TmpSetFinDate, &Estimate::CmpltPlnDate, &Estimate::CmpltFinDate,
+        &Estimate::DelvPlnDate,   &Estimate::DelvFinDate,  &Estimate::AskPlnDate,   &Estimate::AskFinDate,
+        &Estimate::PayInPlnDate,  &Estimate::PayInFinDate};
+    return dates;
+}
+
 QString statusOf(const clsCsEstimate& estimate, const QList<clsCsEstAsk>& claims) {
     const QList<std::pair<QString, QString>> stages{
         {estimate.RecvDate, WorkStatus::Reception},    {estimate.EstDate, WorkStatus::Estimate},

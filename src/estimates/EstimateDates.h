@@ -20,9 +20,10 @@ inline const QString Completion = u"3"_qs;
 inline const QString Delivery = u"2"_qs;
 inline const QString Payment = u"1"_qs;
 inline const QString Uncollected = u"99"_qs;
-// The name by which the operator's own choice of 未回収 is recognised.
-inline const QString UncollectedName = u"未回収"_qs;
 } // namespace WorkStatus
+
+// The members of the planned and the actual dates of the work.
+const QList<QString clsCsEstimate::*>& workDates();
 
 // The number of the last stage that has its date; a gap before it does not matter. Payment needs at least one claim
 // line, and a payment date on every one.

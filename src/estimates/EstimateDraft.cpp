@@ -5,6 +5,7 @@
 #include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "composition/LineRules.h"
 #include "customers/ChartParties.h"
 #include "customers/clsCsInsManager.h"
 #include "db/AskingOutside.h"
@@ -16,6 +17,7 @@
 namespace {
 
 constexpr int taxSetting = 2;
+const QString wholePrice = u"100"_qs;
 
 // The save of one draft, step by step. A step that the operator refuses answers false.
 class Saver {
@@ -135,10 +137,10 @@ private:
 
     void saveRows() {
         const QString EstId = estimate().EstId;
-        for (clsCsItem& item : m_draft.items) item.EstId = EstId;
-        gCsItemManager.SaveData(m_draft.items);
-        saveLines(gCsMakeElmtManager, m_draft.lines.make.stored(EstId), EstId);
-        saveLines(gCsCmpltElmtManager, m_draft.lines.parts.stored(EstId), EstId);
+        const EstimateRows rows = rowsOf(m_draft.composition, EstId);
+        gCsItemManager.SaveData(rows.items);
+        saveLines(gCsMakeElmtManager, rows.make, EstId);
+        saveLines(gCsCmpltElmtManager, rows.parts, EstId);
         // Without a claim row the old claim rows stay.
         gCsEstAskManager.SaveData(m_draft.claimLines());
     }
@@ -168,12 +170,6 @@ ClaimRow rowOf(const clsCsEstAsk& ask) {
     return row;
 }
 
-// A stored line has no unit price of its own; it is what makes the amount of its quantity.
-template <class Line> void addUnitPrices(QList<Line>& lines) {
-    for (Line& line : lines)
-        line.UnitPrice = Val(line.Suryo) == 0 ? line.Price : numberText(Val(line.Price) / Val(line.Suryo));
-}
-
 } // namespace
 
 QList<ClaimRow> EstimateDraft::usedClaims() const {
@@ -198,8 +194,72 @@ QList<clsCsEstAsk> EstimateDraft::claimLines() const {
     return asks;
 }
 
+EstimateAmounts EstimateDraft::amounts() const {
+    return recalcAmounts({estimate.Discount1, estimate.Discount2, estimate.Discount3, estimate.Tax},
+                         composition.column(&ComposedItem::make, MakeLine::Price),
+                         composition.column(&ComposedItem::parts, PartsLine::Price));
+}
+
+void EstimateDraft::takeAmounts() {
+    const EstimateAmounts now = amounts();
+    estimate.Total = QString::number(now.beforeTax());
+    estimate.EstSum = QString::number(now.total);
+}
+
+// --- the commands ---
+
+void EstimateDraft::becomeNew() {
+    estimate.EstId.clear();
+    estimate.EstNo.clear();
+    estimate.UpdDate.clear();
+    estimate.OpnPrtDate.clear();
+    estimate.PriceSedYear = gPriceYear;
+    for (ClaimRow& claim : claims) claim.ask.AskDate.clear();
+}
+
+void EstimateDraft::clearPerson() {
+    customer = {};
+    chart = {};
+    orderCd.clear();
+    estimate.GrantNo.clear();
+    for (ClaimRow& claim : claims) claim = {{}, {}, {}, {}, {}, claim.ask};
+}
+
+void EstimateDraft::clearEstimate(Clearing level) {
+    uncollected = false;
+    estimate.ProcKbnNo = WorkStatus::Nothing;
+    for (const auto date : workDates()) (estimate.*date).clear();
+    for (const auto date : {&clsCsEstimate::EstPrtDate, &clsCsEstimate::ItmPrtDate, &clsCsEstimate::DtlPrtDate})
+        (estimate.*date).clear();
+    for (ClaimRow& claim : claims) claim.ask = {};
+    if (level == Clearing::Dates) return;
+    estimate.EstNm.clear();
+    estimate.ProductCd.clear();
+    partialPayment.clear();
+    composition.clear();
+    if (level == Clearing::ContentsAndDates) return;
+    for (const auto text : {&clsCsEstimate::ProducerNm, &clsCsEstimate::LifeYear, &clsCsEstimate::LifeEnd,
+                            &clsCsEstimate::Category, &clsCsEstimate::Frame, &clsCsEstimate::Charge1Nm,
+                            &clsCsEstimate::Memo})
+        (estimate.*text).clear();
+    estimate.Discount1 = estimate.Discount2 = estimate.Discount3 = wholePrice;
+}
+
+void EstimateDraft::takeCurrentTax() { estimate.Tax = gSysSettingManager.value(taxSetting); }
+
+EstimateDraft newOrder() {
+    EstimateDraft draft;
+    draft.estimate.ProcKbnNo = WorkStatus::Nothing;
+    draft.estimate.PriceSedYear = gPriceYear;
+    draft.estimate.Discount1 = draft.estimate.Discount2 = draft.estimate.Discount3 = wholePrice;
+    draft.takeCurrentTax();
+    return draft;
+}
+
+// --- between screen and tables ---
+
 SaveResult saveEstimate(Connection& connection, EstimateDraft& draft) {
-    if (draft.lines.isEmpty()) {
+    if (!draft.composition.hasLines()) {
         ShowMessage(124, u"見積明細(基本・製作要素／完成要素)"_qs);
         return SaveResult::Refused;
     }
@@ -226,15 +286,11 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
     draft.orderCd = orderCodeOf(draft.chart);
 
     const QString where = u"[見積ID] = "_qs + sqlText(EstId);
-    gCsItemManager.GetList(draft.items, where, u"[見積ID],[見積種目No]"_qs);
-    QList<clsCsMakeElmt> make;
-    QList<clsCsCmpltElmt> parts;
-    gCsMakeElmtManager.GetList(make, where, u"[見積ID],[見積種目No],[要素No]"_qs);
-    gCsCmpltElmtManager.GetList(parts, where, u"[見積ID],[見積種目No],[要素No]"_qs);
-    addUnitPrices(make);
-    addUnitPrices(parts);
-    draft.lines.make.setAll(make);
-    draft.lines.parts.setAll(parts);
+    EstimateRows rows;
+    gCsItemManager.GetList(rows.items, where, u"[見積ID],[見積種目No]"_qs);
+    gCsMakeElmtManager.GetList(rows.make, where, u"[見積ID],[見積種目No],[要素No]"_qs);
+    gCsCmpltElmtManager.GetList(rows.parts, where, u"[見積ID],[見積種目No],[要素No]"_qs);
+    draft.composition = composed(rows);
 
     QList<clsCsEstAsk> asks;
     gCsEstAskManager.GetList(asks, where, u"[見積ID],[請求No]"_qs);

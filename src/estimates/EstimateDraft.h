@@ -2,8 +2,8 @@
 
 #include "customers/clsChartManager.h"
 #include "customers/clsCustomerManager.h"
-#include "estimates/EstimateLines.h"
-#include "estimates/EstimateRecords.h"
+#include "estimates/EstimateAmounts.h"
+#include "estimates/EstimateComposition.h"
 
 #include <QList>
 #include <QString>
@@ -26,15 +26,31 @@ struct EstimateDraft {
     QString orderCd;               // code of the ordering party as typed
     QList<ClaimRow> claims;        // the rows of the insurance grid, empty ones included
     clsCsEstimate estimate;        // `UpdDate` is that of the last load
-    QList<clsCsItem> items;        // numbered from 1
-    EstimateLines lines;
+    Composition composition;
     QString partialPayment;        // the advance payment, empty when not filled
     bool uncollected = false;      // the operator's 未回収
 
     QList<ClaimRow> usedClaims() const;
     // The claim lines as they are stored: numbered from 1, with the advance payment in the first.
     QList<clsCsEstAsk> claimLines() const;
+    EstimateAmounts amounts() const;
+    // Brings the stored amounts in line with the composition and the percentages.
+    void takeAmounts();
+
+    // --- what the commands of the editor make of it ---
+    // A new estimate for the same contents: without numbers, of the price year in force.
+    void becomeNew();
+    // Nobody's: no person, no case, no payer.
+    void clearPerson();
+    // How much of the estimate part goes: all, all but the people in charge and the discounts, or the dates and claims
+    // alone. The tax stays.
+    enum class Clearing { Everything, ContentsAndDates, Dates };
+    void clearEstimate(Clearing level);
+    void takeCurrentTax();
 };
+
+// An order to be filled in: whole prices, the tax of the settings.
+EstimateDraft newOrder();
 
 enum class SaveResult { Saved, Refused };
 

@@ -35,14 +35,12 @@ struct clsCsItem {
 struct clsCsMakeElmt {
     QString EstId, EstItemNo, ElmtNo;
     QString MakeElmt, Materials, Suryo, Price;
-    QString UnitPrice; // while the line is edited; not stored
 };
 
 // A completed part line.
 struct clsCsCmpltElmt {
     QString EstId, EstItemNo, ElmtNo;
     QString PartsNm, Form, MakerNm, PartsCd, Suryo, Price;
-    QString UnitPrice; // while the line is edited; not stored
 };
 
 // A claim line; at most 4, numbered from 1.

@@ -4,12 +4,15 @@
 
 namespace {
 
+using Field = DocumentOrder::Field;
+
 bool isTicked(const PrintGridRow& row, DocumentKind kind) { return row.ticked.at(static_cast<size_t>(kind) - 1); }
 
-DocumentOrder refused(const QString& message, int row = -1) {
+DocumentOrder refused(const QString& message, Field field = Field::None, int row = -1) {
     DocumentOrder order;
     order.outcome = DocumentOrder::Outcome::Refused;
     order.message = message;
+    order.field = field;
     order.row = row;
     return order;
 }
@@ -18,10 +21,10 @@ DocumentOrder refused(const QString& message, int row = -1) {
 std::optional<DocumentOrder> missingAmount(const QList<PrintGridRow>& rows) {
     for (int row = 0; row < rows.size(); ++row)
         if (isTicked(rows.at(row), DocumentKind::Invoice) && rows.at(row).askPrice == Money())
-            return refused(u"請求金額を入力して下さい。"_qs, row);
+            return refused(u"請求金額を入力して下さい。"_qs, Field::AskPrice, row);
     for (int row = 0; row < rows.size(); ++row)
         if (isTicked(rows.at(row), DocumentKind::Receipt) && rows.at(row).payPrice == Money())
-            return refused(u"領収金額を入力して下さい。"_qs, row);
+            return refused(u"領収金額を入力して下さい。"_qs, Field::PayPrice, row);
     return std::nullopt;
 }
 
@@ -32,7 +35,7 @@ bool hasTick(const PrintGridRow& row) {
 // A paper for a row without its 法別 belongs to nobody, unless the order has no claim at all.
 std::optional<DocumentOrder> missingLaw(const QList<PrintGridRow>& rows) {
     for (int row = 0; row < rows.size(); ++row)
-        if (hasTick(rows.at(row)) && !rows.at(row).hasLaw) return refused(u"法別を選択して下さい。"_qs, row);
+        if (hasTick(rows.at(row)) && !rows.at(row).hasLaw) return refused(u"法別を選択して下さい。"_qs, Field::AskPrice, row);
     return std::nullopt;
 }
 

@@ -21,13 +21,15 @@ struct DocumentOrder {
     enum class Outcome {
         Print,        // the kinds with their claims
         WithoutClaim, // no claim was entered: the kinds for one claim of number 1 that is never saved
-        Refused       // `message` says why; `row` is where to go, -1 for none
+        Refused       // `message` says why; `row` and `field` are where to go
     };
+    enum class Field { None, AskPrice, PayPrice };
     Outcome outcome = Outcome::Print;
     std::array<QList<int>, 5> claims; // 請求No for each kind, in the order of the kinds
     Money askPrice, payPrice;         // of the claim that was not entered; 0: the grand total
     QString message;
-    int row = -1;
+    Field field = Field::None;
+    int row = -1; // from 0
 
     const QList<int>& claimsOf(DocumentKind kind) const { return claims.at(static_cast<size_t>(kind) - 1); }
 };

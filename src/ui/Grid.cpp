@@ -136,6 +136,18 @@ void Grid::setRowValues(int row, const QStringList& values, int first) {
     for (int i = 0; i < values.size() && first + i < columns(); ++i) setValue(row, first + i, values.at(i));
 }
 
+void Grid::followEdit(int row, int column, const QString& before,
+                      const std::function<void(QStringList& values)>& rules) {
+    QStringList values = rowValues(row);
+    try {
+        rules(values);
+    } catch (...) {
+        setValue(row, column, before);
+        throw;
+    }
+    setRowValues(row, values);
+}
+
 bool Grid::isRowEmpty(int row) const {
     for (int i = 0; i < columns(); ++i) {
         const auto kind = column(i).kind;

@@ -27,6 +27,22 @@ struct GridColumn {
         RowNumber, // 1, 2, 3 down the rows
     };
 
+    // A column that is looked at, and what makes another of it.
+    static GridColumn of(const QString& title, int width, Kind kind = Text) {
+        GridColumn column;
+        column.title = title;
+        column.width = width;
+        column.kind = kind;
+        return column;
+    }
+    static GridColumn rowNumber() { return of({}, 2, RowNumber); }
+    GridColumn typed() const { return with(&GridColumn::editable, true); }
+    GridColumn takingAny() const { return with(&GridColumn::freeText, true); }
+    GridColumn unseen() const { return with(&GridColumn::hidden, true); }
+    GridColumn grey() const { return with(&GridColumn::background, Style::computed); }
+    GridColumn aligned(Qt::Alignment side) const { return with(&GridColumn::alignment, side); }
+    GridColumn atMost(int characters) const { return with(&GridColumn::maxLength, characters); }
+
     QString title;
     int width = 10; // half-width characters
     Kind kind = Text;
@@ -38,4 +54,11 @@ struct GridColumn {
     QColor background;
     Qt::Alignment alignment = Qt::AlignLeft; // of texts; the other kinds have their own
     GridEntries entries;
+
+private:
+    template <class Value> GridColumn with(Value GridColumn::*member, const Value& value) const {
+        GridColumn column = *this;
+        column.*member = value;
+        return column;
+    }
 };

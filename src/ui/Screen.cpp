@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -90,6 +91,16 @@ void Screen::onClick(QAbstractButton* button, std::function<void()> work) {
 void Screen::onReturn(QWidget* field, std::function<void()> work) { m_returnWork[field] = std::move(work); }
 
 // --- keys ---
+
+void Screen::turnPagesByKeys(QTabWidget* pages) {
+    for (int page = 0; page < pages->count(); ++page) {
+        const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + page));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, pages, page] {
+            if (leaveField()) pages->setCurrentIndex(page);
+        });
+        pages->setTabToolTip(page, keys.toString(QKeySequence::NativeText));
+    }
+}
 
 void Screen::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -8,6 +8,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QTabWidget;
 
 // The ground of every screen. It is opened in fixed steps, which `openScreen` takes: input properties, load, `Loaded`,
 // the modal run, output properties, release.
@@ -37,6 +38,8 @@ protected:
     void onClick(QAbstractButton* button, std::function<void()> work);
     // Work of the Return key in a field, before the focus moves on.
     void onReturn(QWidget* field, std::function<void()> work);
+    // Alt+1, Alt+2 and so on turn the pages, as the captions themselves have no letter.
+    void turnPagesByKeys(QTabWidget* pages);
     // Settles the field or cell in which the operator is typing. False when an entry of the screen is wrong, which was
     // told and has the focus.
     bool leaveField();

@@ -1,9 +1,11 @@
 #include "HalvaneTest.h"
+#include "support/OrderSamples.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "base/AppError.h"
 #include "base/Seams.h"
+#include "composition/LineRules.h"
 #include "customers/clsCsInsManager.h"
 #include "estimates/EstimateDraft.h"
 #include "estimates/EstimateManagers.h"
@@ -12,14 +14,8 @@
 
 namespace {
 
-clsCsMakeElmt makeLine(int item, const QString& element, const QString& price) {
-    clsCsMakeElmt line;
-    line.EstItemNo = QString::number(item);
-    line.MakeElmt = element;
-    line.Materials = u"＊"_qs;
-    line.Suryo = u"1"_qs;
-    line.Price = price;
-    return line;
+Cells makeLine(const QString& element, const QString& price) {
+    return OrderSamples::makeLine(element, u"＊"_qs, price);
 }
 
 ClaimRow claimRow(const QString& insNo, const QString& price = {}) {
@@ -29,19 +25,16 @@ ClaimRow claimRow(const QString& insNo, const QString& price = {}) {
     return row;
 }
 
-EstimateDraft newOrder() {
+EstimateDraft braceOrder() {
     EstimateDraft draft;
     draft.customer.CustNm1 = u"見本"_qs;
     draft.customer.CustNm2 = u"花子"_qs;
     draft.customer.CustNo = automaticNumber;
     draft.customer.Birth = u"1960/04/01"_qs;
     draft.chart.DiseaseNm = u"変形性膝関節症"_qs;
-    clsCsItem item;
-    item.EstItemNo = u"1"_qs;
-    item.Item = u"下肢装具"_qs;
-    item.PickKbn = u"E-4"_qs;
-    draft.items << item;
-    draft.lines.make.replace(1, {makeLine(1, u"基本価格"_qs, u"30000"_qs), makeLine(1, u"支持部"_qs, u"5000"_qs)});
+    ComposedItem brace = OrderSamples::item(u"下肢装具"_qs, u"E-4"_qs);
+    brace.make << makeLine(u"基本価格"_qs, u"30000"_qs) << makeLine(u"支持部"_qs, u"5000"_qs);
+    draft.composition.add(brace);
     draft.claims << claimRow(u"1"_qs, u"30000"_qs) << claimRow(u"99"_qs, u"7100"_qs);
     draft.estimate.Tax = u"6"_qs;
     draft.estimate.Total = u"35000"_qs;
@@ -89,7 +82,7 @@ private slots:
     void cleanup() { m_database.reset(); }
 
     void oneSaveWritesTheWholeOrder() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         QCOMPARE(save(draft), SaveResult::Saved);
         QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs, u"2"_qs}));
         QCOMPARE(draft.customer.CustSubId, u"1"_qs);
@@ -99,15 +92,15 @@ private slots:
     }
 
     void orderWithoutLinesWritesNothing() {
-        EstimateDraft draft = newOrder();
-        draft.lines.clear();
+        EstimateDraft draft = braceOrder();
+        draft.composition.clear();
         QCOMPARE(save(draft), SaveResult::Refused);
         QCOMPARE(m_messages, QStringList(u"見積明細(基本・製作要素／完成要素)が設定されていません。"_qs));
         QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客情報]"_qs), u"0"_qs);
     }
 
     void noToTheTaxQuestionLeavesNoRowsAtAll() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.estimate.Tax = u"10"_qs;
         m_answers << AnswerNo;
         QCOMPARE(save(draft), SaveResult::Refused);
@@ -118,7 +111,7 @@ private slots:
     }
 
     void noOtherMachineWaitsWhileAQuestionIsOpen() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.estimate.Tax = u"10"_qs;
         const auto other = m_database->another();
         int depth = -1;
@@ -133,7 +126,7 @@ private slots:
     }
 
     void taxOfAStoredEstimateIsNotQuestioned() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         QVERIFY(loadEstimate(draft.estimate.EstId, stored));
@@ -143,7 +136,7 @@ private slots:
     }
 
     void uncollectedSurvivesPaymentDatesOnAllClaims() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.uncollected = true;
         for (ClaimRow& row : draft.claims) row.ask.PayDate = u"2026/10/01"_qs;
         save(draft);
@@ -156,7 +149,7 @@ private slots:
     }
 
     void removedClaimRowIsGoneFromTheOrder() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.claims << claimRow(u"12"_qs, u"0"_qs);
         save(draft);
         QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積請求]"_qs), u"3"_qs);
@@ -169,7 +162,7 @@ private slots:
     }
 
     void allClaimRowsRemovedKeepTheOldOnes() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
@@ -179,7 +172,7 @@ private slots:
     }
 
     void savingTwiceAddsALawOnce() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
@@ -188,7 +181,7 @@ private slots:
     }
 
     void advancePaymentWinsInTheFirstClaim() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.partialPayment = u"3,000"_qs;
         draft.claims[0].ask.PayPrice = u"5000"_qs;
         save(draft);
@@ -196,14 +189,14 @@ private slots:
     }
 
     void emptyAdvancePaymentLeavesTheAmountReceived() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.claims[0].ask.PayPrice = u"5000"_qs;
         save(draft);
         QCOMPARE(scalar(u"SELECT [領収金額] FROM [顧客見積請求] WHERE [請求No] = 1"_qs), u"5000"_qs);
     }
 
     void changedCustomerAsksAndANewBranchTakesChartsAndLaws() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
@@ -222,7 +215,7 @@ private slots:
     }
 
     void closedCustomerQuestionWritesNothing() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
@@ -234,9 +227,9 @@ private slots:
     }
 
     void newOrderReusesAChartThatFits() {
-        EstimateDraft first = newOrder();
+        EstimateDraft first = braceOrder();
         save(first);
-        EstimateDraft second = newOrder();
+        EstimateDraft second = braceOrder();
         second.customer = first.customer;
         save(second);
         QCOMPARE(second.estimate.ChartNo, first.estimate.ChartNo);
@@ -244,7 +237,7 @@ private slots:
     }
 
     void changedChartOfAStoredOrderCanBeKeptApart() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
@@ -257,7 +250,7 @@ private slots:
     }
 
     void orderDeletedByAnotherMachineIsNotHalfWritten() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft mine;
         loadEstimate(draft.estimate.EstId, mine);
@@ -270,7 +263,7 @@ private slots:
     }
 
     void orderStoredByAnotherMachineAsksFirst() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         EstimateDraft mine, theirs;
         loadEstimate(draft.estimate.EstId, mine);
@@ -289,43 +282,42 @@ private slots:
     }
 
     void linesFollowTheirItemsThroughALoad() {
-        EstimateDraft draft = newOrder();
-        clsCsItem second = draft.items.first();
-        second.EstItemNo = u"2"_qs;
-        draft.items << second;
-        draft.lines.make.replace(2, {makeLine(2, u"加算"_qs, u"700"_qs)});
+        EstimateDraft draft = braceOrder();
+        ComposedItem second = draft.composition.item(1);
+        second.make = {makeLine(u"加算"_qs, u"700"_qs)};
+        draft.composition.add(second);
         save(draft);
         EstimateDraft stored;
         QVERIFY(loadEstimate(draft.estimate.EstId, stored));
-        QCOMPARE(stored.lines.make.of(1).size(), 2);
-        QCOMPARE(stored.lines.make.of(2).size(), 1);
-        QCOMPARE(stored.lines.make.of(2).first().UnitPrice, u"700"_qs);
+        QCOMPARE(stored.composition.item(1).make.size(), 2);
+        QCOMPARE(stored.composition.item(2).make.size(), 1);
+        QCOMPARE(stored.composition.item(2).make.first().at(MakeLine::UnitPrice), u"700"_qs);
     }
 
     void lastLineOfATableGoesWithItsSave() {
-        EstimateDraft draft = newOrder();
-        clsCsCmpltElmt part;
-        part.PartsNm = u"足継手"_qs;
-        part.Price = u"9000"_qs;
-        part.Suryo = u"1"_qs;
-        draft.lines.parts.replace(1, {part});
+        EstimateDraft draft = braceOrder();
+        Cells part(PartsLine::Columns);
+        part[PartsLine::PartsNm] = u"足継手"_qs;
+        part[PartsLine::Price] = u"9000"_qs;
+        part[PartsLine::Suryo] = u"1"_qs;
+        draft.composition.item(1).parts << part;
         save(draft);
         EstimateDraft stored;
         loadEstimate(draft.estimate.EstId, stored);
-        stored.lines.parts.clear();
+        stored.composition.item(1).parts.clear();
         save(stored);
         QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客見積完成要素]"_qs), u"0"_qs);
     }
 
     void deletedOrderLeavesCustomerAndChart() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         deleteEstimate(connection(), draft.estimate.EstId);
         QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs}));
     }
 
     void customerWithFiveLawsShowsTheFirstFour() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         save(draft);
         for (const QString& law : {u"7"_qs, u"8"_qs, u"10"_qs}) {
             clsCsIns ins{draft.customer.CustId, draft.customer.CustSubId, {}, law};
@@ -335,7 +327,7 @@ private slots:
     }
 
     void typedTextThatIsNoNumberFailsWithItsMessageAndWritesNothing() {
-        EstimateDraft draft = newOrder();
+        EstimateDraft draft = braceOrder();
         draft.claims[0].ask.AskPrice = u"abc"_qs;
         QVERIFY_EXCEPTION_THROWN(save(draft), AppError);
         QCOMPARE(rowCounts(), QStringList(8, u"0"_qs));

@@ -11,4 +11,8 @@ EstimateDraft order(int lines, int claims);
 // "12/3" for 12 lines and 3 claims.
 QString nameFor(int lines, int claims);
 
+// An item and a line as their grids hold them, at the price of one piece.
+ComposedItem item(const QString& kind, const QString& pickKbn);
+Cells makeLine(const QString& element, const QString& materials, const QString& price);
+
 } // namespace OrderSamples

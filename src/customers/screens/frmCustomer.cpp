@@ -14,29 +14,16 @@ namespace {
 
 const QString subject = u"顧客"_qs;
 
-constexpr int notFound = 121;
-constexpr int askSave = 201;
-constexpr int askDelete = 202;
-constexpr int askCancel = 302;
-constexpr int information = 902;
-
 QList<GridColumn> chartColumns() {
-    struct Form {
-        QString title;
-        int width;
-    };
-    static const QList<Form> forms{{u"カルテNo"_qs, 9},      {u"ｶﾙﾃ番号"_qs, 14}, {u"病名原因"_qs, 26},
-                                   {u"入通院開始日"_qs, 12}, {u"左右"_qs, 6},     {u"受注先ｺｰﾄﾞ"_qs, 11},
-                                   {u"受注先"_qs, 25},       {u"主治医"_qs, 13},  {u"備考"_qs, 10}};
-    QList<GridColumn> columns;
-    for (const Form& form : forms) {
-        GridColumn column;
-        column.title = form.title;
-        column.width = form.width;
-        columns << column;
-    }
-    columns.first().alignment = Qt::AlignRight;
-    return columns;
+    return {GridColumn::of(u"カルテNo"_qs, 9).aligned(Qt::AlignRight),
+            GridColumn::of(u"ｶﾙﾃ番号"_qs, 14),
+            GridColumn::of(u"病名原因"_qs, 26),
+            GridColumn::of(u"入通院開始日"_qs, 12),
+            GridColumn::of(u"左右"_qs, 6),
+            GridColumn::of(u"受注先ｺｰﾄﾞ"_qs, 11),
+            GridColumn::of(u"受注先"_qs, 25),
+            GridColumn::of(u"主治医"_qs, 13),
+            GridColumn::of(u"備考"_qs, 10)};
 }
 
 QStringList chartCells(const CustomerChart& row) {
@@ -54,13 +41,14 @@ QStringList chartCells(const CustomerChart& row) {
 
 } // namespace
 
-frmCustomer::frmCustomer(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCustomer>()) {
+frmCustomer::frmCustomer(QWidget* parent)
+    : EditScreen(parent, {u"顧客情報"_qs, subject, subject}), ui(std::make_unique<Ui::frmCustomer>()) {
     ui->setupUi(this);
     FormPieces::applyCharacters(this);
     m_person = new PersonFields(PersonControls::of(*ui), this);
     m_laws = new LawGrid(ui->flxIns);
     ui->flxChart->setColumns(chartColumns());
-    connect(m_laws, &LawGrid::changed, this, [this] { m_edited = true; });
+    connect(m_laws, &LawGrid::changed, this, [this] { noteEdit(); });
     connect(ui->flxChart, &Grid::rowOpened, this, [this] { guarded([this] { viewChart(); }); });
     connectCommands();
 }
@@ -72,33 +60,20 @@ void frmCustomer::connectCommands() {
     onClick(ui->cmdDelChart, [this] { removeChart(); });
     onClick(ui->cmdExec_0, [this] { execute(CustomerSaveAs::Itself); });
     onClick(ui->cmdExec_1, [this] { execute(CustomerSaveAs::NewBranch); });
-    onClick(ui->cmdCancel, [this] { cancel(); });
-    onClick(ui->cmdDel, [this] { removeCustomer(); });
-    onClick(ui->cmdClose, [this] { close(); });
+    setUpEditing({{ui->fraCust, ui->fraChart, ui->cmdExec_0},
+                  {ui->cmdExec_1}, // beside what is stored
+                  ui->cmdCancel,
+                  ui->cmdDel,
+                  ui->cmdClose,
+                  ui->lblModeTitle});
 }
 
 // --- showing ---
 
-void frmCustomer::load() {
-    setMode();
-    m_person->fillLists();
-    AttachControls(this, wrappers);
-    showStored();
-    if (EditMode == Delete)
-        ui->cmdDel->setFocus();
-    else
-        ui->txtName1->setFocus();
-}
+void frmCustomer::fillLists() { m_person->fillLists(); }
 
-void frmCustomer::setMode() {
-    static const QStringList words{u"（追加）"_qs, u"（編集）"_qs, u"（削除）"_qs};
-    setWindowTitle(u"顧客情報"_qs + words.value(EditMode));
-    ui->lblModeTitle->setText(words.value(EditMode));
-    const bool changes = EditMode != Delete;
-    for (QWidget* frame : {ui->fraCust, ui->fraChart}) frame->setEnabled(changes);
-    for (QPushButton* command : {ui->cmdExec_0, ui->cmdCancel}) command->setEnabled(changes);
-    ui->cmdExec_1->setEnabled(EditMode == Edit); // beside what is stored
-    ui->cmdDel->setEnabled(EditMode == Delete);
+QWidget* frmCustomer::firstField() const {
+    return EditMode == Delete ? static_cast<QWidget*>(ui->cmdDel) : ui->txtName1;
 }
 
 // The stored branch, or an empty one to be added.
@@ -107,9 +82,8 @@ void frmCustomer::showStored() {
     if (EditMode == Add)
         m_draft.customer.CustNo = automaticNumber;
     else if (!loadCustomer(CustId, CustSubId, m_draft))
-        throw AppError(GetMessageText(notFound, subject), objectName());
+        throw AppError(GetMessageText(121, subject), objectName());
     showDraft();
-    clearEdited();
 }
 
 void frmCustomer::showDraft() {
@@ -139,13 +113,6 @@ CustomerDraft frmCustomer::collect() const {
     return draft;
 }
 
-bool frmCustomer::isEdited() const { return m_edited || IsAnyEdited(wrappers); }
-
-void frmCustomer::clearEdited() {
-    m_edited = false;
-    ClearEdited(wrappers);
-}
-
 // --- charts ---
 
 // The chart of the current row; nothing on the empty row.
@@ -171,7 +138,7 @@ void frmCustomer::viewChart() {
                 *chosen = entered;
             else
                 m_draft.charts << entered;
-            m_edited = true;
+            noteEdit();
         });
     showCharts();
 }
@@ -190,7 +157,7 @@ void frmCustomer::removeChart() {
         [&](frmCustomerChart& screen) { confirmed = screen.Updated; });
     if (!confirmed) return;
     m_draft.charts.removeAt(chosen - m_draft.charts.data());
-    m_edited = true;
+    noteEdit();
     showCharts();
 }
 
@@ -201,7 +168,7 @@ bool frmCustomer::save(CustomerSaveAs as) {
     if (!leaveField()) return false;
     CustomerDraft draft = collect();
     if (draft.customer.CustNm1.trimmed().isEmpty() && draft.customer.CustNm2.trimmed().isEmpty()) {
-        ShowMessage(information, u"氏名を入力してください。"_qs);
+        ShowMessage(902, u"氏名を入力してください。"_qs);
         ui->txtName1->setFocus();
         return false;
     }
@@ -210,7 +177,7 @@ bool frmCustomer::save(CustomerSaveAs as) {
     CustSubId = draft.customer.CustSubId;
     Updated = true;
     clearEdited();
-    ShowMessage(information, EditMode == Add ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
+    ShowMessage(902, EditMode == Add ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
                                              : u"保存しました。"_qs);
     if (as == CustomerSaveAs::NewBranch) EditMode = Add;
     return true;
@@ -220,26 +187,7 @@ void frmCustomer::execute(CustomerSaveAs as) {
     if (save(as)) close();
 }
 
-void frmCustomer::cancel() {
-    if (ShowMessage(askCancel, subject) == AnswerYes) showStored();
-}
-
-void frmCustomer::removeCustomer() {
-    if (ShowMessage(askDelete, subject) != AnswerYes) return;
+bool frmCustomer::removeStored() {
     deleteCustomer(gDbManager.Connection(), m_draft.customer);
-    ShowMessage(information, u"削除しました。"_qs);
-    Updated = true;
-    close();
-}
-
-bool frmCustomer::queryUnload() {
-    if (!Loaded || EditMode == Delete || !isEdited()) return true;
-    switch (ShowMessage(askSave, subject)) {
-    case AnswerYes:
-        return save(CustomerSaveAs::Itself);
-    case AnswerNo:
-        return true;
-    default:
-        return false;
-    }
+    return true;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customers/CustomerSave.h"
-#include "ui/Screen.h"
+#include "ui/EditScreen.h"
 
 namespace Ui {
 class frmCustomer;
@@ -10,35 +10,29 @@ class frmCustomer;
 class LawGrid;
 class PersonFields;
 
-// Edits one customer branch with its insurances and charts. Set `EditMode`, and but for a new customer `CustId` and
-// `CustSubId`; afterwards `Updated` tells that something was written, and the two name what. A branch registered beside
-// a stored one comes back as an addition.
-class frmCustomer : public Screen {
+// Edits one customer branch with its insurances and charts: but for a new customer that of `CustId` and `CustSubId`,
+// which afterwards name what was written. A branch registered beside a stored one comes back as an addition.
+class frmCustomer : public EditScreen {
     Q_OBJECT
 
 public:
-    enum Mode : qint16 { Add = 0, Edit = 1, Delete = 2 };
-
     explicit frmCustomer(QWidget* parent = nullptr);
     ~frmCustomer() override;
 
-    qint16 EditMode = Add;
     QString CustId, CustSubId;
-    bool Updated = false;
 
 protected:
-    void load() override;
-    bool queryUnload() override;
+    void fillLists() override;
+    QWidget* firstField() const override;
+    void showStored() override;
+    bool save() override { return save(CustomerSaveAs::Itself); }
+    bool removeStored() override;
 
 private:
     void connectCommands();
-    void setMode();
-    void showStored();
     void showDraft();
     void showCharts();
     CustomerDraft collect() const;
-    bool isEdited() const;
-    void clearEdited();
 
     CustomerChart* currentChart();
     void viewChart();
@@ -46,12 +40,9 @@ private:
 
     bool save(CustomerSaveAs as);
     void execute(CustomerSaveAs as);
-    void cancel();
-    void removeCustomer();
 
     std::unique_ptr<Ui::frmCustomer> ui;
     PersonFields* m_person;
     LawGrid* m_laws;
     CustomerDraft m_draft; // as it was loaded, with the charts as they stand
-    bool m_edited = false; // beside the fields: laws and charts
 };

@@ -16,18 +16,13 @@
 namespace {
 
 constexpr int doctorLength = 30;
-constexpr int plainWarning = 901;
-constexpr int askSave = 201;
-constexpr int askDelete = 202;
-constexpr int askCancel = 302;
 
 const QString subject = u"顧客カルテ"_qs;
 
-enum Mode { Add = 0, Edit = 1, Delete = 2 };
-
 } // namespace
 
-frmCustomerChart::frmCustomerChart(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCustomerChart>()) {
+frmCustomerChart::frmCustomerChart(QWidget* parent)
+    : EditScreen(parent, {u"顧客情報（カルテ）"_qs, subject, subject}), ui(std::make_unique<Ui::frmCustomerChart>()) {
     ui->setupUi(this);
     ui->cboDoctor->setMaxLength(doctorLength);
     connect(ui->txtOrderCd, &TextField::valueChanged, this, [this] {
@@ -35,39 +30,22 @@ frmCustomerChart::frmCustomerChart(QWidget* parent) : Screen(parent), ui(std::ma
     });
     onClick(ui->cmdOrderSelect, [this] { selectOrder(); });
     onClick(ui->cmdExec, [this] {
-        if (takeOver()) close();
+        if (save()) close();
     });
-    onClick(ui->cmdCancel, [this] { cancel(); });
-    onClick(ui->cmdDel, [this] { remove(); });
-    onClick(ui->cmdClose, [this] { close(); });
+    setUpEditing({{ui->fraData, ui->cmdExec}, {}, ui->cmdCancel, ui->cmdDel, ui->cmdClose, nullptr});
 }
 
 frmCustomerChart::~frmCustomerChart() = default;
 
 // --- showing ---
 
-void frmCustomerChart::load() {
-    showMode();
-    FillAssistList(ui->cboLR, AssistGroup::Side);
-    AttachControls(this, wrappers);
-    showChart();
-    if (EditMode == Delete)
-        ui->cmdClose->setFocus();
-    else
-        ui->txtChartCd->setFocus();
+void frmCustomerChart::fillLists() { FillAssistList(ui->cboLR, AssistGroup::Side); }
+
+QWidget* frmCustomerChart::firstField() const {
+    return EditMode == Delete ? static_cast<QWidget*>(ui->cmdClose) : ui->txtChartCd;
 }
 
-void frmCustomerChart::showMode() {
-    static const QStringList words{u"（追加）"_qs, u"（編集）"_qs, u"（削除）"_qs};
-    setWindowTitle(u"顧客情報（カルテ）"_qs + words.value(EditMode));
-    const bool editable = EditMode != Delete;
-    for (QWidget* part :
-         {static_cast<QWidget*>(ui->fraData), static_cast<QWidget*>(ui->cmdExec), static_cast<QWidget*>(ui->cmdCancel)})
-        part->setEnabled(editable);
-    ui->cmdDel->setEnabled(!editable);
-}
-
-void frmCustomerChart::showChart() {
+void frmCustomerChart::showStored() {
     const QScopedValueRollback showing(m_showing, true);
     const QString code = Order.OrderCd.isEmpty() ? orderCodeOf(Chart) : Order.OrderCd;
     ui->txtChartNo->setValue(Chart.ChartNo.isEmpty() ? u"(追加)"_qs : Chart.ChartNo);
@@ -80,7 +58,6 @@ void frmCustomerChart::showChart() {
     fillDoctors();
     ui->cboDoctor->setText(Chart.DoctorNm);
     ui->txtMemo->setValue(Chart.Memo);
-    ClearEdited(wrappers);
 }
 
 // --- ordering party and doctor ---
@@ -133,10 +110,10 @@ clsDoctor frmCustomerChart::enteredDoctor(const QString& orderNo) {
 // --- commands ---
 
 // The fields become the record. False when they are refused, which was told.
-bool frmCustomerChart::takeOver() {
+bool frmCustomerChart::save() {
     if (!leaveField()) return false;
     if (isCodeOfAnother()) {
-        ShowMessage(plainWarning, u"受注先コードは　%1　で登録済みです。\n受注先コードを変更してください。"_qs.arg(
+        ShowMessage(901, u"受注先コードは　%1　で登録済みです。\n受注先コードを変更してください。"_qs.arg(
                                       ui->txtOrderCd->value()));
         ui->txtOrderCd->setFocus();
         return false;
@@ -153,28 +130,6 @@ bool frmCustomerChart::takeOver() {
     Chart.DoctorNm = Doctor.DoctorNm;
     Chart.Memo = ui->txtMemo->value();
     Updated = true;
-    ClearEdited(wrappers);
+    clearEdited();
     return true;
-}
-
-void frmCustomerChart::cancel() {
-    if (ShowMessage(askCancel, subject) == AnswerYes) showChart();
-}
-
-void frmCustomerChart::remove() {
-    if (ShowMessage(askDelete, subject) != AnswerYes) return;
-    Updated = true;
-    close();
-}
-
-bool frmCustomerChart::queryUnload() {
-    if (!Loaded || EditMode == Delete || !IsAnyEdited(wrappers)) return true;
-    switch (ShowMessage(askSave, subject)) {
-    case AnswerYes:
-        return takeOver();
-    case AnswerNo:
-        return true;
-    default:
-        return false;
-    }
 }

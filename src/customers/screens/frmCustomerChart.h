@@ -2,7 +2,7 @@
 
 #include "customers/clsChartManager.h"
 #include "reference/ReferenceRecords.h"
-#include "ui/Screen.h"
+#include "ui/EditScreen.h"
 
 namespace Ui {
 class frmCustomerChart;
@@ -12,35 +12,30 @@ class frmCustomerChart;
 // `Doctor` are its ordering party and doctor as entered, without a number when they are not registered. The code of an
 // `Order` that is not registered yet goes in with its chart. `Updated` tells that the chart was taken over, or in mode 2
 // that it is to be deleted.
-class frmCustomerChart : public Screen {
+class frmCustomerChart : public EditScreen {
     Q_OBJECT
 
 public:
     explicit frmCustomerChart(QWidget* parent = nullptr);
     ~frmCustomerChart() override;
 
-    qint16 EditMode = 0; // 0 add, 1 edit, 2 delete
     clsChart Chart;
     clsOrder Order;
     clsDoctor Doctor;
-    bool Updated = false;
 
 protected:
-    void load() override;
-    bool queryUnload() override;
+    void fillLists() override;
+    QWidget* firstField() const override;
+    void showStored() override;
+    bool save() override;
 
 private:
-    void showMode();
-    void showChart();
     void fillDoctors();
     void takeOrderOfCode();
     void selectOrder();
     bool isCodeOfAnother();
     clsOrder enteredOrder();
     clsDoctor enteredDoctor(const QString& orderNo);
-    bool takeOver();
-    void cancel();
-    void remove();
 
     std::unique_ptr<Ui::frmCustomerChart> ui;
     bool m_showing = false; // the program fills the fields

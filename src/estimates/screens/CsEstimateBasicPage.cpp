@@ -29,22 +29,10 @@ const QString inUse = u"[有効Flg] = 0"_qs;
 
 // 法別 and 請求先 of a row stand in its hidden numbers.
 QList<GridColumn> insuranceColumns() {
-    QList<GridColumn> columns(5);
-    columns[InsuranceGrid::InsNo].title = u"法別No"_qs;
-    columns[InsuranceGrid::InsNo].hidden = true;
-    columns[InsuranceGrid::InsNm].title = u"保険名"_qs;
-    columns[InsuranceGrid::InsNm].width = 15;
-    columns[InsuranceGrid::ClaimNo].title = u"請求先No"_qs;
-    columns[InsuranceGrid::ClaimNo].hidden = true;
-    columns[InsuranceGrid::ClaimCd].title = u"請求先ｺｰﾄﾞ"_qs;
-    columns[InsuranceGrid::ClaimCd].width = 11;
-    columns[InsuranceGrid::ClaimNm].title = u"請求先"_qs;
-    for (const int typed : {InsuranceGrid::InsNm, InsuranceGrid::ClaimCd, InsuranceGrid::ClaimNm})
-        columns[typed].editable = true;
-    for (const int free : {InsuranceGrid::ClaimCd, InsuranceGrid::ClaimNm}) columns[free].freeText = true;
-    columns[InsuranceGrid::ClaimCd].maxLength = 10;
-    columns[InsuranceGrid::ClaimNm].maxLength = 40;
-    return columns;
+    return {GridColumn::of(u"法別No"_qs, 10).unseen(), GridColumn::of(u"保険名"_qs, 15).typed(),
+            GridColumn::of(u"請求先No"_qs, 10).unseen(),
+            GridColumn::of(u"請求先ｺｰﾄﾞ"_qs, 11).typed().takingAny().atMost(10),
+            GridColumn::of(u"請求先"_qs, 10).typed().takingAny().atMost(40)};
 }
 
 } // namespace
@@ -63,7 +51,13 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     m_insurances = new InsuranceGrid(ui->flxIns);
     m_insurances->customerName = [this] { return m_person->name(); };
     m_insurances->insuredName = [this] { return ui->txtInsured->value(); };
-    connect(m_insurances, &InsuranceGrid::changed, this, &CsEstimateBasicPage::insurancesChanged);
+    connect(m_insurances, &InsuranceGrid::changed, this, [this] {
+        ui->numPartialPayment->setEnabled(hasClaims());
+        emit insurancesChanged();
+    });
+    connect(ui->cmdEtcPrt_2, &QPushButton::clicked, this, &CsEstimateBasicPage::receiptAsked);
+    // What these open is not there yet.
+    for (QPushButton* later : {ui->cmdProductSelect, ui->cmdOpnPrt_2}) later->setEnabled(false);
     connectPerson();
     connectChart();
 }
@@ -97,11 +91,6 @@ void CsEstimateBasicPage::fillLists() {
 }
 
 // --- the order ---
-
-void CsEstimateBasicPage::showOrder(const EstimateDraft& draft) {
-    showCustomer(draft.customer, draft.chart, draft.orderCd, draft.claims);
-    showProduct(draft);
-}
 
 void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
                                        const QList<ClaimRow>& claims) {
@@ -139,8 +128,10 @@ void CsEstimateBasicPage::showProduct(const EstimateDraft& draft) {
     ui->cboProducer->setText(estimate.ProducerNm);
     ui->numLifeYear->setValue(estimate.LifeYear);
     ui->idtLifeEnd->setValue(formatDate(estimate.LifeEnd, u"yyyy/mm/dd"_qs));
-    ui->lblCategory->setText(estimate.Category);
-    ui->lblFrame->setText(estimate.Frame);
+    m_category = estimate.Category;
+    m_frame = estimate.Frame;
+    ui->lblCategory->setText(m_category);
+    ui->lblFrame->setText(m_frame);
     ui->cboCharge1->setText(estimate.Charge1Nm);
     ui->numPartialPayment->setValue(draft.partialPayment);
     m_showing = false;
@@ -176,17 +167,32 @@ void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
     estimate.ProducerNm = ui->cboProducer->text();
     estimate.LifeYear = ui->numLifeYear->value();
     estimate.LifeEnd = ui->idtLifeEnd->value();
-    estimate.Category = ui->lblCategory->text();
-    estimate.Frame = ui->lblFrame->text();
+    estimate.Category = m_category;
+    estimate.Frame = m_frame;
     estimate.Charge1Nm = ui->cboCharge1->text();
-    draft.partialPayment = ui->numPartialPayment->isEnabled() ? ui->numPartialPayment->value() : QString();
+    draft.partialPayment = partialPayment();
+}
+
+QWidget* CsEstimateBasicPage::firstField() const { return ui->txtName1; }
+
+bool CsEstimateBasicPage::hasClaims() const {
+    const QList<ClaimRow> rows = insuranceRows();
+    return std::any_of(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
+}
+
+QString CsEstimateBasicPage::partialPayment() const {
+    return hasClaims() ? ui->numPartialPayment->value() : QString();
 }
 
 QList<ClaimRow> CsEstimateBasicPage::insuranceRows() const { return m_insurances->rows(); }
 
 QString CsEstimateBasicPage::customerName() const { return m_person->name(); }
 
-QString CsEstimateBasicPage::ageKbn() const { return ui->lblPriceKbn->text(); }
+QString CsEstimateBasicPage::side() const { return ui->cboLR->text(); }
+
+CsEstimateBasicPage::QuickDates CsEstimateBasicPage::quickDates() const {
+    return {ui->idtPickPtnDate2, ui->idtDelvFinDate2, ui->idtPayPrtDate2};
+}
 
 // --- person ---
 

@@ -10,6 +10,7 @@ namespace Ui {
 class CsEstimateBasicPage;
 }
 
+class DateField;
 class InsuranceGrid;
 class PersonFields;
 
@@ -23,26 +24,33 @@ public:
 
     // Fills the lists from the managers; once, before anything is shown.
     void fillLists();
-    // Takes over customer, chart, insurances and the product part of an order.
-    void showOrder(const EstimateDraft& draft);
     // Writes what is typed into the order.
     void collect(EstimateDraft& draft) const;
     // The customer part alone: persons, insurances and chart.
     void showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
                       const QList<ClaimRow>& claims);
     void showProduct(const EstimateDraft& draft);
+    QWidget* firstField() const;
 
     // The rows of the insurance grid, empty ones included; without dates and amounts.
     QList<ClaimRow> insuranceRows() const;
     // Both names with an ideographic blank between them.
     QString customerName() const;
     // 小人, 中人, 大人 or empty, as the customer carries it.
-    QString ageKbn() const;
-
-    const std::unique_ptr<Ui::CsEstimateBasicPage> ui;
+    QString ageKbn() const { return m_customer.PriceType; }
+    // The affected side as it is shown.
+    QString side() const;
+    // The advance payment; empty when there is none, or no claim that it could belong to.
+    QString partialPayment() const;
+    // The dates that stand here a second time.
+    struct QuickDates {
+        DateField *pickPtn, *delvFin, *payPrt;
+    };
+    QuickDates quickDates() const;
 
 signals:
     void nameChanged();
+    void receiptAsked();
     void insurancesChanged();
     // A customer was chosen whose numbers the header shows.
     void customerChosen(const clsCustomer& customer);
@@ -59,11 +67,14 @@ private:
     void takeOrderCode();
     void fillDoctors();
     void showChart(const clsChart& chart, const QString& orderCd);
+    bool hasClaims() const;
 
+    const std::unique_ptr<Ui::CsEstimateBasicPage> ui;
     PersonFields* m_person;
     InsuranceGrid* m_insurances;
     clsCustomer m_customer; // the record that the fields came from
     QString m_orderCd;      // as it was shown
     clsChart m_chart;
+    QString m_category, m_frame; // as they were shown
     bool m_showing = false; // while a record is put into the fields
 };

@@ -14,24 +14,10 @@ constexpr int printInsurance = 6;
 constexpr int printClaimName = 7;
 
 QList<GridColumn> printColumns() {
-    QList<GridColumn> columns(1);
-    columns[0].kind = GridColumn::RowNumber;
-    columns[0].width = 2;
-    for (const QString& document : {u"見積書"_qs, u"内訳書"_qs, u"明細書"_qs, u"請求書"_qs, u"領収書"_qs}) {
-        GridColumn tick;
-        tick.title = document;
-        tick.kind = GridColumn::Check;
-        tick.width = 7;
-        tick.editable = true;
-        columns << tick;
-    }
-    for (const QString& title : {u"法別"_qs, u"請求先"_qs}) {
-        GridColumn grey;
-        grey.title = title;
-        grey.width = 20;
-        grey.background = Style::computed;
-        columns << grey;
-    }
+    QList<GridColumn> columns{GridColumn::rowNumber()};
+    for (const QString& document : {u"見積書"_qs, u"内訳書"_qs, u"明細書"_qs, u"請求書"_qs, u"領収書"_qs})
+        columns << GridColumn::of(document, 7, GridColumn::Check).typed();
+    for (const QString& title : {u"法別"_qs, u"請求先"_qs}) columns << GridColumn::of(title, 20).grey();
     return columns;
 }
 
@@ -69,6 +55,11 @@ CsEstimatePrintPage::CsEstimatePrintPage(QWidget* parent)
         connect(row.movePrice, &QPushButton::clicked, this,
                 [this, i] { m_rows[i].payPrice->setValue(m_rows[i].askPrice->value()); });
     }
+    for (const auto& [button, to] : {std::pair(ui->cmdEtcPrt_0, EstimatePrinting::To::Preview),
+                                     std::pair(ui->cmdEtcPrt_1, EstimatePrinting::To::Printer)})
+        connect(button, &QPushButton::clicked, this, [this, to = to] { emit printingAsked(to); });
+    // What these open is not there yet.
+    for (QPushButton* later : {ui->cmdOpnPrt_0, ui->cmdOpnPrt_1}) later->setEnabled(false);
 }
 
 CsEstimatePrintPage::~CsEstimatePrintPage() = default;
@@ -114,36 +105,52 @@ void CsEstimatePrintPage::showInsurances(const QList<ClaimRow>& rows) {
     }
 }
 
-void CsEstimatePrintPage::showTotal(qint32 total) {
-    m_total = total;
+void CsEstimatePrintPage::showOpinionDates(const QString& casting, const QString& delivery) {
+    ui->lblOpnDate1->setText(casting);
+    ui->lblOpnDate2->setText(delivery);
+}
+
+void CsEstimatePrintPage::showAmounts(const EstimateAmounts& amounts) {
+    ui->amounts->showAmounts(amounts);
+    m_total = amounts.total;
     showSums();
 }
 
+void CsEstimatePrintPage::enter() { ui->flxPrint->setCurrent(1, 1); }
+
+Money CsEstimatePrintPage::sumOf(NumberField* ClaimFields::*amount) const {
+    QStringList amounts;
+    for (const ClaimFields& row : m_rows) amounts << (row.*amount)->value();
+    return sumOfAmounts(amounts);
+}
+
 void CsEstimatePrintPage::showSums() {
-    QStringList asked, paid;
-    for (const ClaimFields& row : m_rows) {
-        asked << row.askPrice->value();
-        paid << row.payPrice->value();
-    }
     const Money total = Money::yen(m_total);
-    const Money askSum = sumOfAmounts(asked);
-    const Money paySum = sumOfAmounts(paid);
+    const Money askSum = sumOf(&ClaimFields::askPrice);
+    const Money paySum = sumOf(&ClaimFields::payPrice);
     ui->lblAskPrice->setText(formatThousands(askSum.toYen()));
     ui->lblPayPrice->setText(formatThousands(paySum.toYen()));
     ui->lblAskDiff->setText(formatThousands((total - askSum).toYen()));
     ui->lblPayDiff->setText(formatThousands((total - paySum).toYen()));
 }
 
-QList<int> CsEstimatePrintPage::ticked(Document document) const {
-    QList<int> rows;
+QList<EstimatePrinting::TickedRow> CsEstimatePrintPage::ticks() const {
+    QList<EstimatePrinting::TickedRow> rows(claimRowCount);
     for (int row = 1; row <= claimRowCount; ++row)
-        if (ui->flxPrint->isChecked(row, document)) rows << row;
+        for (int document = Estimate; document <= Receipt; ++document)
+            rows[row - 1].ticked[document - Estimate] = ui->flxPrint->isChecked(row, document);
     return rows;
 }
 
-bool CsEstimatePrintPage::hasClaims() const { return !ui->flxPrint->value(1, printInsurance).isEmpty(); }
+QString CsEstimatePrintPage::payPrice(int row) const { return m_rows.at(row).payPrice->value(); }
 
-qint32 CsEstimatePrintPage::askDifference() const { return ToInt(Val(ui->lblAskDiff->text())); }
+void CsEstimatePrintPage::setPayPrice(int row, const QString& amount) { m_rows.at(row).payPrice->setValue(amount); }
+
+void CsEstimatePrintPage::goTo(DocumentOrder::Field field, int row) {
+    if (field == DocumentOrder::Field::None) return;
+    const ClaimFields& fields = m_rows.at(row);
+    (field == DocumentOrder::Field::PayPrice ? fields.payPrice : fields.askPrice)->setFocus();
+}
 
 bool CsEstimatePrintPage::hasReceivedMark() const { return ui->optRcvMark_0->isChecked(); }
 
@@ -153,7 +160,7 @@ void CsEstimatePrintPage::calcPrice(int row) {
     openScreen<frmCalcPrice>(
         this,
         [&](frmCalcPrice& screen) {
-            screen.AskDiff = askDifference();
+            screen.AskDiff = ToInt((Money::yen(m_total) - sumOf(&ClaimFields::askPrice)).toYen());
             screen.xpos = place.x();
             screen.ypos = place.y();
         },

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimates/EstimateDraft.h"
+#include "estimates/screens/EstimatePrinting.h"
 
 #include <QWidget>
 
@@ -29,26 +30,27 @@ public:
 
     // Dates and amounts of the claims, the print dates, and no tick.
     void showOrder(const EstimateDraft& draft);
+    void showOpinionDates(const QString& casting, const QString& delivery);
     // Writes dates and amounts into the rows of the insurance grid, and the print dates into the estimate.
     void collect(EstimateDraft& draft) const;
     // 法別 and payer of each row, from the insurance grid.
     void showInsurances(const QList<ClaimRow>& rows);
-    // The total that the differences are taken from.
-    void showTotal(qint32 total);
+    // The amounts, from whose total the differences are taken.
+    void showAmounts(const EstimateAmounts& amounts);
+    // Where the operator begins.
+    void enter();
 
-    // The rows (from 1) that are ticked for a document.
-    QList<int> ticked(Document document) const;
-    bool hasClaims() const;
-    qint32 askDifference() const;
-    NumberField* askPrice(int row) const { return m_rows.at(row).askPrice; }
-    NumberField* payPrice(int row) const { return m_rows.at(row).payPrice; }
+    QList<EstimatePrinting::TickedRow> ticks() const;
+    // Rows count from 0.
+    QString payPrice(int row) const;
+    void setPayPrice(int row, const QString& amount);
+    void goTo(DocumentOrder::Field field, int row);
     DateField* receiptDate(int row) const { return m_rows.at(row).payPrtDate; }
     bool hasReceivedMark() const;
 
-    const std::unique_ptr<Ui::CsEstimatePrintPage> ui;
-
 signals:
     void changed();
+    void printingAsked(EstimatePrinting::To to);
 
 private:
     struct ClaimFields {
@@ -62,8 +64,11 @@ private:
         DateField* payPrtDate;
     };
 
+    Money sumOf(NumberField* ClaimFields::*amount) const;
     void showSums();
     void calcPrice(int row);
+
+    const std::unique_ptr<Ui::CsEstimatePrintPage> ui;
 
     std::array<ClaimFields, claimRowCount> m_rows;
     qint32 m_total = 0;

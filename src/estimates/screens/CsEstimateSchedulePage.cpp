@@ -7,13 +7,6 @@
 #include "ui/basControlUtil.h"
 #include "ui_CsEstimateSchedulePage.h"
 
-namespace {
-
-const QString wholePrice = u"100"_qs;
-const QString currentTax = u"2"_qs; // the setting's number, the item data of the entry
-
-} // namespace
-
 CsEstimateSchedulePage::CsEstimateSchedulePage(QWidget* parent)
     : QWidget(parent), ui(std::make_unique<Ui::CsEstimateSchedulePage>()) {
     ui->setupUi(this);
@@ -38,42 +31,42 @@ QList<std::pair<DateField*, QString clsCsEstimate::*>> CsEstimateSchedulePage::d
 void CsEstimateSchedulePage::fillLists() {
     FillCommaList(ui->cboDiscount1, u"100,95,70"_qs);
     FillCommaList(ui->cboDiscount2, u"100,95,70"_qs);
-    FillCommaList(ui->cboDiscount3, wholePrice);
+    FillCommaList(ui->cboDiscount3, u"100"_qs);
     FillTaxList(ui->cboTax, u"2,3"_qs);
 }
 
 void CsEstimateSchedulePage::showEstimate(const clsCsEstimate& estimate) {
     for (const auto& [field, member] : dates()) field->setValue(formatDate(estimate.*member, u"yyyy/mm/dd"_qs));
     ui->txtEstMemo->setValue(estimate.Memo);
-    if (estimate.EstId.isEmpty()) {
-        resetDiscounts();
-        resetTax();
-    } else {
-        ui->cboDiscount1->setText(estimate.Discount1);
-        ui->cboDiscount2->setText(estimate.Discount2);
-        ui->cboDiscount3->setText(estimate.Discount3);
-        ui->cboTax->setText(estimate.Tax);
-    }
+    showPercentages(estimate);
 }
 
-void CsEstimateSchedulePage::resetDiscounts() {
-    for (ChoiceBox* box : {ui->cboDiscount1, ui->cboDiscount2, ui->cboDiscount3}) box->setText(wholePrice);
+void CsEstimateSchedulePage::showPercentages(const clsCsEstimate& estimate) {
+    ui->cboDiscount1->setText(estimate.Discount1);
+    ui->cboDiscount2->setText(estimate.Discount2);
+    ui->cboDiscount3->setText(estimate.Discount3);
+    ui->cboTax->setText(estimate.Tax);
 }
 
-void CsEstimateSchedulePage::resetTax() { ui->cboTax->chooseByData(currentTax); }
+void CsEstimateSchedulePage::showAmounts(const EstimateAmounts& amounts) { ui->amounts->showAmounts(amounts); }
+
+DateField* CsEstimateSchedulePage::dateField(QString clsCsEstimate::*date) const {
+    for (const auto& [field, member] : dates())
+        if (member == date) return field;
+    return nullptr;
+}
 
 void CsEstimateSchedulePage::collect(clsCsEstimate& estimate) const {
     for (const auto& [field, member] : dates()) estimate.*member = field->value();
     estimate.Memo = ui->txtEstMemo->value();
-    const Percentages shown = percentages();
-    estimate.Discount1 = storedDiscount(shown.discount1);
-    estimate.Discount2 = storedDiscount(shown.discount2);
-    estimate.Discount3 = storedDiscount(shown.discount3);
-    estimate.Tax = storedTax(shown.tax);
+    collectPercentages(estimate);
 }
 
-Percentages CsEstimateSchedulePage::percentages() const {
-    return {ui->cboDiscount1->text(), ui->cboDiscount2->text(), ui->cboDiscount3->text(), ui->cboTax->text()};
+void CsEstimateSchedulePage::collectPercentages(clsCsEstimate& estimate) const {
+    estimate.Discount1 = storedDiscount(ui->cboDiscount1->text());
+    estimate.Discount2 = storedDiscount(ui->cboDiscount2->text());
+    estimate.Discount3 = storedDiscount(ui->cboDiscount3->text());
+    estimate.Tax = storedTax(ui->cboTax->text());
 }
 
 void CsEstimateSchedulePage::planFromCasting() {

@@ -23,17 +23,14 @@ public:
 
     void fillLists();
     void showEstimate(const clsCsEstimate& estimate);
+    void showPercentages(const clsCsEstimate& estimate);
+    void showAmounts(const EstimateAmounts& amounts);
     void collect(clsCsEstimate& estimate) const;
+    void collectPercentages(clsCsEstimate& estimate) const;
 
-    Percentages percentages() const;
-    // The percentages of a new estimate.
-    void resetDiscounts();
-    // The tax of the settings.
-    void resetTax();
+    DateField* dateField(QString clsCsEstimate::*date) const;
     // Fills the planned dates that are still empty from the casting date.
     void planFromCasting();
-
-    const std::unique_ptr<Ui::CsEstimateSchedulePage> ui;
 
 signals:
     void percentagesChanged();
@@ -41,4 +38,6 @@ signals:
 private:
     // Every date field with the member that holds it.
     QList<std::pair<DateField*, QString clsCsEstimate::*>> dates() const;
+
+    const std::unique_ptr<Ui::CsEstimateSchedulePage> ui;
 };

@@ -35,8 +35,7 @@ class Run {
 public:
     explicit Run(const Job& job)
         : m_job(job), m_settings(readChoiceSettings()), m_claims(job.draft.claimLines()),
-          m_elements(job.draft.lines.make.stored(job.draft.estimate.EstId)),
-          m_parts(job.draft.lines.parts.stored(job.draft.estimate.EstId)) {
+          m_rows(rowsOf(job.draft.composition, job.draft.estimate.EstId)) {
         m_manager.Prepare(gDbManager.Connection());
         if (job.order.outcome == DocumentOrder::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
     }
@@ -84,7 +83,7 @@ private:
         }
         ReportRecordset records;
         m_manager.GetCsEstimateData(kind, copiesOf(kind), claims, m_job.draft.estimate, m_job.draft.customer,
-                                    m_job.draft.items, m_elements, m_parts, m_claims, records, m_job.wholeSum);
+                                    m_rows.items, m_rows.make, m_rows.parts, m_claims, records, m_job.wholeSum);
         for (const QString& name : choice.classes) send(name, records, choice.prtType);
     }
 
@@ -103,8 +102,7 @@ private:
     const Job& m_job;
     DocumentChoiceSettings m_settings;
     QList<clsCsEstAsk> m_claims;
-    QList<clsCsMakeElmt> m_elements;
-    QList<clsCsCmpltElmt> m_parts;
+    EstimateRows m_rows;
     clsReportManager m_manager;
 };
 

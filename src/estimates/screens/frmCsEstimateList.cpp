@@ -19,7 +19,6 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QShortcut>
 
 int frmCsEstimateList::s_open = 0;
 
@@ -129,7 +128,7 @@ frmCsEstimateList::frmCsEstimateList(QWidget* parent) : Screen(parent), ui(std::
     m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database,
                                 [this](const QStringList& keys) { return fetchCustomers(keys, m_ticked); });
     m_estimates = new KeyedList(ui->flxEstList, ui->txtEstCnt, database, fetchEstimates);
-    setUpTabKeys();
+    turnPagesByKeys(ui->tabEstList);
     connectSearch();
     connectLists();
     connectCommands();
@@ -162,18 +161,6 @@ std::optional<frmCsEstimateList::Choice> frmCsEstimateList::chooseOf(QWidget* pa
 }
 
 // --- what hangs on what ---
-
-// Alt+1 to Alt+3 turn the pages, as the captions themselves have no letter.
-void frmCsEstimateList::setUpTabKeys() {
-    for (int page = Conditions; page <= Estimates; ++page) {
-        const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + page));
-        auto* turn = new QShortcut(keys, this);
-        connect(turn, &QShortcut::activated, this, [this, page] {
-            if (leaveField()) turnTo(page);
-        });
-        ui->tabEstList->setTabToolTip(page, keys.toString(QKeySequence::NativeText));
-    }
-}
 
 // Return in a field of the person looks for persons, in any other for estimates.
 void frmCsEstimateList::connectSearch() {

@@ -53,7 +53,6 @@ private:
 
     static std::optional<Choice> open(QWidget* parent, const std::function<void(frmCsEstimateList&)>& prepare);
 
-    void setUpTabKeys();
     void connectSearch();
     void connectLists();
     void connectCommands();

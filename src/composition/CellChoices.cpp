@@ -1,0 +1,21 @@
+#include "composition/CellChoices.h"
+
+#include "base/basCommon.h"
+#include "db/TableManager.h"
+
+#include <algorithm>
+
+bool holds(const CellChoices& choices, const QString& value) {
+    return std::any_of(choices.begin(), choices.end(), [&](const CellChoice& choice) { return choice.value == value; });
+}
+
+void clearFrom(Cells& row, int first, int last) {
+    const qsizetype end = last < 0 ? row.size() - 1 : last;
+    for (qsizetype column = first; column <= end; ++column) row[column].clear();
+}
+
+QString equals(const QString& column, const QString& value) { return u'[' + column + u"] = "_qs + sqlText(value); }
+
+QString isId(const QString& id) {
+    return u"[ID] = "_qs + (isPlainNumber(id) && !id.contains(u'.') && id.size() < 10 ? id : u"-1"_qs);
+}

@@ -1,0 +1,143 @@
+#include "composition/LineRules.h"
+
+#include "base/basCommon.h"
+#include "price/PriceManagers.h"
+#include "price/basPriceLookup.h"
+
+// The complete part lines.
+
+namespace {
+
+using namespace PartsLine;
+
+const QString valid = u"[有効Flg] = 0"_qs;
+const QString usable = u"[使用設定] = 1 AND "_qs + valid;
+
+QString ofItem(const LineContext& context) { return equals(u"種目"_qs, context.item); }
+
+QList<clsPriceParts> parts(const QStringList& terms, const QString& order = byId) {
+    QList<clsPriceParts> rows;
+    gPricePartsManager.GetList(rows, SqlAllOf(terms), order);
+    return rows;
+}
+
+// The usable parts of the row's name and form.
+QList<clsPriceParts> partsOf(const Cells& row, const LineContext& context) {
+    return parts({ofItem(context), equals(u"名称"_qs, row.at(PartsNm)), equals(u"形式"_qs, row.at(Form)), usable},
+                 u"[部品コード],[メーカ名] DESC"_qs);
+}
+
+QString priceOf(const clsPriceParts& part) { return formatThousands(part.NewPrice); }
+
+CellChoices idChoices(const LineContext& context) {
+    CellChoices choices;
+    for (const clsPriceParts& part : parts({ofItem(context), usable}))
+        choices << CellChoice{part.ID, part.ID,
+                              QStringList{part.Name, part.Form, part.PartsCd, part.MakerNm, priceOf(part)}.join(u'／')};
+    return choices;
+}
+
+// Codes with their makers, or the makers of the row's code.
+CellChoices partChoices(const Cells& row, int column, const LineContext& context) {
+    CellChoices choices;
+    for (const clsPriceParts& part : partsOf(row, context)) {
+        const bool byCode = column == PartsCd;
+        if (!byCode && part.PartsCd != row.at(PartsCd)) continue;
+        const QString value = byCode ? part.PartsCd : part.MakerNm;
+        choices << CellChoice{value, value,
+                              QStringList{byCode ? part.MakerNm : part.PartsCd, priceOf(part)}.join(u'／')};
+    }
+    return choices;
+}
+
+CellChoices choices(const Cells& row, int column, const LineContext& context) {
+    if (!context.isUsable()) return {};
+    const bool named = !row.at(PartsNm).isEmpty();
+    QList<clsPriceParts> rows;
+    switch (column) {
+    case RowId:
+        return idChoices(context);
+    case PartsNm:
+        gPricePartsManager.GetListSumPartsNm(rows, context.item);
+        return choicesOf(rows, &clsPriceParts::Name);
+    case Form:
+        if (named) gPricePartsManager.GetListSumForm(rows, context.item, row.at(PartsNm));
+        return choicesOf(rows, &clsPriceParts::Form);
+    case PartsCd:
+    case MakerNm:
+        return named && !row.at(Form).isEmpty() ? partChoices(row, column, context) : CellChoices();
+    default:
+        return {};
+    }
+}
+
+bool ownsRowId(const Cells& row, int column, const LineContext& context) {
+    QStringList terms{isId(row.at(RowId)), ofItem(context), equals(u"名称"_qs, row.at(PartsNm)), usable};
+    if (column >= Form) terms << equals(u"形式"_qs, row.at(Form));
+    if (column >= PartsCd) terms << u"IIF(ISNULL([部品コード]), '', [部品コード]) = "_qs + sqlText(row.at(PartsCd));
+    return !parts(terms).isEmpty();
+}
+
+// Of several rows alike the chosen one's own price counts.
+bool takeRowId(Cells& row) {
+    const QList<clsPriceParts> found = parts({isId(row.at(RowId)), valid});
+    clearFrom(row, PartsNm);
+    if (found.size() != 1) return false;
+    const clsPriceParts& part = found.first();
+    row[PartsNm] = part.Name;
+    row[Form] = part.Form;
+    row[PartsCd] = part.PartsCd;
+    row[MakerNm] = part.MakerNm;
+    row[Suryo] = u"1"_qs;
+    row[UnitPrice] = row[Price] = Money::leadingNumber(part.NewPrice).toText();
+    return false;
+}
+
+// The maker of the row's code: the only one there is, or the one chosen before.
+void narrowMaker(Cells& row, const LineContext& context) {
+    QStringList makers;
+    for (const clsPriceParts& part : partsOf(row, context))
+        if (part.PartsCd == row.at(PartsCd) && !makers.contains(part.MakerNm)) makers << part.MakerNm;
+    if (makers.size() == 1)
+        row[MakerNm] = makers.first();
+    else if (!makers.contains(row.at(MakerNm)))
+        row[MakerNm].clear();
+}
+
+void narrowCode(Cells& row, const LineContext& context) {
+    const QList<clsPriceParts> list = partsOf(row, context);
+    const auto known = [&](const clsPriceParts& part) { return part.PartsCd == row.at(PartsCd); };
+    if (list.size() == 1)
+        row[PartsCd] = list.first().PartsCd;
+    else if (!std::any_of(list.begin(), list.end(), known))
+        clearFrom(row, PartsCd);
+    narrowMaker(row, context);
+}
+
+void narrowForm(Cells& row, const LineContext& context) {
+    const CellChoices list = choices(row, Form, context);
+    if (list.size() == 1)
+        row[Form] = list.first().value;
+    else if (!holds(list, row.at(Form)))
+        clearFrom(row, Form);
+    if (!row.at(Form).isEmpty()) narrowCode(row, context);
+}
+
+Money lookUp(const Cells& row, const LineContext& context, const QString&, qint16& result) {
+    return GetPartsPrice(context.item, row.at(PartsNm), row.at(Form), row.at(PartsCd), result);
+}
+
+} // namespace
+
+const LineRules& partsRules() {
+    static const LineRules rules{
+        &ComposedItem::parts,
+        Suryo,
+        false,
+        {{PartsNm, {narrowForm, true}}, {Form, {narrowCode, true}}, {PartsCd, {narrowMaker, false}}},
+        choices,
+        takeRowId,
+        ownsRowId,
+        lookUp};
+    return rules;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "composition/LineRules.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class LinePage;
+}
+
+// The lines of one item at a time. `index` is the place of the controls in their arrays and tells the kind of lines: 2
+// base and make elements, 3 complete parts.
+class LinePage : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(int index READ index WRITE setIndex)
+
+public:
+    explicit LinePage(QWidget* parent = nullptr);
+    ~LinePage() override;
+
+    int index() const { return m_index; }
+    // To be set once: it names the controls.
+    void setIndex(int index);
+
+    // Writes what is edited into this composition from now on; nothing is in view before `enter`.
+    void setComposition(Composition& composition);
+    // Offers the items that can have lines; the item in view stays when it is still there, else the first is shown.
+    // `tiers` are those that lines are priced for.
+    void enter(const QStringList& tiers);
+    // Shows the item in view anew, after its lines changed behind the grid.
+    void refresh(const QStringList& tiers);
+    void clear();
+
+signals:
+    // After an edit or a command of the operator.
+    void changed();
+
+private:
+    ComposedItem* item() const;
+    LineContext context() const;
+    void showItem(int row);
+    void showLabels();
+    void showSum();
+    bool offerChoices(int row, int column);
+    void takeEdit(int row, int column, const QString& before);
+    void takeRows();
+
+    const std::unique_ptr<Ui::LinePage> ui;
+    int m_index = -1;
+    const LineRules* m_rules = nullptr;
+    Composition* m_composition = nullptr;
+    QStringList m_tiers;
+    int m_itemId = 0; // 0: no item in view
+    bool m_filling = false;
+};

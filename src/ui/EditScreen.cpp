@@ -1,0 +1,65 @@
+#include "ui/EditScreen.h"
+
+#include "base/basMessage.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+void EditScreen::setUpEditing(Controls controls) {
+    m_controls = std::move(controls);
+    onClick(m_controls.cancel, [this] { cancel(); });
+    onClick(m_controls.remove, [this] { remove(); });
+    onClick(m_controls.close, [this] { close(); });
+}
+
+void EditScreen::load() {
+    fillLists();
+    AttachControls(this, wrappers);
+    setMode(EditMode);
+    showStored();
+    clearEdited();
+    firstField()->setFocus();
+}
+
+void EditScreen::setMode(qint16 mode) {
+    static const QStringList words{u"（追加）"_qs, u"（編集）"_qs, u"（削除）"_qs};
+    EditMode = mode;
+    setWindowTitle(m_words.title + words.value(mode));
+    if (m_controls.modeTitle) m_controls.modeTitle->setText(words.value(mode));
+    for (QWidget* part : m_controls.changing) part->setEnabled(mode != Delete);
+    for (QWidget* part : m_controls.storing) part->setEnabled(mode == Edit);
+    m_controls.cancel->setEnabled(mode != Delete);
+    m_controls.remove->setEnabled(mode == Delete);
+}
+
+bool EditScreen::isEdited() const { return m_edited || IsAnyEdited(wrappers); }
+
+void EditScreen::clearEdited() {
+    m_edited = false;
+    ClearEdited(wrappers);
+}
+
+void EditScreen::cancel() {
+    if (ShowMessage(302, m_words.cancelled) != AnswerYes) return;
+    showStored();
+    clearEdited();
+}
+
+void EditScreen::remove() {
+    if (ShowMessage(202, m_words.subject) != AnswerYes) return;
+    if (removeStored()) ShowMessage(902, u"削除しました。"_qs);
+    Updated = true;
+    close();
+}
+
+bool EditScreen::queryUnload() {
+    if (EditMode == Delete || !Loaded || !isEdited()) return true;
+    switch (ShowMessage(201, m_words.subject)) {
+    case AnswerYes:
+        return save();
+    case AnswerNo:
+        return true;
+    default:
+        return false;
+    }
+}

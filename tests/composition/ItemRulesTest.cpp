@@ -1,0 +1,132 @@
+#include "HalvaneTest.h"
+#include "support/TestDatabase.h"
+
+#include "composition/ItemRules.h"
+
+#include <QTest>
+
+// On the price list of the sample office.
+class ItemRulesTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestDatabase> m_database;
+
+    static Cells emptyRow() { return Cells(ItemRules::Columns); }
+
+    static void choose(Cells& row, int column, const QString& value,
+                       ItemRules::PickStyleStart start = ItemRules::PickStyleStart::Empty) {
+        const QString before = row.at(column);
+        row[column] = value;
+        ItemRules::edited(row, column, before, start);
+    }
+
+    static Cells shortLegBrace() {
+        Cells row = emptyRow();
+        choose(row, ItemRules::RowId, u"52"_qs);
+        row[ItemRules::PickStyle] = u"1"_qs;
+        return row;
+    }
+
+private slots:
+    void initTestCase() {
+        m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Sample);
+        m_database->prepareManagers();
+    }
+
+    void cleanupTestCase() { m_database.reset(); }
+
+    void singlePathFillsTheWholeRow() {
+        Cells row = emptyRow();
+        choose(row, ItemRules::Item, u"起立保持具"_qs);
+        QVERIFY(!row.at(ItemRules::PickKbn).isEmpty());
+        QVERIFY(!row.at(ItemRules::Name).isEmpty());
+        QVERIFY(!row.at(ItemRules::Form).isEmpty());
+        QCOMPARE(row.at(ItemRules::PickStyle), u"0"_qs);
+    }
+
+    void quickEntryFillsTheRow() {
+        const Cells row = shortLegBrace();
+        QCOMPARE(row.at(ItemRules::Item), u"下肢装具"_qs);
+        QCOMPARE(row.at(ItemRules::Name), u"短下肢装具"_qs);
+        QCOMPARE(row.at(ItemRules::Form), u"両側支柱"_qs);
+    }
+
+    void unknownQuickEntryClearsTheFourTexts() {
+        for (const QString& id : {u"999999"_qs, u"abc"_qs, u"' OR 1=1"_qs, u"1.5"_qs}) {
+            Cells row = shortLegBrace();
+            choose(row, ItemRules::RowId, id);
+            for (int column = ItemRules::Item; column <= ItemRules::Form; ++column) QCOMPARE(row.at(column), QString());
+        }
+    }
+
+    void otherNameKeepsAFormThatItsListHolds() {
+        Cells row = emptyRow();
+        choose(row, ItemRules::Item, u"靴型装具"_qs);
+        choose(row, ItemRules::PickKbn, u"F-1"_qs);
+        choose(row, ItemRules::Form, u"特殊靴"_qs);
+        choose(row, ItemRules::PickKbn, u"F-2"_qs);
+        QCOMPARE(row.at(ItemRules::Name), u"半長靴"_qs);
+        QCOMPARE(row.at(ItemRules::Form), u"特殊靴"_qs);
+    }
+
+    void otherNameClearsAFormThatItsListLacks() {
+        Cells row = shortLegBrace();
+        choose(row, ItemRules::PickKbn, u"E-1"_qs);
+        QCOMPARE(row.at(ItemRules::Name), u"股装具"_qs);
+        QCOMPARE(row.at(ItemRules::Form), QString());
+    }
+
+    void quickEntryGoesWhenTheTextsNoLongerFit() {
+        Cells row = shortLegBrace();
+        choose(row, ItemRules::Form, u"軟性"_qs);
+        QCOMPARE(row.at(ItemRules::RowId), QString());
+    }
+
+    void clearedKindClearsTheRow() {
+        Cells row = shortLegBrace();
+        choose(row, ItemRules::Item, {});
+        for (int column = ItemRules::Item; column <= ItemRules::GrantRepair; ++column) QCOMPARE(row.at(column), QString());
+    }
+
+    void castingOrMeasuringIsAskedOfOrthosesAlone() {
+        Cells row = shortLegBrace();
+        choose(row, ItemRules::Item, u"歩行器"_qs);
+        QCOMPARE(row.at(ItemRules::PickStyle), u"0"_qs);
+        choose(row, ItemRules::Item, u"下肢装具"_qs);
+        QCOMPARE(row.at(ItemRules::PickStyle), QString());
+        QVERIFY(ItemRules::choices(row, ItemRules::PickStyle).isEmpty());
+    }
+
+    void listNeedsEveryColumnToItsLeft() {
+        Cells row = emptyRow();
+        QVERIFY(ItemRules::choices(row, ItemRules::PickKbn).isEmpty());
+        QVERIFY(ItemRules::choices(row, ItemRules::GrantRepair).isEmpty());
+        QVERIFY(!ItemRules::choices(row, ItemRules::Item).isEmpty());
+        QCOMPARE(ItemRules::choices(shortLegBrace(), ItemRules::GrantRepair).size(), 2);
+    }
+
+    void castingCanStartWithTheFirstEntry() {
+        Cells row = emptyRow();
+        choose(row, ItemRules::Item, u"下肢装具"_qs, ItemRules::PickStyleStart::FirstEntry);
+        QCOMPARE(row.at(ItemRules::PickStyle), ItemRules::choices(shortLegBrace(), ItemRules::PickStyle).first().value);
+        row[ItemRules::PickStyle] = u"2"_qs;
+        choose(row, ItemRules::RowId, u"52"_qs, ItemRules::PickStyleStart::FirstEntry);
+        QCOMPARE(row.at(ItemRules::PickStyle), u"2"_qs);
+        choose(row, ItemRules::Item, u"歩行器"_qs, ItemRules::PickStyleStart::FirstEntry);
+        QCOMPARE(row.at(ItemRules::PickStyle), u"0"_qs);
+    }
+
+    void numbersOfChoicesAreShownAsTheirTexts() {
+        Cells row = shortLegBrace();
+        row[ItemRules::GrantRepair] = u"999"_qs;
+        const QStringList texts = ItemRules::shownTexts(row);
+        QCOMPARE(texts.size(), 6);
+        QCOMPARE(texts.at(0), u"下肢装具"_qs);
+        QCOMPARE(texts.at(4), u"採型"_qs);
+        QCOMPARE(texts.at(5), QString());
+    }
+};
+
+HALVANE_TEST(ItemRulesTest)
+#include "ItemRulesTest.moc"

@@ -1,0 +1,158 @@
+#include "HalvaneTest.h"
+#include "support/TestDatabase.h"
+
+#include "composition/ItemRules.h"
+#include "composition/LineRules.h"
+#include "price/PriceManagers.h"
+
+#include <QTest>
+
+// On the price list of the sample office.
+class LineRulesTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestDatabase> m_database;
+
+    static Cells emptyRow(int columns) { return Cells(columns, QString()); }
+
+    static void choose(Cells& row, int column, const QString& value) {
+        const QString before = row.at(column);
+        row[column] = value;
+        ItemRules::edited(row, column, before);
+    }
+
+    static Cells shortLegBrace() {
+        Cells row = emptyRow(ItemRules::Columns);
+        choose(row, ItemRules::RowId, u"52"_qs);
+        row[ItemRules::PickStyle] = u"1"_qs;
+        return row;
+    }
+
+    static LineContext braceContext() { return LineContext(shortLegBrace(), {QString()}); }
+
+    static void chooseMake(Cells& row, int column, const QString& value, const LineContext& context) {
+        const QString before = row.at(column);
+        row[column] = value;
+        makeRules().edited(row, column, before, context);
+    }
+
+    static void choosePart(Cells& row, int column, const QString& value, const LineContext& context) {
+        const QString before = row.at(column);
+        row[column] = value;
+        partsRules().edited(row, column, before, context);
+    }
+
+private slots:
+    void initTestCase() {
+        m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Sample);
+        m_database->prepareManagers();
+    }
+
+    void cleanupTestCase() { m_database.reset(); }
+
+    void linesNeedAnItem() {
+        const Cells row = emptyRow(MakeLine::Columns);
+        QVERIFY(!makeRules().mayEdit(row, MakeLine::MakeElmt, LineContext()));
+        QVERIFY(makeRules().mayEdit(row, MakeLine::MakeElmt, braceContext()));
+        QVERIFY(!makeRules().mayEdit(row, MakeLine::Suryo, braceContext()));
+    }
+
+    void basePriceLineIsPriced() {
+        Cells row = emptyRow(MakeLine::Columns);
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, braceContext());
+        QCOMPARE(row.at(MakeLine::Materials), u"＊"_qs);
+        QCOMPARE(row.at(MakeLine::Suryo), u"1"_qs);
+        QVERIFY(row.at(MakeLine::Price).toInt() > 0);
+        QCOMPARE(row.at(MakeLine::Price), row.at(MakeLine::UnitPrice));
+    }
+
+    void quantityMultipliesTheUnitPriceAndOverridesATypedPrice() {
+        Cells row = emptyRow(MakeLine::Columns);
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, braceContext());
+        const int unit = row.at(MakeLine::UnitPrice).toInt();
+        chooseMake(row, MakeLine::Price, u"123"_qs, braceContext());
+        QCOMPARE(row.at(MakeLine::Price), u"123"_qs);
+        chooseMake(row, MakeLine::Suryo, u"2"_qs, braceContext());
+        QCOMPARE(row.at(MakeLine::Price), QString::number(2 * unit));
+    }
+
+    void threeTiersStandBehindTheQuantity() {
+        const LineContext context(shortLegBrace(), {u"小人"_qs, u"中人"_qs, u"大人"_qs});
+        Cells row = emptyRow(makeRules().columns(3));
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, context);
+        for (int tier = 0; tier < 3; ++tier) {
+            QVERIFY(row.at(makeRules().amount(tier)).toInt() > 0);
+            QCOMPARE(row.at(makeRules().unitPrice(tier)), row.at(makeRules().amount(tier)));
+        }
+        chooseMake(row, MakeLine::Suryo, u"2"_qs, context);
+        for (int tier = 0; tier < 3; ++tier)
+            QCOMPARE(row.at(makeRules().amount(tier)).toInt(), 2 * row.at(makeRules().unitPrice(tier)).toInt());
+        QCOMPARE(makeRules().lastAmount(row), makeRules().amount(2));
+    }
+
+    void amountOfALineIsNotRounded() {
+        QCOMPARE(lineAmount(u"5000"_qs, u"3"_qs), u"15000"_qs);
+        QCOMPARE(lineAmount(u"333"_qs, u"1.5"_qs), u"499.5"_qs);
+        QCOMPARE(lineAmount({}, u"3"_qs), u"0"_qs);
+    }
+
+    void clearedElementClearsTheLine() {
+        Cells row = emptyRow(MakeLine::Columns);
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, braceContext());
+        chooseMake(row, MakeLine::MakeElmt, {}, braceContext());
+        QCOMPARE(row, emptyRow(MakeLine::Columns));
+    }
+
+    void elementOfTheQuickEntryIsPriced() {
+        const LineContext context = braceContext();
+        const CellChoices list = makeRules().choices(emptyRow(MakeLine::Columns), MakeLine::RowId, context);
+        QVERIFY(list.size() > 5);
+        Cells row = emptyRow(MakeLine::Columns);
+        chooseMake(row, MakeLine::RowId, list.last().value, context);
+        QVERIFY(!row.at(MakeLine::Materials).isEmpty());
+        QVERIFY(row.at(MakeLine::Price).toInt() > 0);
+        chooseMake(row, MakeLine::RowId, {}, context);
+        QCOMPARE(row, emptyRow(MakeLine::Columns));
+    }
+
+    void priceThatIsNotFoundIs0() {
+        Cells row = emptyRow(MakeLine::Columns);
+        LineContext context = braceContext();
+        context.pickStyle = u"0"_qs;
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, context);
+        QCOMPARE(row.at(MakeLine::Price), u"0"_qs);
+    }
+
+    void partFillsCodeMakerAndPrice() {
+        const LineContext context = braceContext();
+        const CellChoices names = partsRules().choices(emptyRow(PartsLine::Columns), PartsLine::PartsNm, context);
+        QVERIFY(!names.isEmpty());
+        Cells row = emptyRow(PartsLine::Columns);
+        choosePart(row, PartsLine::PartsNm, names.first().value, context);
+        const CellChoices forms = partsRules().choices(row, PartsLine::Form, context);
+        choosePart(row, PartsLine::Form, forms.first().value, context);
+        const CellChoices codes = partsRules().choices(row, PartsLine::PartsCd, context);
+        QVERIFY(!codes.isEmpty());
+        choosePart(row, PartsLine::PartsCd, codes.first().value, context);
+        QCOMPARE(row.at(PartsLine::Suryo), u"1"_qs);
+        QVERIFY(row.at(PartsLine::Price).toInt() > 0);
+        choosePart(row, PartsLine::Suryo, u"3"_qs, context);
+        QCOMPARE(row.at(PartsLine::Price), QString::number(3 * row.at(PartsLine::UnitPrice).toInt()));
+    }
+
+    void partOfTheQuickEntryMustBeInUse() {
+        const LineContext context = braceContext();
+        const CellChoices list = partsRules().choices(emptyRow(PartsLine::Columns), PartsLine::RowId, context);
+        Cells row = emptyRow(PartsLine::Columns);
+        choosePart(row, PartsLine::RowId, list.first().value, context);
+        QVERIFY(!row.at(PartsLine::PartsNm).isEmpty());
+        m_database->connection().execute(u"UPDATE 価格部品 SET [有効Flg] = 1 WHERE [ID] = "_qs + list.first().value);
+        Cells retired = emptyRow(PartsLine::Columns);
+        choosePart(retired, PartsLine::RowId, list.first().value, context);
+        QCOMPARE(retired.at(PartsLine::PartsNm), QString());
+    }
+};
+
+HALVANE_TEST(LineRulesTest)
+#include "LineRulesTest.moc"
