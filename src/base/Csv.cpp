@@ -57,12 +57,7 @@ QString harmless(const QString& field) {
 }
 
 Writer::Writer(const QString& path, Encoding encoding) : m_file(path), m_encoding(encoding) {
-    if (!m_file.open(QIODevice::WriteOnly)) fail();
     if (encoding == Encoding::Utf8) m_file.write("\xEF\xBB\xBF");
-}
-
-void Writer::fail() const {
-    throw AppError(u"ファイルに書き込めません。\n%1\n%2"_qs.arg(m_file.fileName(), m_file.errorString()), u"Csv"_qs);
 }
 
 void Writer::line(const QStringList& fields) {
@@ -72,12 +67,9 @@ void Writer::line(const QStringList& fields) {
     if (m_encoding == Encoding::Cp932)
         if (const QStringList missing = Text::missingInCp932(text); !missing.isEmpty())
             throw AppError(u"Shift_JIS にない文字があります。\n%1\n%2"_qs.arg(missing.join(u'、'), text), u"Csv"_qs);
-    const QByteArray bytes = m_encoding == Encoding::Utf8 ? text.toUtf8() : Text::toCp932(text);
-    if (m_file.write(bytes) != bytes.size()) fail();
+    m_file.write(m_encoding == Encoding::Utf8 ? text.toUtf8() : Text::toCp932(text));
 }
 
-void Writer::commit() {
-    if (!m_file.commit()) fail();
-}
+void Writer::commit() { m_file.commit(); }
 
 } // namespace Csv

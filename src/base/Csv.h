@@ -1,7 +1,8 @@
 #pragma once
 
+#include "base/WholeFile.h"
+
 #include <QList>
-#include <QSaveFile>
 #include <QString>
 #include <QStringList>
 
@@ -26,9 +27,7 @@ public:
     void commit();
 
 private:
-    [[noreturn]] void fail() const;
-
-    QSaveFile m_file;
+    WholeFile m_file;
     Encoding m_encoding;
 };
 

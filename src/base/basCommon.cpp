@@ -286,46 +286,6 @@ QString FindDriveByType(int) { return {}; }
 
 void OpenWithShell(const QString& path) { seams().openWithShell(path); }
 
-namespace {
-
-constexpr int csvFilter = 2;
-constexpr int utf8Filter = 3;
-
-bool askCsvSavePath(QString& path, FileDialogRequest& request) {
-    const clsProfile profile;
-    request.folder = platformPath(profile.GetValue(u"SaveFile"_qs, u"EstCsvPath"_qs, QString()));
-    request.fileName = profile.GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs, QString());
-    request.filter = csvFilter;
-    const QString chosen = seams().saveFile(request);
-    if (chosen.isEmpty()) return false;
-    const qsizetype separator = chosen.lastIndexOf(QDir::separator());
-    profile.SaveValue(u"SaveFile"_qs, u"EstCsvPath"_qs, chosen.left(separator + 1));
-    profile.SaveValue(u"SaveFile"_qs, u"EstCsvFile"_qs, chosen.mid(separator + 1));
-    path = chosen;
-    return true;
-}
-
-FileDialogRequest csvRequest() {
-    FileDialogRequest request;
-    request.filters = {u"すべてのﾌｧｲﾙ (*.*)"_qs, u"ﾃｷｽﾄﾌｧｲﾙ (*.txt)"_qs, u"ｶﾝﾏ区切り csvﾌｧｲﾙ (*.csv)"_qs};
-    return request;
-}
-
-} // namespace
-
-bool AskCsvSavePath(QString& path) {
-    FileDialogRequest request = csvRequest();
-    return askCsvSavePath(path, request);
-}
-
-bool AskCsvSavePath(QString& path, Csv::Encoding& encoding) {
-    FileDialogRequest request = csvRequest();
-    request.filters << u"ｶﾝﾏ区切り csvﾌｧｲﾙ UTF-8 (*.csv)"_qs;
-    if (!askCsvSavePath(path, request)) return false;
-    encoding = request.filter == utf8Filter ? Csv::Encoding::Utf8 : Csv::Encoding::Cp932;
-    return true;
-}
-
 QString kanaRangeFilter(const QString& column, const QString& button) {
     static const QString buttons = u"あかさたなはまやらわ"_qs;
     static const QString bounds = u"ｱｶｻﾀﾅﾊﾏﾔﾗﾜ"_qs;

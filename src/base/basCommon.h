@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/Csv.h"
-
 #include "base/Paths.h"
 
 #include <QDate>
@@ -93,10 +91,6 @@ QString GetBackupFolder();
 QString FindDriveByType(int type);
 // Opens a document by its association.
 void OpenWithShell(const QString& path);
-// Asks where to write a CSV file and remembers the answer; false when cancelled.
-bool AskCsvSavePath(QString& path);
-// The same with the encoding as a choice among the file types.
-bool AskCsvSavePath(QString& path, Csv::Encoding& encoding);
 
 // The range filter of a kana button on a reading column: あ か さ た な は ま や ら わ 他; "全" gives no filter.
 QString kanaRangeFilter(const QString& column, const QString& button);

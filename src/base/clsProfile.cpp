@@ -4,11 +4,11 @@
 #include "base/Paths.h"
 #include "base/Seams.h"
 #include "base/Text.h"
+#include "base/WholeFile.h"
 
 #include <QByteArrayList>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 namespace {
 
@@ -26,10 +26,9 @@ QByteArrayList readLines(const QString& path) {
 }
 
 void writeLines(const QString& path, const QByteArrayList& lines) {
-    QSaveFile file(path);
-    const QByteArray bytes = lines.join("\r\n") + "\r\n";
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw AppError(u"INIﾌｧｲﾙに書き込めません。"_qs, u"clsProfile"_qs);
+    WholeFile file(path, u"INIﾌｧｲﾙ"_qs);
+    file.write(lines.join("\r\n") + "\r\n");
+    file.commit();
 }
 
 bool same(const QString& left, const QString& right) { return left.compare(right, Qt::CaseInsensitive) == 0; }

@@ -1,12 +1,8 @@
 #include "estimates/EstimateCsv.h"
 
-#include "base/Text.h"
 #include "base/basCommon.h"
-#include "base/clsLogger.h"
 
 namespace {
-
-constexpr qsizetype mostTold = 15;
 
 template <class Record> struct CsvField {
     QString column;
@@ -25,15 +21,6 @@ const QList<CsvField<clsCustomer>>& customerFields() {
     return fields;
 }
 
-QString whoseOf(const clsCsEstimate& estimate, const clsCustomer& customer) {
-    return u"%1 %2"_qs.arg(estimate.EstNo, JoinWithSpace(customer.CustNm1, customer.CustNm2)).trimmed();
-}
-
-QString lineOf(const EstimateCsv::Lacking& place) {
-    return u"%1行目（%2） %3：%4"_qs.arg(formatThousands(place.row), place.whose, place.column,
-                                         place.characters.join(u'、'));
-}
-
 } // namespace
 
 QStringList EstimateCsv::columns() {
@@ -42,28 +29,9 @@ QStringList EstimateCsv::columns() {
     return columns << u"金額"_qs;
 }
 
-QStringList EstimateCsv::fields(const clsCsEstimate& estimate, const clsCustomer& customer) {
+CsvRow EstimateCsv::row(const clsCsEstimate& estimate, const clsCustomer& customer) {
     QStringList fields{estimate.EstNo, estimate.EstNm};
     for (const auto& field : customerFields()) fields << customer.*field.member;
-    return fields << estimate.EstSum;
-}
-
-QList<EstimateCsv::Lacking> EstimateCsv::lacking(qint64 row, const clsCsEstimate& estimate,
-                                                 const clsCustomer& customer) {
-    QList<Lacking> found;
-    const QStringList values = fields(estimate, customer), names = columns();
-    for (int i = 0; i < values.size(); ++i)
-        if (const QStringList missing = Text::missingInCp932(values.at(i)); !missing.isEmpty())
-            found << Lacking{row, whoseOf(estimate, customer), names.at(i), missing};
-    return found;
-}
-
-QString EstimateCsv::told(const QList<Lacking>& found) {
-    QStringList lines;
-    for (const Lacking& place : found.first(qMin(found.size(), mostTold))) lines << lineOf(place);
-    if (found.size() <= mostTold) return lines.join(u'\n');
-    // The log is written in the same code page as the file.
-    for (const Lacking& place : found) writeLog(u"Shift_JIS にない文字 "_qs + Text::withCodePoints(lineOf(place)));
-    return lines.join(u'\n') +
-           u"\nほか %1か所（すべての箇所はログに記録しました）"_qs.arg(formatThousands(found.size() - mostTold));
+    const QString person = JoinWithSpace(customer.CustNm1, customer.CustNm2);
+    return {fields << estimate.EstSum, u"%1 %2"_qs.arg(estimate.EstNo, person).trimmed()};
 }

@@ -380,58 +380,6 @@ private slots:
         QCOMPARE(QDir::cleanPath(GetDbFilePath()), folder.path(u"data/sub/office.db"_qs));
     }
 
-    void chosenCsvPathIsRemembered() {
-        ProgramFolder folder;
-        folder.writeProfile("[SaveFile]\r\nEstCsvPath=/tmp/old\r\nEstCsvFile=est.csv\r\n");
-        FileDialogRequest shown;
-        const QString chosen = folder.path(u"見積/x.csv"_qs);
-        seams().saveFile = [&](FileDialogRequest& request) {
-            shown = request;
-            return chosen;
-        };
-        QString path;
-        const bool answered = AskCsvSavePath(path);
-        seams().saveFile = defaultSeams().saveFile;
-        QVERIFY(answered);
-        QCOMPARE(path, chosen);
-        QCOMPARE(shown.fileName, u"est.csv"_qs);
-        QVERIFY(shown.folder.startsWith(u"/tmp/old"_qs));
-        QCOMPARE(shown.filter, 2);
-        QCOMPARE(shown.filters.size(), 3);
-        QCOMPARE(clsProfile().GetValue(u"SaveFile"_qs, u"EstCsvPath"_qs), folder.path(u"見積/"_qs));
-        QCOMPARE(clsProfile().GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs), u"x.csv"_qs);
-    }
-
-    void encodingIsAChoiceAmongTheFileTypes() {
-        ProgramFolder folder;
-        folder.writeProfile("[SaveFile]\r\n");
-        int chosenFilter = 2;
-        seams().saveFile = [&](FileDialogRequest& request) {
-            request.filter = chosenFilter;
-            return request.filters.size() == 4 ? folder.path(u"x.csv"_qs) : QString();
-        };
-        QString path;
-        Csv::Encoding encoding = Csv::Encoding::Utf8;
-        const bool first = AskCsvSavePath(path, encoding);
-        const Csv::Encoding narrow = encoding;
-        chosenFilter = 3;
-        const bool second = AskCsvSavePath(path, encoding);
-        seams().saveFile = defaultSeams().saveFile;
-        QVERIFY(first && second);
-        QCOMPARE(narrow, Csv::Encoding::Cp932);
-        QCOMPARE(encoding, Csv::Encoding::Utf8);
-    }
-
-    void cancelledCsvDialogRemembersNothing() {
-        ProgramFolder folder;
-        folder.writeProfile("[SaveFile]\r\nEstCsvFile=est.csv\r\n");
-        const QByteArray before = folder.read(u"Halvane.ini"_qs);
-        QString path;
-        QVERIFY(!AskCsvSavePath(path));
-        QCOMPARE(path, QString());
-        QCOMPARE(folder.read(u"Halvane.ini"_qs), before);
-    }
-
     void noDriveIsFound() { QCOMPARE(FindDriveByType(5), QString()); }
 
     void systemDateTakesTheOverrideWhenItIsADate_data() {

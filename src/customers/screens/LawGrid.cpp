@@ -10,13 +10,7 @@ namespace {
 constexpr int rowCount = 4;
 
 QList<GridColumn> columns() {
-    QList<GridColumn> all(2);
-    all[LawGrid::InsNo].title = u"法別No"_qs;
-    all[LawGrid::InsNo].hidden = true;
-    all[LawGrid::InsNm].title = u"保険名"_qs;
-    all[LawGrid::InsNm].width = 24;
-    all[LawGrid::InsNm].editable = true;
-    return all;
+    return {GridColumn::of(u"法別No"_qs, 10).unseen(), GridColumn::of(u"保険名"_qs, 24).typed()};
 }
 
 } // namespace

@@ -56,18 +56,10 @@ const QList<Line>& lines() {
 }
 
 QList<GridColumn> columns() {
-    QList<GridColumn> all(4);
-    all[Title].title = u"項目"_qs;
-    all[Title].width = 13;
-    all[Title].background = Style::heading;
-    all[Stored].title = u"マスタ"_qs;
-    all[Stored].width = 40;
-    all[Typed].title = u"入力"_qs;
-    all[Typed].width = 40;
-    all[Mark].title = u"相違"_qs;
-    all[Mark].width = 4;
-    all[Mark].alignment = Qt::AlignCenter;
-    return all;
+    GridColumn title = GridColumn::of(u"項目"_qs, 13);
+    title.background = Style::heading;
+    return {title, GridColumn::of(u"マスタ"_qs, 40), GridColumn::of(u"入力"_qs, 40),
+            GridColumn::of(u"相違"_qs, 4).aligned(Qt::AlignCenter)};
 }
 
 // 本人区分 is stored as its value and told by its name.

@@ -16,10 +16,6 @@
 #include "ui_EstimateSearchPage.h"
 #include "ui_frmCsEstimateList.h"
 
-#include <QElapsedTimer>
-#include <QPointer>
-#include <QScopeGuard>
-
 int frmCsEstimateList::s_open = 0;
 
 namespace {
@@ -27,31 +23,20 @@ namespace {
 enum CustomerColumn { Tick, CustId, CustSubId, CustNo, CustName, CustKana, Tel, Pref, City };
 enum EstimateColumn { Id, Number, Name, EstNo, PickPtn, DelvFin, Product, EstName, Sum, Order, Status };
 
-GridColumn column(const QString& title, int width) {
-    GridColumn column;
-    column.title = title;
-    column.width = width;
-    return column;
-}
-
 QList<GridColumn> customerColumns() {
-    QList<GridColumn> columns{column(u"選択"_qs, 5),      column(u"顧客ID"_qs, 12),  column(u"顧客枝番"_qs, 8),
-                              column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 24),    column(u"フリガナ"_qs, 26),
-                              column(u"電話番号"_qs, 15), column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
-    columns[Tick].kind = GridColumn::Check;
-    columns[Tick].editable = true;
-    columns[CustSubId].kind = GridColumn::Number;
-    return columns;
+    const auto column = [](const QString& title, int width) { return GridColumn::of(title, width); };
+    return {GridColumn::of(u"選択"_qs, 5, GridColumn::Check).typed(), column(u"顧客ID"_qs, 12),
+            GridColumn::of(u"顧客枝番"_qs, 8, GridColumn::Number), column(u"顧客番号"_qs, 11),
+            column(u"氏名"_qs, 24), column(u"フリガナ"_qs, 26), column(u"電話番号"_qs, 15),
+            column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
 }
 
 QList<GridColumn> estimateColumns() {
-    QList<GridColumn> columns{column(u"見積ID"_qs, 11),     column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 18),
-                              column(u"見積番号"_qs, 11),   column(u"採型日"_qs, 9),    column(u"納品日"_qs, 9),
-                              column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 36), column(u"金額"_qs, 11),
-                              column(u"受注先"_qs, 20),     column(u"作業状況"_qs, 9)};
-    columns[Sum].kind = GridColumn::Number;
-    for (const int date : {PickPtn, DelvFin}) columns[date].alignment = Qt::AlignHCenter;
-    return columns;
+    const auto column = [](const QString& title, int width) { return GridColumn::of(title, width); };
+    return {column(u"見積ID"_qs, 11), column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 18), column(u"見積番号"_qs, 11),
+            column(u"採型日"_qs, 9).aligned(Qt::AlignHCenter), column(u"納品日"_qs, 9).aligned(Qt::AlignHCenter),
+            column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 36),
+            GridColumn::of(u"金額"_qs, 11, GridColumn::Number), column(u"受注先"_qs, 20), column(u"作業状況"_qs, 9)};
 }
 
 // What a click on a heading sorts by, and what follows of equal ones.
@@ -118,7 +103,7 @@ GridEntries statusEntries() {
 
 } // namespace
 
-frmCsEstimateList::frmCsEstimateList(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
+frmCsEstimateList::frmCsEstimateList(QWidget* parent) : ListScreen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
     ++s_open;
     ui->setupUi(this);
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
@@ -323,33 +308,6 @@ void frmCsEstimateList::edit(const QString& id, qint16 mode, int row) {
     ui->flxEstList->setFocus();
 }
 
-void frmCsEstimateList::whileBusy(const QString& word,
-                                  const std::function<void(const std::function<bool()>& pause)>& work) {
-    const QString title = windowTitle();
-    const QPointer<QWidget> focused = focusWidget(); // which a disabled window loses
-    QElapsedTimer sinceTold;
-    sinceTold.start();
-    SetWaitCursor(true);
-    m_busy = true;
-    setEnabled(false);
-    const auto end = qScopeGuard([&] {
-        setEnabled(true);
-        if (focused) focused->setFocus();
-        m_busy = false;
-        setWindowTitle(title);
-        SetWaitCursor(false);
-    });
-    int parts = 0;
-    work([&] {
-        if (++parts > 1 && sinceTold.elapsed() > 100) {
-            setWindowTitle(title + u"  "_qs + word + QString(parts % 4, u'.'));
-            seams().letEventsRun();
-            sinceTold.restart();
-        }
-        return true;
-    });
-}
-
 // The paper holds the list that stands on the screen, also when other conditions were typed since.
 void frmCsEstimateList::showWhatIsAskedFor() {
     turnTo(Estimates);
@@ -365,41 +323,14 @@ void frmCsEstimateList::writeCsv() {
         ShowMessage(122, u"出力データ"_qs);
         return;
     }
-    QString path;
-    Csv::Encoding encoding = Csv::Encoding::Cp932;
-    if (!AskCsvSavePath(path, encoding)) return;
-    const auto each = [&](const std::function<void(const clsCsEstimate&, const clsCustomer&)>& take) {
-        whileBusy(u"CSV出力中"_qs, [&](const std::function<bool()>& pause) {
-            gCsEstimateManager.ForEachOf(
-                ids,
-                [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
-                    take(estimate, customer);
-                },
-                pause);
+    exportCsv(EstimateCsv::columns(), [&](const std::function<void(const CsvRow&)>& take) {
+        whileBusy(u"CSV出力中"_qs, [&](const Pause& pause) {
+            const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
+                take(EstimateCsv::row(estimate, customer));
+            };
+            gCsEstimateManager.ForEachOf(ids, add, pause);
         });
-    };
-    if (encoding == Csv::Encoding::Cp932) {
-        QList<EstimateCsv::Lacking> lacking;
-        qint64 row = 0;
-        each([&](const clsCsEstimate& estimate, const clsCustomer& customer) {
-            lacking << EstimateCsv::lacking(++row, estimate, customer);
-        });
-        if (!lacking.isEmpty()) {
-            const QString question = u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
-                                     u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs;
-            if (ShowMessage(904, question + EstimateCsv::told(lacking)) != AnswerYes) return;
-            encoding = Csv::Encoding::Utf8;
-        }
-    }
-    Csv::Writer file(path, encoding);
-    file.line(EstimateCsv::columns());
-    qint64 written = 0;
-    each([&](const clsCsEstimate& estimate, const clsCustomer& customer) {
-        file.line(EstimateCsv::fields(estimate, customer));
-        ++written;
     });
-    file.commit();
-    ShowMessage(902, formatThousands(written) + u"件出力しました。"_qs);
 }
 
 // --- printing ---
@@ -407,13 +338,9 @@ void frmCsEstimateList::writeCsv() {
 void frmCsEstimateList::print(int member) {
     const bool toPrinter = member == 1 || member == 2;
     if (!m_estimates->isEmpty()) showWhatIsAskedFor();
-    if (m_estimates->isEmpty()) {
-        ShowMessage(122, u"印刷対象データ"_qs);
-        return;
-    }
-    if (toPrinter && ShowMessage(203, {}) != AnswerYes) return;
+    if (!mayPrint(!m_estimates->isEmpty(), toPrinter)) return;
     ReportRecordset records;
-    whileBusy(u"印刷準備中"_qs, [&](const std::function<bool()>& pause) {
+    whileBusy(u"印刷準備中"_qs, [&](const Pause& pause) {
         clsReportManager manager;
         manager.Prepare(gDbManager.Connection());
         manager.GetCsEstimateListData(condition(), order(), member, m_exclusions, records, pause);

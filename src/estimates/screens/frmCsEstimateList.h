@@ -1,7 +1,7 @@
 #pragma once
 
 #include "estimates/EstimateListFilter.h"
-#include "ui/Screen.h"
+#include "ui/ListScreen.h"
 
 #include <QSet>
 
@@ -17,7 +17,7 @@ class KeyedList;
 // (`OpenMode` 1) it opens estimates in the editor; otherwise it is a chooser, which closes with the chosen estimate in
 // `EstId` and the mode for it in `EditMode`, or with `Cancel`. `DetailMode` 1 starts with the estimates of the person
 // named by `CustName1` and `CustName2`.
-class frmCsEstimateList : public Screen {
+class frmCsEstimateList : public ListScreen {
     Q_OBJECT
 
 public:
@@ -46,7 +46,6 @@ public:
 
 protected:
     void load() override;
-    bool queryUnload() override { return !m_busy; }
 
 private:
     enum Page { Conditions, Customers, Estimates };
@@ -79,8 +78,6 @@ private:
     void edit(const QString& id, qint16 mode, int row);
     void writeCsv();
     void print(int member);
-    // Runs long work that says how far it is; the screen waits for its end.
-    void whileBusy(const QString& word, const std::function<void(const std::function<bool()>& pause)>& work);
 
     std::unique_ptr<Ui::frmCsEstimateList> ui;
     KeyedList* m_customers;
@@ -91,7 +88,6 @@ private:
     QString m_openedName;
 
     QString m_exclusions; // 法別 names that the list without them leaves out
-    bool m_busy = false;
 
     static int s_open;
 };

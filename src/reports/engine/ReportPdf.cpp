@@ -1,6 +1,7 @@
 #include "reports/engine/ReportPdf.h"
 
 #include "base/AppError.h"
+#include "base/WholeFile.h"
 #include "reports/engine/PdfTextTable.h"
 #include "reports/engine/ReportFonts.h"
 #include "reports/engine/ReportPainter.h"
@@ -9,7 +10,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QRawFont>
-#include <QSaveFile>
 
 namespace {
 
@@ -56,7 +56,7 @@ QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title) {
 
 void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path) {
     const QByteArray pdf = pdfOfPages(pages, title);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.commit())
-        throw AppError(u"PDF ファイルに書き込めません。\n%1\n%2"_qs.arg(path, file.errorString()), u"savePdf"_qs);
+    WholeFile file(path, u"PDF ファイル"_qs);
+    file.write(pdf);
+    file.commit();
 }
