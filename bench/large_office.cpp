@@ -99,7 +99,8 @@ void addOffice(Connection& connection, int customers, int estimates) {
     Transaction transaction(connection);
     Rows persons(connection, u"顧客情報"_qs,
                  {u"顧客ID"_qs, u"顧客枝番"_qs, u"顧客番号"_qs, u"名前1"_qs, u"名前2"_qs, u"フリガナ1"_qs,
-                  u"フリガナ2"_qs, u"生年月日"_qs, u"電話"_qs, u"郵便番号"_qs, u"都道府県"_qs, u"市区郡"_qs, u"住所1"_qs});
+                  u"フリガナ2"_qs, u"生年月日"_qs, u"電話"_qs, u"郵便番号"_qs, u"都道府県"_qs, u"市区郡"_qs,
+                  u"住所1"_qs});
     Rows cases(connection, u"顧客カルテ"_qs,
                {u"顧客ID"_qs, u"顧客枝番"_qs, u"カルテNo"_qs, u"病名原因"_qs, u"受注先No"_qs, u"受注先"_qs});
     for (int i = 1; i <= customers; ++i) {
@@ -107,9 +108,8 @@ void addOffice(Connection& connection, int customers, int estimates) {
         const QStringList family = pick(familyNames).split(u'|'), given = pick(givenNames).split(u'|');
         const QStringList place = pick(places).split(u'|');
         persons.add({id, u"1"_qs, u'9' + number(i, 7), family.at(0), given.at(0), family.at(1), given.at(1), day(90),
-                     u"00-0000-"_qs + number(random.bounded(10'000), 4),
-                     number(random.bounded(1'000), 3) + u"-0000"_qs, place.at(0), place.at(1),
-                     pick(streets) + QString::number(1 + random.bounded(99))});
+                     u"00-0000-"_qs + number(random.bounded(10'000), 4), number(random.bounded(1'000), 3) + u"-0000"_qs,
+                     place.at(0), place.at(1), pick(streets) + QString::number(1 + random.bounded(99))});
         const QString order = QString::number(1 + random.bounded(5));
         cases.add({id, u"1"_qs, u"1"_qs, u"右片麻痺"_qs, order, u"見本病院"_qs + order});
     }

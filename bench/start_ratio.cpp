@@ -54,8 +54,8 @@ int compare() {
         menu << menuTime;
     }
     const double ratio = median(menu) / median(empty);
-    std::printf("empty window %.1f ms, menu %.1f ms (medians of %d): ratio %.2f, bound %.0f\n", median(empty), median(menu),
-                rounds, ratio, bound);
+    std::printf("empty window %.1f ms, menu %.1f ms (medians of %d): ratio %.2f, bound %.0f\n", median(empty),
+                median(menu), rounds, ratio, bound);
     return ratio <= bound ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

@@ -62,9 +62,7 @@ private slots:
         QCOMPARE(amounts.total, 1069);
     }
 
-    void emptyAmountCounts0InASum() {
-        QCOMPARE(sumOfAmounts({u"1,000"_qs, {}, u"500"_qs, {}}).toYen(), 1500);
-    }
+    void emptyAmountCounts0InASum() { QCOMPARE(sumOfAmounts({u"1,000"_qs, {}, u"500"_qs, {}}).toYen(), 1500); }
 
     void textThatIsNoNumberCountsWithTheNumberAtItsStart() {
         const EstimateAmounts amounts = recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs},

@@ -66,8 +66,10 @@ void work(const QStringList& words) {
     Connection connection(ConnectionSettings::fromProfile(clsProfile(words.at(1))));
     connection.open();
     Managers::prepare(connection);
-    if (words.at(2) == u"draw") drawNumbers(words.at(3).toInt());
-    else saveOrders(connection, words.at(3));
+    if (words.at(2) == u"draw")
+        drawNumbers(words.at(3).toInt());
+    else
+        saveOrders(connection, words.at(3));
     Managers::release();
     std::printf("longest %lld\n", longest);
 }
