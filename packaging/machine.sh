@@ -1,4 +1,4 @@
-# What the commands need of a Debian 12 machine. Sourced by ./run and ./test.
+# What the commands need of a Debian 12 machine. Sourced by ./run, ./test and those of this folder.
 
 # A name, then why it is there.
 build_packages=(
@@ -17,11 +17,20 @@ program_packages=(
     fonts-morisawa-bizud-gothic # letters in grids
     fonts-ipaexfont             # letters on paper
 )
-test_packages=(
+server_packages=(
     postgresql-15         # the server that the tests start for themselves
+)
+test_packages=(
     poppler-utils         # reads back the PDFs that the program writes
     xvfb                  # a display without a screen, for scenarios on a real X server
     xauth                 # the key to that display
+)
+format_packages=(
+    clang-format          # the layout of the code
+)
+tidy_packages=(
+    clang-tidy            # what the compiler does not warn of
+    jq                    # finds what is compiled from a folder
 )
 bench_packages=(
     libbenchmark-dev      # timing of functions
@@ -75,11 +84,20 @@ use_utf8() {
     [[ $(locale charmap 2>/dev/null) == UTF-8 ]] || export LC_ALL=C.UTF-8
 }
 
-# configure_and_build PRESET TARGET...
-configure_and_build() {
+configure() {
+    cmake --preset "$1" --log-level=WARNING >/dev/null
+}
+
+# build PRESET WORD... for the build, the first ones of which are targets
+build() {
     local preset=$1
     shift
-    say "Building ($preset)"
-    cmake --preset "$preset" --log-level=WARNING >/dev/null
     cmake --build --preset "$preset" --parallel "$(nproc)" --target "$@"
+}
+
+# configure_and_build PRESET TARGET...
+configure_and_build() {
+    say "Building ($1)"
+    configure "$1"
+    build "$@"
 }

@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/Raised.h"
+#include "support/TestServer.h"
 
 #include "db/Connection.h"
 #include "db/SqlDialect.h"
@@ -263,15 +264,6 @@ void fill(Connection& connection) {
     for (const QString& statement : statements) connection.execute(statement);
 }
 
-ConnectionSettings server(const QString& database) {
-    ConnectionSettings settings;
-    settings.provider = Provider::PostgreSQL;
-    settings.path = qEnvironmentVariable("HALVANE_TEST_PG");
-    settings.user = u"halvane"_qs;
-    settings.database = database;
-    return settings;
-}
-
 } // namespace
 
 // What both engines accept means the same on both. HALVANE_TEST_RANDOM_SECONDS makes the run as long as that, from
@@ -281,14 +273,14 @@ class RandomSqlTest : public QObject {
 
 private slots:
     void initTestCase() {
-        QVERIFY2(qEnvironmentVariableIsSet("HALVANE_TEST_PG"), "HALVANE_TEST_PG does not name a server");
+        QVERIFY2(TestServer::isNamed(), qPrintable(TestServer::howToGetOne()));
         const QString path = m_folder.filePath(u"random.db"_qs);
         QFile empty(path);
         QVERIFY(empty.open(QIODevice::WriteOnly));
         m_file = std::make_unique<Connection>(ConnectionSettings::sqliteFile(path));
         m_name = u"halvane_random_%1"_qs.arg(QCoreApplication::applicationPid());
-        onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(m_name));
-        m_server = std::make_unique<Connection>(server(m_name));
+        TestServer::create(m_name);
+        m_server = std::make_unique<Connection>(TestServer::database(m_name));
         for (Connection* connection : {m_file.get(), m_server.get()}) {
             connection->open();
             connection->prepareNewDatabase();
@@ -299,7 +291,7 @@ private slots:
     void cleanupTestCase() {
         m_file.reset();
         m_server.reset();
-        onServer(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_qs.arg(m_name));
+        if (!m_name.isEmpty()) TestServer::drop(m_name);
     }
 
     void enginesAnswerAlike() {
@@ -353,14 +345,6 @@ private slots:
     }
 
 private:
-    static void onServer(const QString& statement) {
-        ConnectionSettings settings = server(u"postgres"_qs);
-        settings.administration = true;
-        Connection connection(settings);
-        connection.open();
-        connection.engineExecute(statement);
-    }
-
     QTemporaryDir m_folder;
     QString m_name;
     std::unique_ptr<Connection> m_file;

@@ -2,6 +2,7 @@
 #include "support/MessageQueue.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
+#include "support/TestServer.h"
 
 #include "base/basCommon.h"
 
@@ -170,16 +171,9 @@ private slots:
             QCOMPARE(m_database->connection().engineScalar(u"PRAGMA synchronous"_qs), u"2"_qs);
             return;
         }
-        ConnectionSettings settings = m_database->settings();
-        settings.database = u"template1"_qs;
-        ConnectionSettings administration = settings;
-        administration.administration = true;
-        Connection server(administration);
-        server.open();
         const bool fits =
-            server.engineScalar(u"SELECT datcollate FROM pg_database WHERE datname = 'template1'"_qs) == u"C";
-        server.close();
-        Connection connection(settings);
+            TestServer::scalar(u"SELECT datcollate FROM pg_database WHERE datname = 'template1'"_qs) == u"C";
+        Connection connection(TestServer::database(u"template1"_qs));
         QCOMPARE(raised([&] { connection.open(); }).isEmpty(), fits);
     }
 

@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/TestDatabase.h"
+#include "support/TestServer.h"
 
 #include "base/AppError.h"
 #include "operations/DatabaseCopy.h"
@@ -9,8 +10,8 @@
 
 namespace {
 
-// A new place for a database on the named engine, taken away at the end. The source's engine is that of the test's entry,
-// so that the two entries together go in all four directions.
+// A new place for a database on the named engine, taken away at the end. The source's engine is that of the test's
+// entry, so that the two entries together go in all four directions.
 class Target {
 public:
     explicit Target(const QString& engine) {
@@ -18,16 +19,15 @@ public:
             settings = ConnectionSettings::sqliteFile(m_folder.filePath(u"copy.db"_qs));
             return;
         }
-        settings = server(u"halvane_copy_%1"_qs.arg(QCoreApplication::applicationPid()));
+        settings = TestServer::database(u"halvane_copy_%1"_qs.arg(QCoreApplication::applicationPid()));
     }
     ~Target() {
-        if (settings.provider == Provider::PostgreSQL)
-            onServer(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_qs.arg(settings.database));
+        if (settings.provider == Provider::PostgreSQL) TestServer::drop(settings.database);
     }
 
     bool exists() const {
         if (settings.provider == Provider::SQLite) return QFile::exists(settings.path);
-        return onServer(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(settings.database)) == u"1";
+        return TestServer::has(settings.database);
     }
     std::unique_ptr<Connection> open() const {
         auto connection = std::make_unique<Connection>(settings);
@@ -38,22 +38,6 @@ public:
     ConnectionSettings settings;
 
 private:
-    static ConnectionSettings server(const QString& database) {
-        ConnectionSettings settings;
-        settings.provider = Provider::PostgreSQL;
-        settings.path = qEnvironmentVariable("HALVANE_TEST_PG");
-        settings.user = u"halvane"_qs;
-        settings.database = database;
-        return settings;
-    }
-    static QString onServer(const QString& statement) {
-        ConnectionSettings settings = server(u"postgres"_qs);
-        settings.administration = true;
-        Connection connection(settings);
-        connection.open();
-        return connection.engineScalar(statement);
-    }
-
     QTemporaryDir m_folder;
 };
 
@@ -84,7 +68,7 @@ class DatabaseCopyTest : public QObject {
     static void bothEngines() {
         QTest::addColumn<QString>("engine");
         QTest::newRow("to SQLite") << u"SQLite"_qs;
-        if (qEnvironmentVariableIsSet("HALVANE_TEST_PG")) QTest::newRow("to PostgreSQL") << u"PostgreSQL"_qs;
+        if (TestServer::isNamed()) QTest::newRow("to PostgreSQL") << u"PostgreSQL"_qs;
     }
 
 private slots:
@@ -192,10 +176,11 @@ private slots:
 
     // Parts of a yen that only a file can hold.
     void differingTotalsLeaveNothing() {
-        if (TestDatabase::isPostgres() || !qEnvironmentVariableIsSet("HALVANE_TEST_PG")) QSKIP("from file to server");
+        if (TestDatabase::isPostgres() || !TestServer::isNamed()) QSKIP("from file to server");
         TestDatabase source;
         for (int i = 0; i < 3; ++i)
-            source.connection().execute(u"INSERT INTO [顧客見積情報] ([見積ID], [合計]) VALUES ('%1', 0.00003)"_qs.arg(i));
+            source.connection().execute(
+                u"INSERT INTO [顧客見積情報] ([見積ID], [合計]) VALUES ('%1', 0.00003)"_qs.arg(i));
         const Target target(u"PostgreSQL"_qs);
         try {
             DatabaseCopy::copy(source.settings(), target.settings);
@@ -231,8 +216,9 @@ private slots:
 
     void reportMarksWhatDiffers() {
         using DatabaseCopy::Comparison;
-        const QStringList lines = DatabaseCopy::report(
-            {Comparison{u"法別"_qs, {15, u"0"_qs}, {15, u"0"_qs}}, Comparison{u"顧客見積請求"_qs, {2, u"300"_qs}, {2, u"299"_qs}}});
+        const QStringList lines =
+            DatabaseCopy::report({Comparison{u"法別"_qs, {15, u"0"_qs}, {15, u"0"_qs}},
+                                  Comparison{u"顧客見積請求"_qs, {2, u"300"_qs}, {2, u"299"_qs}}});
         QCOMPARE(lines.size(), 3);
         QVERIFY(!lines.at(1).contains(u"不一致"_qs));
         QVERIFY(lines.at(2).contains(u"300"_qs) && lines.at(2).contains(u"299"_qs));

@@ -1,6 +1,7 @@
 #include "HalvaneTest.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
+#include "support/TestServer.h"
 
 #include "base/Csv.h"
 #include "operations/DatabaseCreation.h"
@@ -21,11 +22,11 @@ private slots:
         m_folder = std::make_unique<QTemporaryDir>();
         m_settings = ConnectionSettings::sqliteFile(m_folder->filePath(u"new folder/office.db"_qs));
         if (!TestDatabase::isPostgres()) return;
-        m_settings = server(u"halvane_creation_%1"_qs.arg(QCoreApplication::applicationPid()));
-        dropDatabase();
+        m_settings = TestServer::database(u"halvane_creation_%1"_qs.arg(QCoreApplication::applicationPid()));
+        TestServer::drop(m_settings.database);
     }
     void cleanup() {
-        if (TestDatabase::isPostgres()) dropDatabase();
+        if (TestDatabase::isPostgres()) TestServer::drop(m_settings.database);
     }
 
     void newDatabaseHoldsEveryTableAndTheDeliveredRows() {
@@ -81,8 +82,7 @@ private slots:
 
     void databaseOfAnotherProgramIsRefused() {
         if (TestDatabase::isPostgres()) {
-            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(
-                m_settings.database));
+            TestServer::create(m_settings.database);
             opened()->engineExecute(u"CREATE TABLE other (a integer)"_qs);
         } else {
             writeFile("some text");
@@ -101,7 +101,7 @@ private slots:
         if (TestDatabase::isPostgres()) {
             settings.user = u"nobody_there"_qs;
             QVERIFY(errorOf([&] { DatabaseCreation::create(settings, Contents::Delivered); }));
-            QVERIFY(!standsOnServer());
+            QVERIFY(!TestServer::has(m_settings.database));
         } else {
             QVERIFY(
                 QDir().mkpath(m_folder->filePath(u"new folder/office.db.new"_qs))); // in the way of the unfinished one
@@ -112,8 +112,7 @@ private slots:
 
     void creationBrokenOffBeforeIsTakenUpAnew() {
         if (TestDatabase::isPostgres()) { // an empty database is what such a creation leaves
-            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(
-                m_settings.database));
+            TestServer::create(m_settings.database);
         } else {
             m_settings.path += u".new"_qs;
             writeFile("half");
@@ -138,30 +137,6 @@ private slots:
     }
 
 private:
-    static ConnectionSettings server(const QString& database) {
-        ConnectionSettings settings;
-        settings.provider = Provider::PostgreSQL;
-        settings.path = qEnvironmentVariable("HALVANE_TEST_PG");
-        settings.user = u"halvane"_qs;
-        settings.database = database;
-        return settings;
-    }
-    static QString askServer(const QString& statement, bool reads) {
-        ConnectionSettings settings = server(u"postgres"_qs);
-        settings.administration = true;
-        Connection connection(settings);
-        connection.open();
-        if (reads) return connection.engineScalar(statement);
-        connection.engineExecute(statement);
-        return {};
-    }
-    static void onServer(const QString& statement) { askServer(statement, false); }
-    bool standsOnServer() const {
-        return !askServer(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(m_settings.database), true)
-                    .isEmpty();
-    }
-    void dropDatabase() const { onServer(u"DROP DATABASE IF EXISTS %1 WITH (FORCE)"_qs.arg(m_settings.database)); }
-
     std::unique_ptr<Connection> opened() const {
         auto connection = std::make_unique<Connection>(m_settings);
         connection->open();

@@ -5,6 +5,7 @@
 #include "reports/engine/ReportPdf.h"
 #include "reports/engine/ReportRecorder.h"
 #include "support/OfficeDisplay.h"
+#include "support/TestServer.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -16,7 +17,6 @@
 namespace {
 
 constexpr int usageError = 2;
-constexpr int noServer = 77; // the test is told as skipped
 
 bool check(const Scenario& scenario) {
     for (const QString& fault : scenario.faults) std::printf("%s\n", qUtf8Printable(fault));
@@ -123,10 +123,7 @@ int main(int argc, char** argv) {
     const auto chosen = providerOf(line.value(provider));
     if (!chosen) return usage(u"unknown provider "_qs + line.value(provider));
 
-    if (*chosen == Provider::PostgreSQL && qEnvironmentVariableIsEmpty("HALVANE_TEST_PG")) {
-        std::fprintf(stderr, "halvane-play: HALVANE_TEST_PG names no server\n");
-        return noServer;
-    }
+    if (*chosen == Provider::PostgreSQL && !TestServer::isNamed()) return usage(TestServer::howToGetOne());
 
     std::optional<ReportRecorder> recorder;
     if (!line.isSet(checkOnly)) recorder.emplace();

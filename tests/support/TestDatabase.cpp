@@ -1,5 +1,7 @@
 #include "support/TestDatabase.h"
 
+#include "support/TestServer.h"
+
 #include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Seams.h"
@@ -17,24 +19,6 @@ using Contents = TestDatabase::Contents;
 QString uniqueName(const QString& what) {
     static int count = 0;
     return u"halvane_%1_%2_%3"_qs.arg(what).arg(QCoreApplication::applicationPid()).arg(++count);
-}
-
-ConnectionSettings server(const QString& database) {
-    ConnectionSettings settings;
-    settings.provider = Provider::PostgreSQL;
-    settings.path = qEnvironmentVariable("HALVANE_TEST_PG");
-    if (settings.path.isEmpty()) throw AppError(u"HALVANE_TEST_PG does not name a server"_qs);
-    settings.user = u"halvane"_qs;
-    settings.database = database;
-    return settings;
-}
-
-void onServer(const QString& statement) {
-    ConnectionSettings settings = server(u"postgres"_qs);
-    settings.administration = true;
-    Connection connection(settings);
-    connection.open();
-    connection.engineExecute(statement);
 }
 
 void fill(Connection& connection, Contents contents) {
@@ -58,7 +42,7 @@ struct Templates {
         if (!TestDatabase::isPostgres()) return;
         for (const QString& name : made) {
             try {
-                onServer(u"DROP DATABASE IF EXISTS "_qs + name);
+                TestServer::drop(name);
             } catch (const AppError&) {
                 // The server goes with the test run.
             }
@@ -71,8 +55,8 @@ struct Templates {
         const QString name = uniqueName(u"template"_qs);
         ConnectionSettings settings;
         if (TestDatabase::isPostgres()) {
-            onServer(u"CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'"_qs.arg(name));
-            settings = server(name);
+            TestServer::create(name);
+            settings = TestServer::database(name);
         } else {
             settings = ConnectionSettings::sqliteFile(folder.filePath(name));
             QFile file(settings.path);
@@ -102,8 +86,8 @@ Provider TestDatabase::provider() {
 TestDatabase::TestDatabase(Contents contents) {
     if (isPostgres()) {
         const QString name = uniqueName(u"test"_qs);
-        onServer(u"CREATE DATABASE %1 TEMPLATE %2"_qs.arg(name, templates().of(contents)));
-        m_settings = server(name);
+        TestServer::execute(u"CREATE DATABASE %1 TEMPLATE %2"_qs.arg(name, templates().of(contents)));
+        m_settings = TestServer::database(name);
     } else {
         m_settings = ConnectionSettings::sqliteFile(m_folder.filePath(u"halvane.db"_qs));
         QFile::copy(templates().of(contents), m_settings.path);
@@ -114,7 +98,7 @@ TestDatabase::TestDatabase(Contents contents) {
 TestDatabase::~TestDatabase() {
     Managers::release();
     m_connection.reset();
-    if (isPostgres()) onServer(u"DROP DATABASE %1 WITH (FORCE)"_qs.arg(m_settings.database));
+    if (isPostgres()) TestServer::drop(m_settings.database);
     seams() = defaultSeams();
 }
 
@@ -135,8 +119,9 @@ void TestDatabase::writeProfile(const QString& more) {
     const QString provider = isPostgres() ? u"PostgreSQL"_qs : u"SQLite"_qs;
     const QString path = isPostgres() ? m_settings.path : QString();
     const QString database = isPostgres() ? m_settings.database : u"halvane.db"_qs;
-    file.write(u"[DB]\r\nProvider=%1\r\nPath=%2\r\nDatabase=%3\r\nUserId=halvane\r\n%4"_qs.arg(provider, path, database, more)
-                   .toUtf8());
+    file.write(
+        u"[DB]\r\nProvider=%1\r\nPath=%2\r\nDatabase=%3\r\nUserId=halvane\r\n%4"_qs.arg(provider, path, database, more)
+            .toUtf8());
     const QString folder = m_folder.path();
     seams().programFolder = [folder] { return folder; };
 }

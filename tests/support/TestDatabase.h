@@ -8,7 +8,7 @@
 
 // A database of one test's own, made from a template: on SQLite a copied file, on PostgreSQL a uniquely named database
 // that is dropped at the end. The engine is that of HALVANE_TEST_PROVIDER ("SQLite" or "PostgreSQL"); the server is
-// the one whose socket folder stands in HALVANE_TEST_PG.
+// that of TestServer.
 class TestDatabase {
 public:
     enum class Contents { Empty, Delivered, Sample };
