@@ -21,7 +21,7 @@ private slots:
         QSignalSpy begun(&reader, &KeyReader::begun), finished(&reader, &KeyReader::finished);
         reader.read(m_all);
         QVERIFY(reader.isReading());
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(patience));
         QCOMPARE(begun.size(), 1);
         QVERIFY(!reader.isReading());
         QCOMPARE(reader.count(), 120);
@@ -33,7 +33,7 @@ private slots:
         KeyReader reader(m_database->settings());
         QSignalSpy begun(&reader, &KeyReader::begun), finished(&reader, &KeyReader::finished);
         reader.read(u"SELECT [見積ID] FROM [顧客見積情報] WHERE [見積ID] = ''"_qs);
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(patience));
         QCOMPARE(begun.size(), 1);
         QCOMPARE(reader.count(), 0);
     }
@@ -43,7 +43,7 @@ private slots:
         QSignalSpy finished(&reader, &KeyReader::finished);
         for (int i = 0; i < 20; ++i) reader.read(m_all);
         reader.read(u"SELECT [顧客ID] FROM [顧客情報] WHERE [顧客ID] = '00000001'"_qs);
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(patience));
         QCOMPARE(finished.size(), 1);
         QCOMPARE(reader.key(0), u"00000001"_qs);
     }
@@ -52,10 +52,10 @@ private slots:
         KeyReader reader(m_database->settings());
         QSignalSpy failed(&reader, &KeyReader::failed), finished(&reader, &KeyReader::finished);
         reader.read(u"SELECT nothing at all"_qs);
-        QVERIFY(failed.wait());
+        QVERIFY(failed.wait(patience));
         QVERIFY(!reader.isReading());
         reader.read(m_all);
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(patience));
         QCOMPARE(reader.count(), 120);
     }
 

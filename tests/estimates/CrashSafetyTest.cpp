@@ -22,10 +22,10 @@ int kills() {
 void saveAndKill(const QString& iniFile) {
     QProcess saver;
     saver.start(QStringLiteral(HALVANE_ORDER_SAVER), {iniFile});
-    QVERIFY2(saver.waitForReadyRead(10'000), qPrintable(QString::fromUtf8(saver.readAllStandardError())));
+    QVERIFY2(saver.waitForReadyRead(patience), qPrintable(QString::fromUtf8(saver.readAllStandardError())));
     QTest::qSleep(static_cast<int>(QRandomGenerator::global()->bounded(longestRun)));
     ::kill(static_cast<pid_t>(saver.processId()), SIGKILL);
-    QVERIFY(saver.waitForFinished(10'000));
+    QVERIFY(saver.waitForFinished(patience));
 }
 
 } // namespace
@@ -43,7 +43,8 @@ private:
 
     static QHash<QString, int> rowsByOrder(Connection& connection, const QString& table) {
         QHash<QString, int> counts;
-        Recordset rows = connection.query(u"SELECT [見積ID], COUNT(*) AS CNT FROM [%1] GROUP BY [見積ID]"_qs.arg(table));
+        Recordset rows =
+            connection.query(u"SELECT [見積ID], COUNT(*) AS CNT FROM [%1] GROUP BY [見積ID]"_qs.arg(table));
         while (rows.next()) counts.insert(rows.value(0), rows.value(1).toInt());
         return counts;
     }
@@ -70,8 +71,7 @@ private slots:
             saveAndKill(database.folder() + u"/Halvane.ini"_qs);
             if (QTest::currentTestFailed()) return;
             const auto connection = database.another();
-            if (!TestDatabase::isPostgres())
-                QCOMPARE(connection->engineScalar(u"PRAGMA integrity_check"_qs), u"ok"_qs);
+            if (!TestDatabase::isPostgres()) QCOMPARE(connection->engineScalar(u"PRAGMA integrity_check"_qs), u"ok"_qs);
             for (const QString& table : {u"顧客見積種目"_qs, u"顧客見積基本製作要素"_qs, u"顧客見積請求"_qs})
                 QCOMPARE(orphansOf(*connection, table), u"0"_qs);
             const int orders = wholeOrders(*connection);

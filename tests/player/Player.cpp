@@ -88,9 +88,10 @@ void Player::tick() {
     beat();
     const bool leaving = QThread::currentThread()->loopLevel() > m_baseLoopLevel + Desk::modalScreens();
     if (m_busy || leaving) return schedule(1);
-    if (!m_failed && m_stepTime.elapsed() > m_options.longestStep)
+    if (!m_failed && !Desk::isAtRest()) {
+        if (m_stepTime.elapsed() <= m_options.longestStep) return schedule(1);
         fail({u"no rest after %1 seconds"_qs.arg(m_options.longestStep / 1000.0), u"the screens at rest"_qs});
-    if (!m_failed && !Desk::isAtRest()) return schedule(1);
+    }
     if (m_restingTurns++ < turnsOfRest) return schedule(); // what the last step set going had its turn
     m_restingTurns = 0;
     if (isOver()) return closeEverything();

@@ -47,7 +47,7 @@ private:
 
     static int rowsOf(Screen& screen, const QString& name) {
         auto* grid = screen.findChild<Grid*>(name);
-        return QTest::qWaitFor([grid] { return !grid->isFilling(); }, 30'000) ? grid->rows() : -1;
+        return QTest::qWaitFor([grid] { return !grid->isFilling(); }, patience) ? grid->rows() : -1;
     }
 
     static void openEstimates(bool giveUp) {
@@ -113,8 +113,8 @@ private slots:
             if (QTest::currentTestFailed()) return;
         }
         // The thread of a list that was given up ends by itself.
-        QTRY_VERIFY_WITH_TIMEOUT(threads() <= threadsBefore, 10'000);
-        QTRY_VERIFY_WITH_TIMEOUT(openFiles() <= filesBefore, 10'000);
+        QTRY_VERIFY_WITH_TIMEOUT(threads() <= threadsBefore, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(openFiles() <= filesBefore, patience);
     }
 };
 

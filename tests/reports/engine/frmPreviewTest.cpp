@@ -54,7 +54,7 @@ private slots:
     void keysLeafThroughThePages() {
         frmPreview screen(jobOf(3));
         screen.show();
-        QVERIFY(QTest::qWaitForWindowActive(&screen));
+        QVERIFY(QTest::qWaitForWindowActive(&screen, patience));
         QWidget* page = screen.findChild<QWidget*>(u"scrPage"_qs);
         QTest::keyClick(page, Qt::Key_PageDown);
         QCOMPARE(screen.pageNumber(), 2);
