@@ -17,6 +17,12 @@ const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_q
 
 QString estimateFilter(const QString& EstId) { return u"[見積ID] = "_qs + sqlText(EstId); }
 
+QString estimatesFilter(const QStringList& EstIds) {
+    QStringList quoted;
+    for (const QString& id : EstIds) quoted << sqlText(id);
+    return u"[見積ID] IN ("_qs + quoted.join(u',') + u')';
+}
+
 const QList<Field<clsCsEstimate>>& listEstimateFields() {
     static const QList<Field<clsCsEstimate>> fields{
         {&clsCsEstimate::EstId, u"見積ID"_qs},           {&clsCsEstimate::CustId, u"顧客ID"_qs},
@@ -198,7 +204,8 @@ QStringList clsCsEstimateManager::IdsWithMst(const QString& where, const QString
     return ids;
 }
 
-void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause) {
+void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause,
+                                     const std::function<void(const QStringList&)>& begin) {
     struct Row {
         clsCsEstimate estimate;
         clsCustomer customer;
@@ -206,10 +213,9 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
     };
     for (qsizetype start = 0; start < ids.size(); start += idsPerPart) {
         const QStringList part = ids.mid(start, idsPerPart);
-        QStringList quoted;
-        for (const QString& id : part) quoted << sqlText(id);
+        if (begin) begin(part);
         QHash<QString, Row> rows;
-        ForEachWithMst(u"[顧客見積情報].[見積ID] IN ("_qs + quoted.join(u',') + u')', {},
+        ForEachWithMst(u"[顧客見積情報]."_qs + estimatesFilter(part), {},
                        [&rows](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
                            rows.insert(estimate.EstId, {estimate, customer, chart});
                        });
@@ -330,6 +336,15 @@ clsCsEstAskManager::clsCsEstAskManager()
                           {&clsCsEstAsk::PayPrice, u"領収金額"_qs},
                           {&clsCsEstAsk::PayPrtDate, u"領収書発行日"_qs}},
                          {estimateKey, u"請求No"_qs}) {}
+
+QHash<QString, QList<clsCsEstAsk>> clsCsEstAskManager::ClaimsOf(const QStringList& EstIds) {
+    QHash<QString, QList<clsCsEstAsk>> claims;
+    if (EstIds.isEmpty()) return claims;
+    QList<clsCsEstAsk> rows;
+    GetList(rows, estimatesFilter(EstIds), u"[見積ID],[請求No]"_qs);
+    for (const clsCsEstAsk& row : rows) claims[row.EstId] << row;
+    return claims;
+}
 
 void clsCsEstAskManager::UpdPayDate(const QString& EstId, const QString& PayDate) {
     maker().RemoveAll();

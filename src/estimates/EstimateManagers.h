@@ -28,8 +28,9 @@ public:
     using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
     void ForEachWithMst(const QString& where, const QString& order, const ListRow& take);
     // The same of estimates by their 見積ID, however many: in the order of the ids, a part at a time, so that nothing
-    // is held between. After each part `pause` runs, when given; false ends the walk.
-    void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {});
+    // is held between. Before each part `begin` gets its ids, after it `pause` runs, when given; false ends the walk.
+    void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {},
+                   const std::function<void(const QStringList&)>& begin = {});
     QStringList IdsWithMst(const QString& where, const QString& order);
     // The statement of the list, the one that gives no more than the 見積ID of its rows, and how many they are.
     static QString ListWithMst(const QString& where, const QString& order);
@@ -95,6 +96,8 @@ class clsCsEstAskManager : public EstimateRowManager<clsCsEstAsk> {
 public:
     clsCsEstAskManager();
 
+    // The claims of many estimates, read together: by 見積ID, each in the order of 請求No.
+    QHash<QString, QList<clsCsEstAsk>> ClaimsOf(const QStringList& EstIds);
     // Sets the payment date of the claim lines that have none.
     void UpdPayDate(const QString& EstId, const QString& PayDate);
     // Sets the amount received of claim line 1.

@@ -10,10 +10,32 @@
 #include "reports/CsEstListFields.h"
 #include "reports/ReportText.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int yes = 1;
 constexpr int wholeDate = 1;
+
+// The laws of an estimate's claims as lists show them.
+struct ListLaws {
+    QString shown; // two characters of each name, in the order of 法別No
+    bool excluded = false;
+};
+
+ListLaws listLaws(QList<clsCsEstAsk> claims, const InsNames& names, const QString& exclusions) {
+    std::stable_sort(claims.begin(), claims.end(),
+                     [](const clsCsEstAsk& a, const clsCsEstAsk& b) { return Val(a.InsNo) < Val(b.InsNo); });
+    ListLaws laws;
+    for (const clsCsEstAsk& claim : claims) {
+        const auto name = names.constFind(claim.InsNo);
+        if (name == names.constEnd()) continue;
+        if (!laws.shown.isEmpty()) laws.shown += u',';
+        laws.shown += name->left(2);
+        laws.excluded = laws.excluded || (!name->isEmpty() && exclusions.contains(*name));
+    }
+    return laws;
+}
 
 // A fault of any kind reaches the screen as one error under the operation's name.
 template <class Work> auto underSource(const QString& source, Work&& work) {
@@ -52,16 +74,20 @@ DocumentSwitches clsReportManager::readSwitches(DocumentKind kind) {
 }
 
 InsNames clsReportManager::readInsNames(const QList<clsCsEstAsk>& claims) {
-    clsInsManager laws;
-    laws.Prepare(*m_connection);
-    InsNames names;
-    for (const clsCsEstAsk& claim : claims) {
-        if (Val(claim.InsNo) == 0) continue;
-        clsIns law;
-        if (!laws.GetData(claim.InsNo, law))
+    const InsNames names = readInsNames();
+    for (const clsCsEstAsk& claim : claims)
+        if (Val(claim.InsNo) != 0 && !names.contains(claim.InsNo))
             throw AppError(u"法別No %1 が法別マスタにありません。"_qs.arg(claim.InsNo));
-        names.insert(claim.InsNo, law.InsNm);
-    }
+    return names;
+}
+
+InsNames clsReportManager::readInsNames() {
+    clsInsManager manager;
+    manager.Prepare(*m_connection);
+    QList<clsIns> laws;
+    manager.GetList(laws, {}, u"[法別No]"_qs);
+    InsNames names;
+    for (const clsIns& law : laws) names.insert(law.InsNo, law.InsNm);
     return names;
 }
 
@@ -95,13 +121,16 @@ void clsReportManager::GetCsEstimateListData(const QString& where, const QString
     outRecordset = underSource(u"GetCsEstimateListData"_qs, [&] {
         clsCsEstimateManager estimates;
         estimates.Prepare(*m_connection);
+        clsCsEstAskManager asks;
+        asks.Prepare(*m_connection);
+        const InsNames names = readInsNames();
+        QHash<QString, QList<clsCsEstAsk>> claims;
+        const auto begin = [&](const QStringList& part) { claims = asks.ClaimsOf(part); };
         const bool leavesOut = member == 2 || member == 3;
         ReportRecordset records = csEstListRecordset();
         const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-            QString laws;
-            bool excluded = false;
-            estimates.GetInsData(estimate.EstId, laws, exclusions, excluded);
-            if (excluded && leavesOut) return;
+            const ListLaws laws = listLaws(claims.value(estimate.EstId), names, exclusions);
+            if (laws.excluded && leavesOut) return;
             records.AddNew();
             records.Set(u"Order"_qs, chart.OrderNm);
             records.Set(u"Addr"_qs, customer.Pref + customer.City + customer.Addr1 + customer.Addr2);
@@ -109,12 +138,12 @@ void clsReportManager::GetCsEstimateListData(const QString& where, const QString
             records.Set(u"EstName"_qs, estimate.EstNm);
             records.Set(u"ProductCd"_qs, estimate.ProductCd);
             records.Set(u"EstSum"_qs, estimate.EstSum);
-            records.Set(u"Ins"_qs, laws);
+            records.Set(u"Ins"_qs, laws.shown);
             records.Set(u"PickPtnDate"_qs, ReportText::issueDate(estimate.PickPtnDate, wholeDate, false));
             records.Set(u"DelvFinDate"_qs, ReportText::issueDate(estimate.DelvFinDate, wholeDate, false));
-            records.Set(u"Sort"_qs, excluded ? u"1"_qs : u"0"_qs);
+            records.Set(u"Sort"_qs, laws.excluded ? u"1"_qs : u"0"_qs);
         };
-        estimates.ForEachOf(estimates.IdsWithMst(where, order), add, pause);
+        estimates.ForEachOf(estimates.IdsWithMst(where, order), add, pause, begin);
         return records;
     });
 }

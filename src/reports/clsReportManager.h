@@ -28,6 +28,7 @@ public:
 private:
     DocumentSwitches readSwitches(DocumentKind kind);
     InsNames readInsNames(const QList<clsCsEstAsk>& claims);
+    InsNames readInsNames(); // of all laws
     // The display words of a group of 補助設定 by its values; of two rows with one value the first counts.
     QHash<QString, QString> readAssistViews(int group);
 

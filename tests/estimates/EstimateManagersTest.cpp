@@ -202,6 +202,27 @@ private slots:
         QVERIFY(excluded);
     }
 
+    void claimsOfManyEstimatesAreReadTogether() {
+        const QString first = saved().EstId, second = saved().EstId, none = saved().EstId;
+        for (const auto& [id, number, law] :
+             QList<std::tuple<QString, int, int>>{{second, 2, 1}, {first, 1, 99}, {second, 1, 3}})
+            sql(u"INSERT INTO 顧客見積請求 ([見積ID], [請求No], [法別No]) VALUES ('%1', %2, %3)"_qs.arg(id)
+                    .arg(number)
+                    .arg(law));
+        int statements = 0;
+        m_database->connection().onStatement = [&](const QString&) { ++statements; };
+        const auto claims = gCsEstAskManager.ClaimsOf({first, second, none});
+        m_database->connection().onStatement = {};
+        QCOMPARE(statements, 1);
+        QCOMPARE(claims.size(), 2);
+        QCOMPARE(claims.value(first).size(), 1);
+        QCOMPARE(claims.value(first).first().InsNo, u"99"_qs);
+        QCOMPARE(claims.value(second).size(), 2);
+        QCOMPARE(claims.value(second).at(0).InsNo, u"3"_qs);
+        QCOMPARE(claims.value(second).at(1).InsNo, u"1"_qs);
+        QVERIFY(gCsEstAskManager.ClaimsOf({}).isEmpty());
+    }
+
     void estimateWithoutClaimLinesHasNoLaws() {
         QString list;
         bool excluded = false;

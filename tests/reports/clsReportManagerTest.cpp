@@ -224,6 +224,41 @@ private slots:
         for (const auto& [field, value] : wanted) QCOMPARE(records.text(0, field), value);
     }
 
+    // However long the list: its estimates and their claims come in parts, not one by one.
+    void theClaimsOfTheEstimateListAreReadTogether() {
+        Connection& connection = m_database->connection();
+        connection.execute(u"INSERT INTO [顧客情報] ([顧客ID], [顧客枝番], [名前1]) VALUES ('C', 1, '山田')"_qs);
+        const auto addUpTo = [&](int first, int last) {
+            for (int id = first; id <= last; ++id) {
+                connection.execute(u"INSERT INTO [顧客見積情報] ([見積ID], [見積番号], [顧客ID], [顧客枝番])"
+                                   u" VALUES ('%1', '%1', 'C', 1)"_qs.arg(id, 6, 10, QChar(u'0')));
+                connection.execute(u"INSERT INTO [顧客見積請求] ([見積ID], [請求No], [法別No]) VALUES ('%1', 1, %2)"_qs
+                                       .arg(id, 6, 10, QChar(u'0'))
+                                       .arg(id % 2 + 1));
+            }
+        };
+        const auto statementsFor = [&](int rows) {
+            int statements = 0;
+            connection.onStatement = [&](const QString&) { ++statements; };
+            clsReportManager manager;
+            manager.Prepare(connection);
+            ReportRecordset records;
+            manager.GetCsEstimateListData({}, u"[顧客見積情報].[見積ID]"_qs, 0, {}, records);
+            connection.onStatement = {};
+            if (records.rowCount() != rows) qFatal("%d rows", records.rowCount());
+            for (int row = 0; row < rows; ++row)
+                if (records.text(row, u"Ins"_qs) != (row % 2 == 0 ? u"国民"_qs : u"社会"_qs))
+                    qFatal("law of row %d", row);
+            return statements;
+        };
+        addUpTo(1, 2);
+        const int few = statementsFor(2);
+        addUpTo(3, 500);
+        QCOMPARE(statementsFor(500), few);
+        addUpTo(501, 502);
+        QCOMPARE(statementsFor(502), few + 2); // a second part of estimates, and one of claims
+    }
+
     void theEstimateListLeavesOutTheLawsOfTheOfficeWhenAsked() {
         Connection& connection = m_database->connection();
         for (const QString& id : {u"E1"_qs, u"E2"_qs, u"E3"_qs})
