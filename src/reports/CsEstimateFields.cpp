@@ -22,7 +22,5 @@ ReportRecordset csEstimateRecordset() {
         {u"JuryoEra"_qs, Text, 10},    {u"IninEra"_qs, Text, 10},   {u"SeikyuEra"_qs, Text, 10},
         {u"MitumoriEra"_qs, Text, 10},
     };
-    ReportRecordset records;
-    for (const ReportField& field : fields) records.AppendField(field.name, field.type, field.size);
-    return records;
+    return ReportRecordset(fields);
 }

@@ -16,6 +16,10 @@ QString cut(const QString& text, int size) {
 QVariant converted(const ReportField& field, const QVariant& value) {
     if (value.isNull()) return {};
     if (field.type == ReportFieldType::Text) return cut(value.toString(), field.size);
+    if (field.type == ReportFieldType::Date) {
+        const auto moment = parseDate(value.toString());
+        return moment ? QVariant(dateText(*moment)) : QVariant();
+    }
     const bool isText = value.metaType().id() == QMetaType::QString;
     if (isText && value.toString().isEmpty()) return {};
     const double number = isText ? Val(value.toString()) : value.toDouble();
@@ -25,6 +29,10 @@ QVariant converted(const ReportField& field, const QVariant& value) {
 }
 
 } // namespace
+
+ReportRecordset::ReportRecordset(const QList<ReportField>& fields) {
+    for (const ReportField& field : fields) AppendField(field.name, field.type, field.size);
+}
 
 void ReportRecordset::AppendField(const QString& name, ReportFieldType type, int size) {
     m_places.insert(name, m_fields.size());

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QVariant>
 
-enum class ReportFieldType { Integer, Currency, Float, Text };
+enum class ReportFieldType { Integer, Currency, Float, Text, Date };
 
 struct ReportField {
     QString name;
@@ -18,13 +18,17 @@ struct ReportField {
 // nothing. A field name that was not declared raises an error that names it.
 class ReportRecordset {
 public:
+    ReportRecordset() = default;
+    explicit ReportRecordset(const QList<ReportField>& fields);
+
     void AppendField(const QString& name, ReportFieldType type, int size = 0);
     const QList<ReportField>& fields() const { return m_fields; }
     bool hasField(const QString& name) const { return m_places.contains(name); }
 
     // Appends an empty row, which `Set` then fills.
     void AddNew();
-    // Sets a field of the last row. A text is cut to the field's size; the empty text leaves a number null.
+    // Sets a field of the last row. A text is cut to the field's size; the empty text leaves a number null, and
+    // what is no date a date. A date is kept as a text.
     void Set(const QString& name, const QVariant& value);
 
     int rowCount() const { return static_cast<int>(m_rows.size()); }

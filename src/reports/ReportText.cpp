@@ -22,6 +22,15 @@ const QString* patternIn(const QString& form) {
 
 QString twoPlaces(const QString& number) { return number.rightJustified(2, u' '); }
 
+// An era is known by the year that it counts from.
+QString eraLetter(int year, int eraYear) {
+    for (const QChar letter : u"rhstm"_qs)
+        if (year - eraBaseYear(letter) == eraYear) return letter.toUpper();
+    return {};
+}
+
+bool isEraForm(const QString& form) { return form.contains(u'g') || form.contains(u'e'); }
+
 QString today() { return dateText(currentDate()); }
 
 } // namespace
@@ -36,6 +45,17 @@ QString number(const QVariant& value, const QString& form) {
     if (whole == 0 && *pattern == patterns[1]) return {};
     const QString digits = *pattern == patterns[2] ? QString::number(whole) : formatThousands(whole);
     return QString(form).replace(*pattern, digits);
+}
+
+bool isDateForm(const QString& form) { return isEraForm(form) || form.contains(u"yy") || form.contains(u"mm"); }
+
+QString date(const QString& value, const QString& form) {
+    const auto moment = parseDate(value);
+    if (!moment || !isEraForm(form)) return formatDate(value, form);
+    const QString year = FormatEraDate(value, u"e"_qs);
+    QString era = form;
+    if (!era.contains(u"ggg")) era.replace(u"g"_qs, eraLetter(moment->date().year(), year.toInt()));
+    return FormatEraDate(value, era.replace(u"ee"_qs, year.rightJustified(2, u'0')));
 }
 
 QString issueDate(const QString& date, int form, bool blankForm) {

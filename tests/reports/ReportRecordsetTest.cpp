@@ -17,6 +17,19 @@ class ReportRecordsetTest : public QObject {
     }
 
 private slots:
+    void aDateIsKeptAsItsTextAndNothingElseIs() {
+        ReportRecordset records;
+        records.AppendField(u"Day"_qs, ReportFieldType::Date);
+        for (const QString& value : {u"2024-11-3"_qs, u"2024/11/03 9:05:00"_qs, u"未定"_qs, QString()}) {
+            records.AddNew();
+            records.Set(u"Day"_qs, value);
+        }
+        QCOMPARE(records.text(0, u"Day"_qs), u"2024/11/03"_qs);
+        QCOMPARE(records.text(1, u"Day"_qs), u"2024/11/03 9:05:00"_qs);
+        QVERIFY(records.value(2, u"Day"_qs).isNull());
+        QVERIFY(records.value(3, u"Day"_qs).isNull());
+    }
+
     void aNewRowIsEmptyInEveryField() {
         const ReportRecordset records = sample();
         for (const ReportField& field : records.fields()) QVERIFY(records.value(0, field.name).isNull());

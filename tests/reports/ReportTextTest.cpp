@@ -8,6 +8,40 @@ class ReportTextTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void datesReadByTheirForm_data() {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char* name, const QString& value, const QString& form, const QString& text) {
+            QTest::newRow(name) << value << form << text;
+        };
+        row("western", u"2005/03/01"_qs, u"yyyy/mm/dd"_qs, u"2005/03/01"_qs);
+        row("with words", u"2005/03/01"_qs, u"yyyy年mm月dd日"_qs, u"2005年03月01日"_qs);
+        row("with points", u"2005/03/01"_qs, u"yyyy.mm.dd"_qs, u"2005.03.01"_qs);
+        row("era", u"2005/03/01"_qs, u"ggg e年m月d日"_qs, u"平成 17年3月1日"_qs);
+        row("letter", u"2004/12/01"_qs, u"gee.mm.dd"_qs, u"H16.12.01"_qs);
+        row("last day of an era", u"2019/04/30"_qs, u"gee.mm.dd"_qs, u"H31.04.30"_qs);
+        row("first day of an era", u"2019/05/01"_qs, u"gee.mm.dd"_qs, u"R01.05.01"_qs);
+        row("showa", u"1956/05/14"_qs, u"gee.mm.dd"_qs, u"S31.05.14"_qs);
+        row("taisho", u"1926/12/24"_qs, u"gee.mm.dd"_qs, u"T15.12.24"_qs);
+        row("meiji", u"1912/07/29"_qs, u"gee.mm.dd"_qs, u"M45.07.29"_qs);
+        row("with a time", u"2024/11/03 9:05:00"_qs, u"gee.mm.dd"_qs, u"R06.11.03"_qs);
+        row("no date", u"未定"_qs, u"yyyy/mm/dd"_qs, QString());
+        row("no date in an era", QString(), u"ggge年"_qs, QString());
+    }
+    void datesReadByTheirForm() {
+        QFETCH(QString, value);
+        QFETCH(QString, form);
+        QTEST(ReportText::date(value, form), "text");
+    }
+
+    void aDateFormHasLettersOfADate() {
+        for (const QString& form : {u"yyyy"_qs, u"mm/dd"_qs, u"ggge年"_qs, u"gee.mm.dd"_qs})
+            QVERIFY2(ReportText::isDateForm(form), qPrintable(form));
+        for (const QString& form : {QString(), u"#,##0"_qs, u"年月日"_qs})
+            QVERIFY2(!ReportText::isDateForm(form), qPrintable(form));
+    }
+
     void init() { setSystemDate(u"2024/11/03"_qs); }
 
     void numbersTakeTheirForm_data() {

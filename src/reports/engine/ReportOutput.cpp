@@ -24,14 +24,10 @@ constexpr std::array paperBins{
     QPrinter::Auto,    QPrinter::Auto,        QPrinter::Cassette,       QPrinter::FormSource,
 };
 
-QPageSize paperOf(int width, int height) {
-    return QPageSize(QSizeF(width / twipsPerPoint, height / twipsPerPoint), QPageSize::Point, {},
-                     QPageSize::FuzzyMatch);
-}
-
 void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {
     if (settings.pageWidth && settings.pageHeight)
-        printer.setPageSize(paperOf(*settings.pageWidth, *settings.pageHeight));
+        printer.setPageSize(QPageSize(QSizeF(*settings.pageWidth / twipsPerPoint, *settings.pageHeight / twipsPerPoint),
+                                      QPageSize::Point, {}, QPageSize::FuzzyMatch));
     else if (settings.pageSize && QPageSize::id(*settings.pageSize) != QPageSize::Custom)
         printer.setPageSize(QPageSize(QPageSize::id(*settings.pageSize)));
 }
@@ -79,7 +75,9 @@ void printOnPaper(const ReportJob& job, bool withDialog) {
             u"PrintReport"_qs);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(job.title);
-    printer.setPageSize(paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight));
+    const QPageLayout paper = paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight);
+    printer.setPageSize(paper.pageSize());
+    printer.setPageOrientation(paper.orientation());
     applyPrintSettings(job.settings, printer);
     if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
     printPages(job.pages, printer);

@@ -6,11 +6,13 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double twipsPerInch = 1440;
+constexpr double twipsPerPoint = 20;
 constexpr double boldness = 0.7; // twips of outline for each point of size
 
 QPen pen(int width, bool dashed) {
@@ -63,6 +65,12 @@ void paintText(QPainter& painter, const ReportPageText& text) {
 }
 
 } // namespace
+
+QPageLayout paperOf(int width, int height) {
+    const QSizeF points(std::min(width, height) / twipsPerPoint, std::max(width, height) / twipsPerPoint);
+    return {QPageSize(points, QPageSize::Point, {}, QPageSize::FuzzyMatch),
+            width > height ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()};
+}
 
 void paintPage(QPainter& painter, const ReportPage& page) {
     for (const ReportPageBox& box : page.boxes) paintBox(painter, box);

@@ -14,12 +14,6 @@
 namespace {
 
 constexpr int twipsPerInch = 1440;
-constexpr double twipsPerPoint = 20;
-
-QPageLayout paperOf(const ReportPage& page) {
-    const QSizeF points(page.paperWidth / twipsPerPoint, page.paperHeight / twipsPerPoint);
-    return {QPageSize(points, QPageSize::Point, {}, QPageSize::FuzzyMatch), QPageLayout::Portrait, QMarginsF()};
-}
 
 QByteArray written(const QList<ReportPage>& pages, const QString& title) {
     QBuffer buffer;
@@ -29,7 +23,7 @@ QByteArray written(const QList<ReportPage>& pages, const QString& title) {
     writer.setResolution(twipsPerInch);
     QPainter painter;
     for (const ReportPage& page : pages) {
-        writer.setPageLayout(paperOf(page));
+        writer.setPageLayout(paperOf(page.paperWidth, page.paperHeight));
         painter.isActive() ? static_cast<void>(writer.newPage()) : static_cast<void>(painter.begin(&writer));
         paintPage(painter, page);
     }

@@ -76,6 +76,15 @@ private slots:
         QVERIFY(boxes.contains(u">B</word>"));
     }
 
+    void paperThatIsWiderThanHighLiesOnItsSide() {
+        const QPageLayout upright = paperOf(11906, 16838), lying = paperOf(16838, 11906);
+        QCOMPARE(upright.orientation(), QPageLayout::Portrait);
+        QCOMPARE(lying.orientation(), QPageLayout::Landscape);
+        QCOMPARE(lying.pageSize().id(), QPageSize::A4);
+        QCOMPARE(lying.fullRectPoints().size(), QSize(842, 595));
+        QCOMPARE(upright.fullRectPoints().size(), QSize(595, 842));
+    }
+
     void theRecorderKeepsDocumentsInOrder() {
         ReportRecorder recorder;
         reportOutput().print({u"repCsEstimateA4"_qs, {pageOf(u"一"_qs)}, {}, {}}, false);
