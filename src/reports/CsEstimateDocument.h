@@ -3,7 +3,7 @@
 #include "customers/clsCustomerManager.h"
 #include "estimates/EstimateRecords.h"
 #include "reports/ClaimBox.h"
-#include "reports/ReportClasses.h"
+#include "reports/DocumentChoice.h"
 #include "reports/ReportRecordset.h"
 
 // Which of the customer's data the installation prints, from the system settings.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Money.h"
-#include "reports/ReportClasses.h"
+#include "reports/DocumentChoice.h"
 
 #include <array>
 #include <optional>
@@ -34,6 +34,6 @@ struct DocumentOrder {
     const QList<int>& claimsOf(DocumentKind kind) const { return claims.at(static_cast<size_t>(kind) - 1); }
 };
 
-// Without a tick an order with a claim in its first row is refused, any other one printed as a whole: all five kinds for
-// one claim over the total.
+// Without a tick an order with a claim in its first row is refused, any other one printed as a whole: all five kinds
+// for one claim over the total.
 DocumentOrder orderDocuments(const QList<PrintGridRow>& rows);

@@ -6,7 +6,7 @@
 #include "base/clsProfile.h"
 #include "db/clsOfficeManager.h"
 #include "db/clsSysSettingManager.h"
-#include "reports/ReportText.h"
+#include "reports/CsEstimateFields.h"
 
 #include <QRegularExpression>
 
@@ -17,16 +17,9 @@ namespace {
 constexpr int copyMarked = 2;
 
 // A page that is filled up for one document must not run on into the next, nor into its own copy.
-QStringList groupKeys(const ReportRecordset& records) {
-    QStringList keys;
-    for (int row = 0; row < records.rowCount(); ++row)
-        keys.append(documentGroupKey(records.value(row, u"AskNo"_qs).toInt(), records.value(row, u"Copy"_qs).toInt(),
-                                     records.text(row, u"EstNo"_qs)));
-    return keys;
-}
-
-int linesOnPage(const ReportClass& report, int setting) {
-    return setting > report.fewerLines ? setting - report.fewerLines : setting;
+QString groupKeyOf(const ReportRecordset& records, int row) {
+    return documentGroupKey(records.value(row, u"AskNo"_qs).toInt(), records.value(row, u"Copy"_qs).toInt(),
+                            records.text(row, u"EstNo"_qs));
 }
 
 // For the stamp of the receiving office: the era of today, the rest for the pen.
@@ -72,6 +65,46 @@ ReportParameters officeBlock(const clsOffice& office) {
     return block;
 }
 
+ReportHeader readHeader() { return documentHeader(readDocumentSetup()); }
+
+// What the office may have written into its labels.
+QHash<QString, int> officeSizes() {
+    const QHash<QString, int> others{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},    {u"lblFax"_qs, 20},
+                                     {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60}, {u"lblChkAcnt"_qs, 60},
+                                     {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},     {u"Bank3"_qs, 30},
+                                     {u"Account1"_qs, 29},  {u"Account2"_qs, 29},  {u"Account3"_qs, 29}};
+    QHash<QString, int> sizes;
+    for (const QString& label : officeBlock({}).keys()) sizes.insert(label, others.value(label, 40));
+    return sizes;
+}
+
+// Each kind of row that the data method makes, for the copy of a claim.
+ReportSample sample() {
+    return {
+        {{u"Elmt"_qs, u"Item"_qs, u"PickKbn"_qs, u"Name"_qs, u"PickStyle"_qs}, // basic price
+         {u"Elmt"_qs, u"Materials"_qs},                                        // make element
+         {u"Elmt"_qs, u"PartsForm"_qs, u"MakerNm"_qs, u"PartsCd"_qs},          // complete part
+         {u"SumTitle"_qs},
+         {u"SumCal"_qs}},
+        {{u"AskNo"_qs, u"1"_qs},
+         {u"Copy"_qs, u"2"_qs},
+         {u"TaxRate"_qs, u"10.5"_qs},
+         {u"AccountKind"_qs, u"2"_qs},
+         {u"InsBox"_qs, u"1"_qs},
+         {u"BlankDate"_qs, u"令和　　年　　月　　日"_qs}},
+        officeSizes(),
+        {{{u"PrtType"_qs, u"1"_qs}}, {{u"PrtType"_qs, u"2"_qs}}},
+    };
+}
+
+ReportClass document(const QString& name, const QString& title, int fewerLines = 0) {
+    const auto titleOf = [=](const ReportRecordset& records, const ReportParameters& values) {
+        const QString itemSheet = values.value(u"PrtType"_qs) == u"1" ? u"内訳書"_qs : u"明細書"_qs;
+        return u"%1 %2"_qs.arg(title.isEmpty() ? itemSheet : title, records.text(0, u"EstNo"_qs)).trimmed();
+    };
+    return {name, csEstimateRecordset, ReportRowPlan::Documents, groupKeyOf, readHeader, titleOf, sample(), fewerLines};
+}
+
 } // namespace
 
 DocumentSetup readDocumentSetup() {
@@ -89,20 +122,23 @@ QString documentGroupKey(int askNo, int copy, const QString& estNo) {
     return u"%1%2%3"_qs.arg(askNo, 3, 10, QChar(u'0')).arg(copy == copyMarked ? u"控"_qs : u"見"_qs, estNo);
 }
 
-QList<ReportPage> documentPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
-                                int prtType, const DocumentSetup& setup, const ReportMeasure& measure) {
-    const QStringList groups = groupKeys(records);
-    const int lines = linesOnPage(report, setup.linesPerPage);
-    ReportContent content{records, groups, paddedRows(groups, lines), setup.office, lines};
-    content.parameters.insert(u"AccountKind"_qs, setup.accountKind);
-    content.parameters.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());
-    content.parameters.insert(u"PrtType"_qs, QString::number(prtType));
-    content.parameters.insert(u"BlankDate"_qs, blankDate());
-    return composePages(layout, content, measure);
+ReportHeader documentHeader(const DocumentSetup& setup) {
+    ReportHeader header{setup.office, setup.linesPerPage};
+    header.values.insert(u"AccountKind"_qs, setup.accountKind);
+    header.values.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());
+    header.values.insert(u"PrtType"_qs, u"0"_qs);
+    header.values.insert(u"BlankDate"_qs, blankDate());
+    return header;
 }
 
-QList<ReportPage> listPages(const ReportLayout& layout, const ReportRecordset& records, const ReportMeasure& measure) {
-    ReportContent content{records, QStringList(records.rowCount()), plainRows(records.rowCount()), {}, 0};
-    content.parameters.insert(u"PrtDate"_qs, ReportText::issueDate(dateText(gSysDate), 1, false));
-    return composePages(layout, content, measure);
+QList<ReportClass> estimateDocuments() {
+    const QString estimate = u"見積書"_qs, invoice = u"請求書"_qs, receipt = u"領収書"_qs, item;
+    return {
+        document(u"repCsEstimateA4"_qs, estimate), document(u"repCsEstimate2A4"_qs, estimate),
+        document(u"repCsEstimateB5"_qs, estimate), document(u"repCsEstItemA4"_qs, item),
+        document(u"repCsEstItemB5"_qs, item),      document(u"repCsEstAskA4OnM"_qs, invoice, 3),
+        document(u"repCsEstAskA4NoM"_qs, invoice), document(u"repCsEstAskA4NoM2"_qs, invoice),
+        document(u"repCsEstAskB5"_qs, invoice),    document(u"repCsEstPayA4"_qs, receipt),
+        document(u"repCsEstPay2A4"_qs, receipt),   document(u"repCsEstPayB5"_qs, receipt),
+    };
 }

@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 #include "reports/JsonKeys.h"
 #include "reports/ReportLayoutNode.h"
+#include "reports/ReportText.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -92,8 +93,12 @@ void readValue(const Node& node, ReportTextItem& item) {
     item.text = node[u"text"].text();
     item.fields = node[u"field"].text().split(u'+', Qt::SkipEmptyParts);
     item.parameter = node[u"parameter"].text();
-    const int given = node.has(u"text") + node.has(u"field") + node.has(u"parameter");
-    if (given > 1) node.fail(u"text・field・parameter はどれか一つにしてください。"_qs);
+    item.sum = node[u"sum"].text();
+    item.over =
+        static_cast<ReportSumOver>(node[u"over"].choice({u"page"_qs, u"group"_qs, u"report"_qs, u"running"_qs}));
+    if (node.has(u"sum") != node.has(u"over")) node.fail(u"sum と over は一緒に書いてください。"_qs);
+    const int given = node.has(u"text") + node.has(u"field") + node.has(u"parameter") + node.has(u"sum");
+    if (given > 1) node.fail(u"text・field・parameter・sum はどれか一つにしてください。"_qs);
     if (given == 1) return;
     if (item.name.startsWith(u"txt"))
         item.fields = {item.name.mid(3)};
@@ -107,14 +112,40 @@ void readWords(const Node& node, ReportTextItem& item) {
     item.otherwise = node[u"otherwise"].text();
 }
 
-ReportTextItem readText(const Node& node, const QString& name, const Fonts& fonts) {
-    node.allow({u"at"_qs, u"text"_qs, u"field"_qs, u"parameter"_qs, u"font"_qs, u"size"_qs, u"align"_qs, u"fit"_qs,
-                u"sizes"_qs, u"format"_qs, u"words"_qs, u"otherwise"_qs, u"caption"_qs, u"showIf"_qs});
+void readDate(const Node& node, ReportTextItem& item) {
+    item.date = node[u"date"].text();
+    if (!node.has(u"date")) return;
+    if (!ReportText::isDateForm(item.date)) node[u"date"].fail(u"yyyy/mm/dd や ggge年m月d日 の形にしてください。"_qs);
+    if (node.has(u"format")) node.fail(u"date と format はどちらかにしてください。"_qs);
+}
+
+void readDigits(const Node& node, ReportTextItem& item) {
+    item.digits = node[u"digits"].twips(0);
+    item.lead = node[u"lead"].text();
+    if (node.has(u"digits") && (item.digits < 1 || item.at.width % item.digits != 0))
+        node[u"digits"].fail(u"枠の数は 1 以上、at の幅を割り切れる数にしてください。"_qs);
+    if (node.has(u"lead") && (item.digits == 0 || item.lead.size() != 1))
+        node[u"lead"].fail(u"digits のある項目に一文字で書いてください。"_qs);
+}
+
+// Only a page has records of its own; any other band stands for one.
+void readRecord(const Node& node, bool ofPage, ReportTextItem& item) {
+    item.record = static_cast<ReportRecordOf>(node[u"record"].choice({u"band"_qs, u"first"_qs, u"last"_qs}));
+    if (node.has(u"record") && !ofPage) node[u"record"].fail(u"pageHeader と pageFooter だけに書けます。"_qs);
+}
+
+ReportTextItem readText(const Node& node, const QString& name, const Fonts& fonts, bool ofPage) {
+    node.allow({u"at"_qs,     u"text"_qs,  u"field"_qs, u"parameter"_qs, u"font"_qs,   u"size"_qs,   u"align"_qs,
+                u"fit"_qs,    u"sizes"_qs, u"words"_qs, u"otherwise"_qs, u"format"_qs, u"showIf"_qs, u"caption"_qs,
+                u"record"_qs, u"sum"_qs,   u"over"_qs,  u"date"_qs,      u"digits"_qs, u"lead"_qs});
     ReportTextItem item;
     item.name = name;
     item.at = readRect(node[u"at"]);
     readValue(node, item);
     readWords(node, item);
+    readDate(node, item);
+    readDigits(node, item);
+    readRecord(node, ofPage, item);
     const QString font = node.has(u"font") ? node[u"font"].text() : u"body"_qs;
     if (!fonts.contains(font)) node.fail(u"書体「%1」が fonts にありません。"_qs.arg(font));
     item.font = fonts.value(font);
@@ -149,7 +180,7 @@ ReportBoxItem readBox(const Node& node, const QString& name) {
             shade, node[u"showIf"].text()};
 }
 
-ReportBand readBand(const Node& node, const Fonts& fonts) {
+ReportBand readBand(const Node& node, const Fonts& fonts, bool ofPage) {
     node.allow({u"height"_qs, u"items"_qs});
     ReportBand band;
     band.height = node[u"height"].twips();
@@ -160,7 +191,7 @@ ReportBand readBand(const Node& node, const Fonts& fonts) {
         else if (item.has(u"box"))
             band.boxes.append(readBox(item, name));
         else
-            band.texts.append(readText(item, name, fonts));
+            band.texts.append(readText(item, name, fonts, ofPage));
     }
     return band;
 }
@@ -172,15 +203,22 @@ ReportMargins readMargins(const Node& node) {
     return {node[u"top"].twips(), node[u"bottom"].twips(), node[u"left"].twips(), node[u"right"].twips()};
 }
 
-ReportLayout build(const QString& name, const QJsonObject& object) {
-    const Node root(object, name, {});
-    root.allow({u"base"_qs, u"paper"_qs, u"margins"_qs, u"groupOnNewPage"_qs, u"fonts"_qs, u"bands"_qs});
-    ReportLayout layout;
-    layout.name = name;
+void readPaper(const Node& root, ReportLayout& layout) {
     const QString paper = root[u"paper"].text();
     if (!paperSizes().contains(paper)) root[u"paper"].fail(u"用紙は A4 か B5 にしてください。"_qs);
     layout.paperWidth = paperSizes().value(paper).width;
     layout.paperHeight = paperSizes().value(paper).height;
+    if (root[u"orientation"].choice({u"portrait"_qs, u"landscape"_qs}) == 1)
+        std::swap(layout.paperWidth, layout.paperHeight);
+}
+
+ReportLayout build(const QString& name, const QJsonObject& object) {
+    const Node root(object, name, {});
+    root.allow(
+        {u"base"_qs, u"paper"_qs, u"orientation"_qs, u"margins"_qs, u"groupOnNewPage"_qs, u"fonts"_qs, u"bands"_qs});
+    ReportLayout layout;
+    layout.name = name;
+    readPaper(root, layout);
     layout.margins = readMargins(root[u"margins"]);
     layout.groupOnNewPage = root[u"groupOnNewPage"].flag();
     Fonts fonts;
@@ -189,7 +227,9 @@ ReportLayout build(const QString& name, const QJsonObject& object) {
     QStringList known;
     for (size_t i = 0; i < bandNames.size(); ++i) {
         known.append(bandNames.at(i).toString());
-        if (bands.has(bandNames.at(i))) layout.bands.at(i) = readBand(bands[bandNames.at(i)], fonts);
+        const auto kind = static_cast<ReportBandKind>(i);
+        const bool ofPage = kind == ReportBandKind::PageHeader || kind == ReportBandKind::PageFooter;
+        if (bands.has(bandNames.at(i))) layout.bands.at(i) = readBand(bands[bandNames.at(i)], fonts, ofPage);
     }
     bands.allow(known);
     return layout;
@@ -213,6 +253,12 @@ Loaded load(const QString& name, const ReportLayoutSource& source, QStringList c
 }
 
 } // namespace
+
+void ReportLayout::fail(ReportBandKind kind, const QString& item, const QString& reason) const {
+    QString place = u"bands."_qs + bandNames.at(static_cast<size_t>(kind)).toString();
+    if (!item.isEmpty()) place += u".items."_qs + item;
+    Node({}, name, place).fail(reason);
+}
 
 QByteArray builtInLayout(const QString& name) {
     keepLayoutResource();

@@ -39,6 +39,12 @@ struct ReportSizeStep {
     double size = 0;
 };
 
+// The rows that a sum counts: those of its page, of its group or of the report, or all down to where it stands.
+enum class ReportSumOver { Page, Group, Report, Running };
+
+// The record whose fields an item of a page's head or foot shows: that of its band, or the first or last on the page.
+enum class ReportRecordOf { Band, First, Last };
+
 struct ReportTextItem {
     QString name;
     ReportRect at;
@@ -46,11 +52,17 @@ struct ReportTextItem {
     ReportAlign align = ReportAlign::Left;
     bool wrap = false; // a text too long takes more lines before it shrinks
     QList<ReportSizeStep> sizes;
-    // One of the three gives the value.
+    // One of the four gives the value.
     QString text;
     QStringList fields; // several are joined, as in Pref+City
     QString parameter;
+    QString sum; // a field that is added up
+    ReportSumOver over = ReportSumOver::Page;
+    ReportRecordOf record = ReportRecordOf::Band;
     QString format;                // number form, see ReportText::number
+    QString date;                  // date form, see ReportText::date
+    int digits = 0;                // one by one in so many boxes of equal width, from the right
+    QString lead;                  // the sign before the first digit, left of all boxes when none is free
     QHash<QString, QString> words; // the words for a value, such as 2 and 請求書(控)
     bool hasWords = false;
     QString otherwise; // for a value that is not among the words
@@ -75,7 +87,8 @@ struct ReportBoxItem {
     QString showIf;
 };
 
-// GroupContinued closes the details of a page whose group goes on over the leaf, where there is room for it.
+// A page's head shows the first of its records, its foot the last one. GroupContinued closes the details of a page
+// whose group goes on over the leaf, where there is room for it.
 enum class ReportBandKind { PageHeader, GroupHeader, Detail, GroupFooter, PageFooter, ReportFooter, GroupContinued };
 
 struct ReportBand {
@@ -97,6 +110,8 @@ struct ReportLayout {
     std::array<ReportBand, 7> bands;
 
     const ReportBand& band(ReportBandKind kind) const { return bands.at(static_cast<size_t>(kind)); }
+    // Raises an error that names the file and the place inside of it; the item may be empty.
+    [[noreturn]] void fail(ReportBandKind kind, const QString& item, const QString& reason) const;
 };
 
 // Gives the bytes of a layout file by its name without the extension; null bytes when there is none.

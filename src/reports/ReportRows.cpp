@@ -31,31 +31,41 @@ namespace {
 
 class Planner {
 public:
-    Planner(const ReportLayout& layout, int linesPerPage) : m_layout(layout), m_linesPerPage(linesPerPage) {}
+    Planner(const ReportLayout& layout, const QList<ReportRow>& rows, int linesPerPage, ReportRowPlan plan)
+        : m_layout(layout), m_rows(rows), m_linesPerPage(linesPerPage), m_isForm(plan == ReportRowPlan::Form) {}
 
-    void startGroup(const ReportRow& row) {
+    void startGroup(const ReportSpan& group) {
         const bool room = fits(height(ReportBandKind::GroupHeader) + height(ReportBandKind::Detail));
-        if (m_layout.groupOnNewPage) m_documents.append(0);
-        if (m_layout.groupOnNewPage || m_pages.isEmpty() || !room)
-            openPage(row);
-        else
-            place(ReportBandKind::GroupHeader, row);
+        const bool onNewPage = m_layout.groupOnNewPage || m_isForm;
+        m_group = group;
+        if (onNewPage) m_documents.append(0);
+        if (onNewPage || m_pages.isEmpty() || !room) openPage(group.first);
+        place(ReportBandKind::GroupHeader, group.first);
     }
 
-    void detail(const ReportRow& row) {
+    void detail(int at) {
         const bool full = m_linesPerPage > 0 && m_details >= m_linesPerPage;
         const bool started = m_details > 0;
         if (started && (full || !fits(height(ReportBandKind::Detail)))) {
-            const bool room = fits(height(ReportBandKind::GroupContinued));
-            if (room && height(ReportBandKind::GroupContinued) > 0) place(ReportBandKind::GroupContinued, row);
-            openPage(row);
+            if (fits(height(ReportBandKind::GroupContinued))) placeAny(ReportBandKind::GroupContinued);
+            goOn(at);
         }
-        place(ReportBandKind::Detail, row);
+        ++m_done;
         ++m_details;
+        place(ReportBandKind::Detail, at);
+        m_pages.last().bands.first() = footer(at);
+        m_pages.last().rows.end = m_done;
     }
 
-    void endGroup(const ReportRow& row) { placeBehind(ReportBandKind::GroupFooter, row); }
-    void endReport(const ReportRow& row) { placeBehind(ReportBandKind::ReportFooter, row); }
+    void endGroup() {
+        if (lacksRoom(ReportBandKind::GroupFooter)) goOn(m_done - 1);
+        placeAny(ReportBandKind::GroupFooter);
+    }
+
+    void endReport() {
+        if (lacksRoom(ReportBandKind::ReportFooter)) openPage(m_done - 1);
+        placeAny(ReportBandKind::ReportFooter);
+    }
 
     QList<PlannedPage> pages() {
         for (qsizetype i = 0; i < m_pages.size(); ++i) m_pages[i].count = m_documents.at(m_documentOfPage.at(i));
@@ -65,57 +75,71 @@ public:
 private:
     int height(ReportBandKind kind) const { return m_layout.band(kind).height; }
     int bottom() const { return m_layout.paperHeight - m_layout.margins.bottom - height(ReportBandKind::PageFooter); }
-    bool fits(int needed) const { return m_y + needed <= bottom(); }
+    bool fits(int needed) const { return m_isForm || m_y + needed <= bottom(); }
 
-    void place(ReportBandKind kind, const ReportRow& row) {
-        m_pages.last().bands.append({kind, m_y, row});
+    // The margin of a form is its play: offices move it until it meets the printed lines.
+    void place(ReportBandKind kind, int at) {
+        m_pages.last().bands.append({kind, m_y, m_rows.at(at), m_group, m_done});
         m_y += height(kind);
+        if (m_isForm && m_y > m_layout.paperHeight) m_layout.fail(kind, {}, u"用紙一枚に収まりません。"_qs);
     }
 
     // A footer goes to a page of its own only when the details have left no room for it.
-    void placeBehind(ReportBandKind kind, const ReportRow& row) {
-        if (height(kind) == 0) return;
-        if (m_details > 0 && !fits(height(kind))) openPage(row);
-        place(kind, row);
+    bool lacksRoom(ReportBandKind kind) const { return height(kind) > 0 && m_details > 0 && !fits(height(kind)); }
+
+    void placeAny(ReportBandKind kind) {
+        if (height(kind) > 0) place(kind, m_done - 1);
     }
 
-    void openPage(const ReportRow& row) {
+    PlacedBand footer(int at) const { return {ReportBandKind::PageFooter, bottom(), m_rows.at(at), m_group, m_done}; }
+
+    void openPage(int at) {
         if (m_documents.isEmpty()) m_documents.append(0);
         m_documentOfPage.append(m_documents.size() - 1);
-        m_pages.append(PlannedPage{{}, ++m_documents.last(), 1});
-        m_pages.last().bands.append({ReportBandKind::PageFooter, bottom(), row});
+        m_pages.append(PlannedPage{{footer(at)}, ++m_documents.last(), 1, {m_done, m_done}});
         m_y = m_layout.margins.top;
         m_details = 0;
-        place(ReportBandKind::PageHeader, row);
-        place(ReportBandKind::GroupHeader, row);
+        place(ReportBandKind::PageHeader, at);
+    }
+
+    void goOn(int at) {
+        openPage(at);
+        place(ReportBandKind::GroupHeader, at);
     }
 
     const ReportLayout& m_layout;
+    const QList<ReportRow>& m_rows;
     int m_linesPerPage;
+    bool m_isForm;
     QList<PlannedPage> m_pages;
     QList<int> m_documents; // pages of each document
     QList<qsizetype> m_documentOfPage;
+    ReportSpan m_group;
     int m_y = 0;
     int m_details = 0; // on the current page
+    int m_done = 0;
 };
+
+QList<ReportSpan> groupsOf(const QList<ReportRow>& rows, const QStringList& groupOfRecord) {
+    QList<ReportSpan> groups;
+    for (int at = 0; at < rows.size(); ++at) {
+        const bool goesOn = at > 0 && groupOfRecord.at(rows.at(at).record) == groupOfRecord.at(rows.at(at - 1).record);
+        if (!goesOn) groups.append({at, at});
+        groups.last().end = at + 1;
+    }
+    return groups;
+}
 
 } // namespace
 
 QList<PlannedPage> planPages(const ReportLayout& layout, const QStringList& groupOfRecord, const QList<ReportRow>& rows,
-                             int linesPerPage) {
-    Planner planner(layout, linesPerPage);
-    for (qsizetype i = 0; i < rows.size(); ++i) {
-        const ReportRow& row = rows.at(i);
-        const bool first = i == 0;
-        if (first || groupOfRecord.at(row.record) != groupOfRecord.at(rows.at(i - 1).record)) {
-            if (!first) planner.endGroup(rows.at(i - 1));
-            planner.startGroup(row);
-        }
-        planner.detail(row);
+                             int linesPerPage, ReportRowPlan plan) {
+    Planner planner(layout, rows, linesPerPage, plan);
+    for (const ReportSpan& group : groupsOf(rows, groupOfRecord)) {
+        planner.startGroup(group);
+        for (int at = group.first; at < group.end; ++at) planner.detail(at);
+        planner.endGroup();
     }
-    if (!rows.isEmpty()) {
-        planner.endGroup(rows.last());
-        planner.endReport(rows.last());
-    }
+    if (!rows.isEmpty()) planner.endReport();
     return planner.pages();
 }

@@ -7,7 +7,7 @@
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateManagers.h"
 #include "reference/ReferenceManagers.h"
-#include "reports/CsEstListFields.h"
+#include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
 
 #include <algorithm>
@@ -127,7 +127,7 @@ void clsReportManager::GetCsEstimateListData(const QString& where, const QString
         QHash<QString, QList<clsCsEstAsk>> claims;
         const auto begin = [&](const QStringList& part) { claims = asks.ClaimsOf(part); };
         const bool leavesOut = member == 2 || member == 3;
-        ReportRecordset records = csEstListRecordset();
+        ReportRecordset records = reportClass(u"repCsEstList"_qs).recordset();
         const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
             const ListLaws laws = listLaws(claims.value(estimate.EstId), names, exclusions);
             if (laws.excluded && leavesOut) return;

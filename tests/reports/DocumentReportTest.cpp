@@ -3,7 +3,6 @@
 #include "base/AppError.h"
 #include "base/Application.h"
 #include "reports/CsEstimateFields.h"
-#include "reports/ReportClasses.h"
 #include "support/ReportSamples.h"
 
 namespace {
@@ -12,7 +11,9 @@ double narrow(const QString& text, const ReportFont& font) { return double(text.
 
 QList<ReportPage> pages(const QString& report, const ReportRecordset& records, const DocumentSetup& setup,
                         int prtType = 0) {
-    return documentPages(reportClass(report), loadReportLayout(report), records, prtType, setup, narrow);
+    ReportHeader header = documentHeader(setup);
+    header.values.insert(u"PrtType"_qs, QString::number(prtType));
+    return reportPages(reportClass(report), loadReportLayout(report), records, header, narrow);
 }
 
 QStringList textsOf(const ReportPage& page, const QString& control) {
@@ -70,7 +71,7 @@ private slots:
 
     // Header, rows and footer stand on one page for every setting that an office would choose.
     void twentyFiveLinesFitOnOnePageOfEveryLayout() {
-        for (const ReportClass& report : reportClasses())
+        for (const ReportClass& report : estimateDocuments())
             for (int lines = 1; lines <= 25; ++lines) {
                 const QList<ReportPage> made =
                     pages(report.name, ReportSamples::rows(1), ReportSamples::ordinarySetup(lines));

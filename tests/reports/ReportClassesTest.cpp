@@ -3,30 +3,14 @@
 #include "base/AppError.h"
 #include "base/clsProfile.h"
 #include "reports/ReportClasses.h"
+#include "support/ReportSamples.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-using Outcome = DocumentChoice::Outcome;
-
 namespace {
 
-const QString anySum = u"100000"_qs;
-
-DocumentChoiceSettings withValues(const QHash<int, int>& values) {
-    DocumentChoiceSettings settings;
-    settings.values = values;
-    return settings;
-}
-
-DocumentChoiceSettings fromProfile(const QByteArray& ini) {
-    QTemporaryDir folder;
-    QFile file(folder.filePath(u"Halvane.ini"_qs));
-    if (!file.open(QIODevice::WriteOnly)) qFatal("no file");
-    file.write(ini);
-    file.close();
-    return readDocumentChoiceSettings(clsProfile(file.fileName()));
-}
+ReportPaperSettings settings(int size, const QStringList& variants = {}) { return {{{31, size}}, variants}; }
 
 } // namespace
 
@@ -34,115 +18,64 @@ class ReportClassesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void ordinaryRowsTakeTheLayoutOfPaperAndInstallation_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<DocumentChoiceSettings>("settings");
-        QTest::addColumn<bool>("receivedMark");
-        QTest::addColumn<QString>("report");
-        QTest::addColumn<int>("prtType");
-        DocumentChoiceSettings variants;
-        variants.estimateVariant = variants.receiptVariant = true;
-        DocumentChoiceSettings accounts;
-        accounts.threeAccounts = true;
-        const DocumentChoiceSettings standard;
-        const DocumentChoiceSettings small = withValues({{21, 2}, {23, 2}, {25, 2}, {27, 2}, {29, 2}});
-        QTest::newRow("estimate") << 1 << standard << false << u"repCsEstimateA4"_qs << 0;
-        QTest::newRow("estimate B5") << 1 << small << false << u"repCsEstimateB5"_qs << 0;
-        QTest::newRow("estimate variant") << 1 << variants << false << u"repCsEstimate2A4"_qs << 0;
-        QTest::newRow("breakdown") << 2 << standard << false << u"repCsEstItemA4"_qs << 1;
-        QTest::newRow("breakdown B5") << 2 << small << false << u"repCsEstItemB5"_qs << 1;
-        QTest::newRow("detail") << 3 << standard << false << u"repCsEstItemA4"_qs << 2;
-        QTest::newRow("detail B5") << 3 << small << false << u"repCsEstItemB5"_qs << 2;
-        QTest::newRow("invoice") << 4 << standard << false << u"repCsEstAskA4NoM"_qs << 0;
-        QTest::newRow("invoice with mark") << 4 << standard << true << u"repCsEstAskA4OnM"_qs << 0;
-        QTest::newRow("invoice with accounts") << 4 << accounts << true << u"repCsEstAskA4NoM2"_qs << 0;
-        QTest::newRow("invoice B5") << 4 << small << true << u"repCsEstAskB5"_qs << 0;
-        QTest::newRow("receipt") << 5 << standard << false << u"repCsEstPayA4"_qs << 0;
-        QTest::newRow("receipt variant") << 5 << variants << false << u"repCsEstPay2A4"_qs << 0;
-        QTest::newRow("receipt B5") << 5 << small << false << u"repCsEstPayB5"_qs << 0;
-    }
-    void ordinaryRowsTakeTheLayoutOfPaperAndInstallation() {
-        QFETCH(int, kind);
-        QFETCH(DocumentChoiceSettings, settings);
-        QFETCH(bool, receivedMark);
-        QFETCH(QString, report);
-        QFETCH(int, prtType);
-        const DocumentChoice choice =
-            chooseDocument(static_cast<DocumentKind>(kind), false, settings, receivedMark, anySum);
-        QCOMPARE(choice, (DocumentChoice{Outcome::Print, {report}, {}, prtType}));
-        QCOMPARE(reportClass(report).name, report);
-    }
-
-    void accidentRowsTakeTheirSheetsOnlyWhenTheSettingSaysSo_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<DocumentChoiceSettings>("settings");
-        QTest::addColumn<int>("outcome");
-        QTest::addColumn<QStringList>("classes");
-        DocumentChoiceSettings profile;
-        profile.accidentInvoice = true;
-        const DocumentChoiceSettings sheets = withValues({{41, 2}, {43, 2}});
-        QTest::newRow("estimate, off") << 1 << withValues({{41, 1}}) << int(Outcome::Print)
-                                       << QStringList{u"repCsEstimateA4"_qs};
-        QTest::newRow("estimate") << 1 << sheets << int(Outcome::AccidentSheets)
-                                  << QStringList{u"repCsEstWorkimateA4"_qs};
-        QTest::newRow("breakdown") << 2 << sheets << int(Outcome::AccidentSheets) << QStringList();
-        QTest::newRow("detail") << 3 << sheets << int(Outcome::SkipAccident) << QStringList();
-        QTest::newRow("invoice, off") << 4 << withValues({{41, 2}}) << int(Outcome::Print)
-                                      << QStringList{u"repCsEstAskA4NoM"_qs};
-        QTest::newRow("invoice") << 4 << sheets << int(Outcome::AccidentSheets)
-                                 << QStringList{u"repCsEstWorkAsk2A4"_qs};
-        QTest::newRow("invoice by profile")
-            << 4 << profile << int(Outcome::AccidentSheets) << QStringList{u"repCsEstWorkAskA4"_qs};
-        QTest::newRow("receipt") << 5 << sheets << int(Outcome::Print) << QStringList{u"repCsEstPayA4"_qs};
-    }
-    void accidentRowsTakeTheirSheetsOnlyWhenTheSettingSaysSo() {
-        QFETCH(int, kind);
-        QFETCH(DocumentChoiceSettings, settings);
-        QFETCH(int, outcome);
-        QFETCH(QStringList, classes);
-        const DocumentChoice choice = chooseDocument(static_cast<DocumentKind>(kind), true, settings, false, anySum);
-        QCOMPARE(int(choice.outcome), outcome);
-        QCOMPARE(choice.classes, classes);
-        QCOMPARE(!choice.message.isEmpty(), choice.outcome == Outcome::SkipAccident);
-    }
-
-    void anEstimateOfExactly500000NeedsNoContractReceipt() {
-        const DocumentChoiceSettings settings = withValues({{41, 2}});
-        const auto classes = [&](const QString& sum) {
-            return chooseDocument(DocumentKind::Estimate, true, settings, false, sum).classes;
-        };
-        QCOMPARE(classes(u"500000"_qs), QStringList{u"repCsEstWorkimateA4"_qs});
-        QCOMPARE(classes(u"500001"_qs), (QStringList{u"repCsEstWorkimateA4"_qs, u"repCsEstReceipt"_qs}));
-    }
-
-    void theEntriesOfTheInstallationChooseTheVariants() {
-        QVERIFY(!fromProfile("").estimateVariant);
-        QVERIFY(fromProfile("[Variant]\r\nrepCsEstimate2A4=1\r\n").estimateVariant);
-        QVERIFY(fromProfile("[EstimateKind]\r\nImateName=REPCSESTIMATE2A4\r\n").estimateVariant);
-        QVERIFY(fromProfile("[Variant]\r\nrepCsEstPay2A4=1\r\n").receiptVariant);
-        QVERIFY(fromProfile("[EstPayKind]\r\nPayName=repCsEstPay2A4\r\n").receiptVariant);
-        QVERIFY(!fromProfile("[EstPayKind]\r\nPayName=repCsEstPayA4\r\n").receiptVariant);
-        QVERIFY(fromProfile("[WorkAsk]\r\nWorkOutPut=TRUE\r\n").accidentInvoice);
-        QVERIFY(fromProfile("[PayBank]\r\nPlural=True\r\n").threeAccounts);
-        QCOMPARE(fromProfile("").contractLimit, u"500000"_qs);
-        QCOMPARE(fromProfile("[Receipt]\r\nPrice=300000\r\n").contractLimit, u"300000"_qs);
-    }
-
-    void onlyInvoicesAndReceiptsHaveACopyUnlessTheSettingIsTwo() {
-        QCOMPARE(documentCopies(DocumentKind::Estimate, 1), 1);
-        QCOMPARE(documentCopies(DocumentKind::Detail, 0), 1);
-        QCOMPARE(documentCopies(DocumentKind::Invoice, 2), 1);
-        QCOMPARE(documentCopies(DocumentKind::Invoice, 1), 2);
-        QCOMPARE(documentCopies(DocumentKind::Receipt, 0), 2);
+    void everyClassIsToldWholeAndOnce() {
+        QStringList names;
+        for (const ReportClass& report : reportClasses()) {
+            names << report.name;
+            QVERIFY2(report.recordset && report.readHeader && report.title, qPrintable(report.name));
+            QVERIFY2(!report.recordset().fields().isEmpty() && report.recordset().isEmpty(), qPrintable(report.name));
+            QVERIFY2(!report.sample.given.isEmpty(), qPrintable(report.name));
+            QCOMPARE(reportClass(report.name).name, report.name);
+        }
+        QVERIFY(names.size() > 10);
+        QCOMPARE(names.removeDuplicates(), 0);
     }
 
     void everyDocumentHasItsTitle() {
-        QCOMPARE(documentTitle(reportClass(u"repCsEstimate2A4"_qs), 0), u"見積書"_qs);
-        QCOMPARE(documentTitle(reportClass(u"repCsEstItemA4"_qs), 1), u"内訳書"_qs);
-        QCOMPARE(documentTitle(reportClass(u"repCsEstItemB5"_qs), 2), u"明細書"_qs);
+        const auto title = [](const QString& name, const QString& prtType) {
+            return reportClass(name).title(ReportSamples::ordinary(), {{u"PrtType"_qs, prtType}});
+        };
+        QCOMPARE(title(u"repCsEstimate2A4"_qs, u"0"_qs), u"見積書 R06-000123"_qs);
+        QCOMPARE(title(u"repCsEstItemA4"_qs, u"1"_qs), u"内訳書 R06-000123"_qs);
+        QCOMPARE(title(u"repCsEstItemB5"_qs, u"2"_qs), u"明細書 R06-000123"_qs);
+        QCOMPARE(title(u"repCsEstList"_qs, {}), u"見積データ一覧"_qs);
     }
 
     void aClassThatTheSystemLacksIsAnError() { QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceipt"_qs), AppError); }
+
+    void aPaperIsChosenBySizeAndVariant_data() {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QStringList>("variants");
+        QTest::addColumn<QString>("chosen");
+        QTest::newRow("A4") << 1 << QStringList() << u"a4"_qs;
+        QTest::newRow("B5") << 2 << QStringList() << u"b5"_qs;
+        QTest::newRow("another value is A4") << 3 << QStringList() << u"a4"_qs;
+        QTest::newRow("variant of A4") << 1 << QStringList{u"A4V"_qs} << u"a4v"_qs;
+        QTest::newRow("variant of A4 on B5") << 2 << QStringList{u"a4v"_qs} << u"b5"_qs;
+        QTest::newRow("variant of B5") << 2 << QStringList{u"b5v"_qs} << u"b5v"_qs;
+        QTest::newRow("an entry left empty") << 1 << QStringList{QString()} << u"a4"_qs;
+    }
+    void aPaperIsChosenBySizeAndVariant() {
+        QFETCH(int, size);
+        QFETCH(QStringList, variants);
+        QTEST(chosenClass({31, u"a4"_qs, u"b5"_qs, u"a4v"_qs, u"b5v"_qs}, settings(size, variants)), "chosen");
+    }
+
+    void aPaperWithoutSmallSizeStaysOnA4() {
+        QCOMPARE(chosenClass({31, u"a4"_qs}, settings(2)), u"a4"_qs);
+        QCOMPARE(chosenClass({31, u"a4"_qs, {}, u"a4v"_qs}, settings(2, {u"a4v"_qs})), u"a4v"_qs);
+        QCOMPARE(chosenClass({31, u"a4"_qs, {}, u"a4v"_qs}, settings(2, {QString()})), u"a4"_qs);
+    }
+
+    void theInstallationTellsTheVariantsInForce() {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"Halvane.ini"_qs));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[Variant]\r\nv1=1\r\nv2=0\r\nv3=1\r\n");
+        file.close();
+        const QList<ReportPaper> papers{{1, u"a"_qs, u"b"_qs, u"v1"_qs, u"v2"_qs}, {1, u"c"_qs, {}, u"v3"_qs}};
+        QCOMPARE(variantsInForce(papers, clsProfile(file.fileName())), (QStringList{u"v1"_qs, u"v3"_qs}));
+    }
 };
 
 HALVANE_TEST(ReportClassesTest)

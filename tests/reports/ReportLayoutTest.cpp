@@ -77,6 +77,30 @@ private slots:
         QCOMPARE(textNamed(layout, u"txtBoth"_qs).sizes.first().overBytes, 14);
     }
 
+    void everyPartOfAFootIsRead() {
+        const QByteArray foot = changed(R"("detail": {)", R"("pageFooter": {"height": 1, "items": {
+            "txtSum": {"sum": "Price", "over": "running", "at": [0, 0, 1, 1]},
+            "txtDay": {"date": "ggge年", "record": "last", "at": [0, 0, 1, 1]},
+            "txtBoxes": {"digits": 7, "lead": "￥", "at": [0, 0, 70, 1]}}}, "detail": {)");
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(foot));
+        QHash<QString, ReportTextItem> items;
+        for (const ReportTextItem& item : layout.band(ReportBandKind::PageFooter).texts) items.insert(item.name, item);
+        QCOMPARE(items.value(u"txtSum"_qs).sum, u"Price"_qs);
+        QCOMPARE(items.value(u"txtSum"_qs).over, ReportSumOver::Running);
+        QVERIFY(items.value(u"txtSum"_qs).fields.isEmpty());
+        QCOMPARE(items.value(u"txtDay"_qs).date, u"ggge年"_qs);
+        QCOMPARE(items.value(u"txtDay"_qs).record, ReportRecordOf::Last);
+        QCOMPARE(items.value(u"txtBoxes"_qs).digits, 7);
+        QCOMPARE(items.value(u"txtBoxes"_qs).lead, u"￥"_qs);
+    }
+
+    void paperMayLieOnItsSide() {
+        const QByteArray wide = changed("\"A4\"", "\"B5\", \"orientation\": \"landscape\"");
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(wide));
+        QCOMPARE(layout.paperWidth, 14570);
+        QCOMPARE(layout.paperHeight, 10318);
+    }
+
     void aTypeMaySpaceItsLetters() {
         const QByteArray spaced = changed("\"size\": 9.5", "\"size\": 9.5, \"spacing\": 100");
         const ReportLayout layout = loadReportLayout(u"layout"_qs, files(spaced));
@@ -121,6 +145,22 @@ private slots:
         row("size of nothing", changed("9.5", "0"), {u"fonts.body.size"_qs});
         row("two values", changed("\"field\": \"Copy\"", "\"field\": \"Copy\", \"text\": \"x\""), {u"lblTitle"_qs});
         row("shade beyond black", changed("\"shade\": 10", "\"shade\": 101"), {u"boxAll.shade"_qs});
+        row("unknown orientation", changed("\"A4\"", "\"A4\", \"orientation\": \"sideways\""),
+            {u"orientation"_qs, u"landscape"_qs});
+        const auto price = [](const char* keys) { return changed("\"format\": \"#,##0\"", keys); };
+        row("a sum of what it has", price("\"sum\": \"Price\""), {u"txtPrice"_qs, u"over"_qs});
+        row("nothing to sum", price("\"over\": \"page\""), {u"txtPrice"_qs, u"sum"_qs});
+        row("a sum and a field", price("\"sum\": \"Price\", \"over\": \"page\", \"field\": \"Price\""),
+            {u"txtPrice"_qs, u"どれか一つ"_qs});
+        row("over nothing known", price("\"sum\": \"Price\", \"over\": \"year\""),
+            {u"txtPrice.over"_qs, u"running"_qs});
+        row("no form of a date", price("\"date\": \"wann\""), {u"txtPrice.date"_qs, u"yyyy/mm/dd"_qs});
+        row("a date and a number", price("\"format\": \"0\", \"date\": \"yyyy\""), {u"txtPrice"_qs, u"format"_qs});
+        row("no boxes for digits", price("\"digits\": 0"), {u"txtPrice.digits"_qs});
+        row("boxes of different width", price("\"digits\": 7"), {u"txtPrice.digits"_qs, u"割り切れる"_qs});
+        row("a sign before no digits", price("\"lead\": \"￥\""), {u"txtPrice.lead"_qs});
+        row("two signs before digits", price("\"digits\": 3, \"lead\": \"￥ \""), {u"txtPrice.lead"_qs});
+        row("a record of no page", price("\"record\": \"last\""), {u"txtPrice.record"_qs, u"pageFooter"_qs});
         row("margins as a number", changed("{\"top\": 1, \"bottom\": 2, \"left\": 3, \"right\": 4}", "5"),
             {u"margins"_qs});
         row("beyond any paper", changed("[10, 20,", "[1e300, 20,"), {u"txtPrice.at[0]"_qs});
@@ -182,7 +222,7 @@ private slots:
     }
 
     void everyReportClassHasItsLayout() {
-        for (const ReportClass& report : reportClasses()) {
+        for (const ReportClass& report : estimateDocuments()) {
             const ReportLayout layout = loadReportLayout(report.name);
             QCOMPARE(layout.name, report.name);
             QVERIFY(layout.groupOnNewPage);

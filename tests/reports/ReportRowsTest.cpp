@@ -122,6 +122,53 @@ private slots:
         QCOMPARE(spelled(planPages(paper, groups, plainRows(3), 2)), u"QPHDD 1/2, QPHDF 2/2"_qs);
     }
 
+    // The group has ended: its head does not stand over the sum of the report.
+    void aReportFooterWithoutRoomStandsBelowThePageHeaderAlone() {
+        ReportLayout paper = layout(400, false, 100, 200);
+        paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 300;
+        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHDD 1/2, QPHFR 2/2"_qs);
+        paper = layout(200, false);
+        paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 500;
+        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHDDF 1/2, QPR 2/2"_qs);
+    }
+
+    void aGroupThatGoesOverTheLeafRepeatsItsHead() {
+        QCOMPARE(spelled(planPages(layout(300, false), {u"A"_qs, u"B"_qs, u"B"_qs}, plainRows(3))),
+                 u"QPHDFHD 1/2, QPHDF 2/2"_qs);
+    }
+
+    void everyBandKnowsItsGroupAndTheRowsAboveIt() {
+        const QList<PlannedPage> pages = planPages(layout(300, false), {u"A"_qs, u"B"_qs, u"B"_qs}, plainRows(3));
+        QStringList known;
+        for (const PlannedPage& page : pages)
+            for (const PlacedBand& band : page.bands)
+                known << u"%1-%2:%3"_qs.arg(band.group.first).arg(band.group.end).arg(band.done);
+        QCOMPARE(known.join(u' '), u"1-3:2 0-1:0 0-1:0 0-1:1 0-1:1 1-3:1 1-3:2 1-3:3 1-3:2 1-3:2 1-3:3 1-3:3"_qs);
+        QCOMPARE(pages.at(0).rows, (ReportSpan{0, 2}));
+        QCOMPARE(pages.at(1).rows, (ReportSpan{2, 3}));
+    }
+
+    void aFormIsOnePageForEachGroup() {
+        const QStringList groups{u"A"_qs, u"B"_qs, u"B"_qs};
+        QCOMPARE(spelled(planPages(layout(100, false), groups, plainRows(3), 0, ReportRowPlan::Form)),
+                 u"QPHDF 1/1, QPHDDF 1/1"_qs);
+    }
+
+    // An office moves the margins of a form until it meets the printed lines; the paper's edge is the bound.
+    void aFormMayUseItsMarginsButNotMoreThanThePaper() {
+        ReportLayout form = layout(700, false, 100, 100);
+        form.name = u"repForm"_qs;
+        form.margins = {90, 90, 0, 0};
+        QCOMPARE(spelled(planPages(form, {u"A"_qs}, plainRows(1), 0, ReportRowPlan::Form)), u"QPHDF 1/1"_qs);
+        form.margins.top = 101;
+        try {
+            planPages(form, {u"A"_qs}, plainRows(1), 0, ReportRowPlan::Form);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QVERIFY(error.description().contains(u"repForm.json の bands.groupFooter"));
+        }
+    }
+
     void theReportFooterComesOnceAtTheEnd() {
         ReportLayout paper = layout(100, true);
         paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 100;

@@ -1,7 +1,8 @@
 #include "support/ReportSamples.h"
 
-#include "reports/CsEstListFields.h"
 #include "reports/CsEstimateFields.h"
+
+#include <algorithm>
 
 namespace ReportSamples {
 
@@ -15,13 +16,6 @@ void addRow(ReportRecordset& records, const Values& header, const Values& row) {
     for (const auto& [name, value] : row) records.Set(name, value);
 }
 
-const QStringList& detailTexts() {
-    static const QStringList names{u"Elmt"_qs,      u"Item"_qs,      u"PickKbn"_qs,   u"Name"_qs,
-                                   u"PickStyle"_qs, u"Materials"_qs, u"PartsForm"_qs, u"MakerNm"_qs,
-                                   u"PartsCd"_qs,   u"SumTitle"_qs,  u"SumCal"_qs};
-    return names;
-}
-
 // Wide characters in an order that shows where a text was broken.
 QString wide(int length) {
     static const QString pattern = u"義肢装具製作所東西南北春夏秋冬"_qs;
@@ -30,28 +24,36 @@ QString wide(int length) {
     return text.left(length);
 }
 
-QVariant largest(const ReportField& field) {
+QVariant longestOf(const ReportField& field) {
     switch (field.type) {
     case ReportFieldType::Text:
         return wide(field.size);
     case ReportFieldType::Integer:
         return 99;
     case ReportFieldType::Float:
-        return field.name == u"TaxRate" ? 10.5 : 9'876'543.0;
+        return 9'876'543.0;
     case ReportFieldType::Currency:
         return 987'654'321;
+    case ReportFieldType::Date:
+        return u"2028/12/28"_qs;
     }
     return {};
 }
 
-Values longestHeader() {
-    Values header;
-    const QList<ReportField> fields = csEstimateRecordset().fields();
+// Whether a field stands in a row of one kind: those that some kind names stand in that kind alone.
+bool standsIn(const ReportSample& sample, const QStringList& kind, const QString& field) {
+    const bool named = std::any_of(sample.rows.begin(), sample.rows.end(),
+                                   [&](const QStringList& other) { return other.contains(field); });
+    return !named || kind.contains(field);
+}
+
+void addLongest(ReportRecordset& records, const ReportSample& sample, const QStringList& kind) {
+    records.AddNew();
+    const QList<ReportField> fields = records.fields();
     for (const ReportField& field : fields)
-        if (!detailTexts().contains(field.name)) header.append({field.name, largest(field)});
-    header.append({u"AskNo"_qs, 1});
-    header.append({u"Copy"_qs, 2});
-    return header;
+        if (standsIn(sample, kind, field.name))
+            records.Set(field.name, sample.longest.contains(field.name) ? QVariant(sample.longest.value(field.name))
+                                                                        : longestOf(field));
 }
 
 } // namespace
@@ -135,37 +137,22 @@ ReportRecordset ordinary() {
     return records;
 }
 
-ReportRecordset longest() {
-    const QList<QStringList> kinds{
-        {u"Elmt"_qs, u"Item"_qs, u"PickKbn"_qs, u"Name"_qs, u"PickStyle"_qs}, // basic price
-        {u"Elmt"_qs, u"Materials"_qs},                                        // make element
-        {u"Elmt"_qs, u"PartsForm"_qs, u"MakerNm"_qs, u"PartsCd"_qs},          // complete part
-        {u"SumTitle"_qs},
-        {u"SumCal"_qs},
-    };
-    ReportRecordset records = csEstimateRecordset();
-    const QList<ReportField> fields = records.fields();
-    for (const QStringList& kind : kinds) {
-        Values row;
-        for (const ReportField& field : fields)
-            if (kind.contains(field.name)) row.append({field.name, largest(field)});
-        addRow(records, longestHeader(), row);
-    }
+ReportRecordset longest(const ReportClass& report) {
+    constexpr int moreThanOnePage = 60;
+    const QList<QStringList> kinds = report.sample.rows.isEmpty() ? QList<QStringList>{{}} : report.sample.rows;
+    ReportRecordset records = report.recordset();
+    for (int row = 0; row < (report.plan == ReportRowPlan::List ? moreThanOnePage : 1); ++row)
+        for (const QStringList& kind : kinds) addLongest(records, report.sample, kind);
     return records;
 }
 
-ReportRecordset longestList() {
-    constexpr int moreThanOnePage = 60;
-    ReportRecordset records = csEstListRecordset();
-    const QList<ReportField> fields = records.fields();
-    for (int row = 0; row < moreThanOnePage; ++row) {
-        records.AddNew();
-        for (const ReportField& field : fields) records.Set(field.name, largest(field));
-        records.Set(u"PickPtnDate"_qs, u"令和２８年１２月２８日"_qs);
-        records.Set(u"DelvFinDate"_qs, u"令和２８年１２月２８日"_qs);
-        records.Set(u"Ins"_qs, u"社会,国民,後期,身体"_qs); // as many claims as a paper shows
-    }
-    return records;
+ReportHeader longestHeader(const ReportClass& report, const ReportParameters& given) {
+    constexpr int fewLines = 3;
+    ReportHeader header{report.sample.longest, fewLines};
+    for (auto size = report.sample.sizes.begin(); size != report.sample.sizes.end(); ++size)
+        header.values.insert(size.key(), wide(size.value()));
+    header.values.insert(given);
+    return header;
 }
 
 ReportRecordset rows(int count) {
@@ -198,17 +185,6 @@ DocumentSetup ordinarySetup(int linesPerPage) {
         {u"Bank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
         {u"Account3"_qs, u"普通 1122334"_qs},
     };
-    return setup;
-}
-
-DocumentSetup longestSetup(int linesPerPage) {
-    DocumentSetup setup = ordinarySetup(linesPerPage);
-    const QHash<QString, int> sizes{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},    {u"lblFax"_qs, 20},
-                                    {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60}, {u"lblChkAcnt"_qs, 60},
-                                    {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},     {u"Bank3"_qs, 30},
-                                    {u"Account1"_qs, 29},  {u"Account2"_qs, 29},  {u"Account3"_qs, 29}};
-    for (auto label = setup.office.begin(); label != setup.office.end(); ++label)
-        label.value() = wide(sizes.value(label.key(), 40));
     return setup;
 }
 

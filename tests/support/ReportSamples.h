@@ -2,21 +2,20 @@
 
 #include "reports/DocumentReport.h"
 
-// Documents for the report tests: one as an office would print it, and one whose texts are all as long as their fields.
+// What the report tests print: a document as an office would have it, and the longest content of every class.
 namespace ReportSamples {
 
 // One estimate with its make rows, subtotal, discount and complete parts, for a claim and a copy number.
 void addDocument(ReportRecordset& records, int askNo = 1, int copy = 1);
 ReportRecordset ordinary();
-// Every kind of row that the data method makes, each text at its full size in wide characters, amounts of nine digits.
-ReportRecordset longest();
-// The same for the estimate data list: enough rows for more than one page.
-ReportRecordset longestList();
+// Every kind of row of a report class, each text at its full size in wide characters, amounts of nine digits; of a list
+// enough rows for more than one page.
+ReportRecordset longest(const ReportClass& report);
+// Few lines, so that a padded document has a page that goes on and one that ends.
+ReportHeader longestHeader(const ReportClass& report, const ReportParameters& given);
 // `rows` rows of one document that show their number as quantity.
 ReportRecordset rows(int rows);
 
 DocumentSetup ordinarySetup(int linesPerPage = 20);
-// Few lines, so that the longest document has a page that goes on and one that ends.
-DocumentSetup longestSetup(int linesPerPage = 3);
 
 } // namespace ReportSamples

@@ -14,8 +14,10 @@ public:
     explicit Report(const QString& reportClass);
 
     void Recordset(ReportRecordset records) { m_records = std::move(records); }
+    // A header value that the screen knows, such as the range of dates.
+    void Value(const QString& name, const QString& value) { m_values.insert(name, value); }
     // 1 titles an item sheet 内訳書, any other 明細書.
-    void PrtType(int type) { m_prtType = type; }
+    void PrtType(int type) { Value(u"PrtType"_qs, QString::number(type)); }
 
     void PrintReport(bool withDialog);
     // The preview; it is always modal, which the argument 1 asks for.
@@ -23,9 +25,8 @@ public:
 
 private:
     ReportJob job() const;
-    QString title() const;
 
     const ReportClass& m_class;
     std::optional<ReportRecordset> m_records;
-    int m_prtType = 0;
+    ReportParameters m_values;
 };

@@ -111,12 +111,22 @@ private slots:
         QCOMPARE(wordStarts(pdf), (QList<int>{600, 1140, 1680, 2220, 2760}));
     }
 
+    void aPageOnItsSideIsWiderThanHigh() {
+        ReportPage page = pageOf(u"予定表"_qs, false);
+        page.paperWidth = 16838;
+        page.paperHeight = 11906;
+        page.texts.first().x = 15000; // beyond an upright page
+        const QByteArray pdf = pdfOfPages({page}, u"test"_qs);
+        QCOMPARE(textIn(pdf), u"予定表"_qs);
+        QCOMPARE(wordStarts(pdf), QList<int>{15000});
+    }
+
     void aWholeDocumentIsFoundPageByPage() {
         ReportRecordset records = ReportSamples::ordinary();
         ReportSamples::addDocument(records, 2);
         const QList<ReportPage> pages =
-            documentPages(reportClass(u"repCsEstAskA4NoM"_qs), loadReportLayout(u"repCsEstAskA4NoM"_qs), records, 0,
-                          ReportSamples::ordinarySetup(), measurePaperText);
+            reportPages(reportClass(u"repCsEstAskA4NoM"_qs), loadReportLayout(u"repCsEstAskA4NoM"_qs), records,
+                        documentHeader(ReportSamples::ordinarySetup()), measurePaperText);
         QCOMPARE(pages.size(), 2);
         const QByteArray pdf = pdfOfPages(pages, u"repCsEstAskA4NoM"_qs);
         for (const QString& page : {u"1"_qs, u"2"_qs}) {

@@ -57,6 +57,36 @@ private slots:
         for (const ReportPageText& text : job.pages.first().texts) QVERIFY(text.room.y >= 1000);
     }
 
+    // A header value without its longest text, or a misspelt name, would leave a layout untried.
+    void everySampleNamesWhatItsClassShows() {
+        for (const ReportClass& report : reportClasses()) {
+            const ReportSample& sample = report.sample;
+            const ReportParameters tried = ReportSamples::longestHeader(report, sample.given.first()).values;
+            const ReportParameters values = report.readHeader().values;
+            const ReportRecordset records = report.recordset();
+            for (const QString& name : values.keys())
+                QVERIFY2(tried.contains(name), qPrintable(report.name + u' ' + name));
+            for (const QString& name : sample.sizes.keys() + sample.longest.keys())
+                QVERIFY2(values.contains(name) || records.hasField(name), qPrintable(report.name + u' ' + name));
+            for (const QStringList& kind : sample.rows)
+                for (const QString& field : kind)
+                    QVERIFY2(records.hasField(field), qPrintable(report.name + u' ' + field));
+        }
+    }
+
+    void aValueOfTheScreenStandsOnThePaper() {
+        ReportRecorder recorder;
+        for (const int type : {1, 2}) {
+            Report item(u"repCsEstItemA4"_qs);
+            item.Recordset(ReportSamples::ordinary());
+            item.Value(u"PrtType"_qs, QString::number(type));
+            item.PrintReport(false);
+        }
+        QVERIFY(recorder.pages().at(0).plainText().contains(u"内　訳　書"));
+        QVERIFY(recorder.pages().at(1).plainText().contains(u"明　細　書"));
+        QCOMPARE(recorder.jobs().at(1).title, u"明細書 R06-000123"_qs);
+    }
+
     void anUnknownClassIsAnError() { QVERIFY_EXCEPTION_THROWN(Report(u"repNothing"_qs), AppError); }
 };
 
