@@ -74,7 +74,7 @@ DocumentSwitches clsReportManager::readSwitches(DocumentKind kind) {
 }
 
 InsNames clsReportManager::readInsNames(const QList<clsCsEstAsk>& claims) {
-    const InsNames names = readInsNames();
+    InsNames names = readInsNames();
     for (const clsCsEstAsk& claim : claims)
         if (Val(claim.InsNo) != 0 && !names.contains(claim.InsNo))
             throw AppError(u"法別No %1 が法別マスタにありません。"_qs.arg(claim.InsNo));
