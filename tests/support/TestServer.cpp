@@ -23,9 +23,7 @@ namespace TestServer {
 bool isNamed() { return !qEnvironmentVariableIsEmpty(folder); }
 
 QString howToGetOne() {
-    return u"HALVANE_TEST_PG names no PostgreSQL server. \"packaging/with-server COMMAND\" runs a command, such as "
-           u"this "
-           u"one, with a server of its own."_qs;
+    return u"HALVANE_TEST_PG names no PostgreSQL server; \"packaging/with-server COMMAND\" runs a command with its own."_qs;
 }
 
 ConnectionSettings database(const QString& name) {

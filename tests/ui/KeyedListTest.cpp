@@ -10,7 +10,7 @@
 
 namespace {
 
-// Nobody else reads the orders until it is opened again.
+// Nobody else reads the estimates until it is opened again.
 class Closed {
 public:
     explicit Closed(const TestDatabase& database) : m_connection(database.another()) {
