@@ -102,7 +102,7 @@ void listOfOrders(benchmark::State& state) {
         QList<clsCsEstimate> estimates;
         QList<clsCustomer> customers;
         QList<clsChart> charts;
-        gCsEstimateManager.GetListWithMst(estimates, customers, charts, {}, u"[顧客見積情報].[見積ID]"_qs);
+        gCsEstimateManager.GetListWithMst(estimates, customers, charts, {}, gCsEstimateManager.byKey());
         benchmark::DoNotOptimize(estimates);
     }
 }

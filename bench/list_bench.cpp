@@ -311,14 +311,13 @@ public:
         spinUntil([this] { return m_painted.done() && !m_grid->isFilling(); });
         auto* tabs = child<QTabBar>(m_screen, u"stKana"_qs);
         for (int tab = 0; tab < tabs->count(); ++tab) {
-            const QString range = KanaTabFilter(u"[フリガナ1]"_qs, tab);
-            compare(u"customers, tab "_qs + tabs->tabText(tab), range.isEmpty() ? range : u'(' + range + u')',
-                    byReading, [tabs, tab] {
-                        if (tabs->currentIndex() == tab)
-                            emit tabs->currentChanged(tab);
-                        else
-                            tabs->setCurrentIndex(tab);
-                    });
+            const SqlTerm range = SqlAnyOf({KanaTabFilter(u"[フリガナ1]"_qs, tab)});
+            compare(u"customers, tab "_qs + tabs->tabText(tab), range.text(), byReading, [tabs, tab] {
+                if (tabs->currentIndex() == tab)
+                    emit tabs->currentChanged(tab);
+                else
+                    tabs->setCurrentIndex(tab);
+            });
         }
         tabs->setCurrentIndex(0);
         for (const auto& [field, column, text] : {std::tuple{u"txtKana1"_qs, u"フリガナ1"_qs, u"ｽｽﾞ"_qs},
@@ -326,7 +325,7 @@ public:
             auto* entry = child<EntryField>(m_screen, field);
             QString where = u"[%1] LIKE '%2%'"_qs.arg(column, text);
             const int tab = field == u"txtKana1" ? KanaTabOf(text) : 0;
-            if (tab > 0) where = u"("_qs + KanaTabFilter(u"[フリガナ1]"_qs, tab) + u") AND "_qs + where;
+            if (tab > 0) where = u"("_qs + KanaTabFilter(u"[フリガナ1]"_qs, tab).text() + u") AND "_qs + where;
             compare(u"customers, "_qs + field, where, byReading, [entry, text = text] {
                 entry->setValue({});
                 entry->setValue(text);
@@ -394,7 +393,7 @@ public:
         for (const QString& text : {QString(), u"山本"_qs, u"岡崎市緑が丘7"_qs, u"-1234"_qs, u"ﾇﾇ"_qs}) {
             const QString name = u"selection of a customer, "_qs + (text.isEmpty() ? u"all"_qs : text);
             if (!isWanted(name)) continue;
-            const QString where = text.isEmpty() ? text : clsCustomerManager::SelectContaining(text);
+            const SqlTerm where = text.isEmpty() ? SqlTerm() : clsCustomerManager::SelectContaining(text);
             const QString order = u"[フリガナ1],[フリガナ2],[顧客番号]"_qs;
             field->setText(text);
             const auto type = [field] { emit field->valueChanged(); };
@@ -426,15 +425,16 @@ public:
         playCustomers();
         for (const Search& search : searches()) {
             fill(search);
-            const QString where = m_page->filter().condition();
+            const SqlTerm where = m_page->filter().condition();
             if (isWanted(u"estimates"_qs + search.name))
                 print(u"estimates"_qs + search.name, bestOf([this](bool whole) { return playEstimates(whole); }),
-                      {clsCsEstimateManager::ListWithMst(where, byId), clsCsEstimateManager::KeysWithMst(where, byId)});
+                      statements(where, gCsEstimateManager.byKey()));
             if (isWanted(u"customers of estimates"_qs + search.name))
-                print(u"customers of estimates"_qs + search.name,
-                      bestOf([this](bool whole) { return playCustomers(whole); }),
-                      {clsCustomerManager::ListWithEst(where, byNumber),
-                       clsCustomerManager::KeysWithEst(where, byNumber)});
+                print(
+                    u"customers of estimates"_qs + search.name,
+                    bestOf([this](bool whole) { return playCustomers(whole); }),
+                    {clsCustomerManager::ListWithEst(where.text(), byNumber), // which joins all, as it may be asked to
+                     clsCustomerManager::KeysWithEst(where, byNumber)});
         }
         if (isWanted(u"estimates of ticked customers"_qs)) ticked();
         fill({});
@@ -451,7 +451,10 @@ private:
         Fields fields;
     };
 
-    inline static const QString byId = u"[顧客見積情報].[見積ID]"_qs;
+    static Statements statements(const SqlTerm& where, const SqlTerm& order) {
+        return {clsCsEstimateManager::ListWithMst(where, order), clsCsEstimateManager::KeysWithMst(where, order)};
+    }
+
     inline static const QString byNumber = u"[顧客情報].[顧客番号]"_qs;
 
     static QList<Search> searches() {
@@ -508,7 +511,7 @@ private:
             m_customers->toggleCheck(row, 0);
             keys << CustomerKey{m_customers->value(row, 1), m_customers->value(row, 2)};
         }
-        const QString where = withCustomers({}, keys);
+        const SqlTerm where = withCustomers({}, keys);
         // From the customers themselves, as their page would be filled anew.
         const auto once = [this](bool whole) {
             const Figures figures =
@@ -516,31 +519,28 @@ private:
             m_tabs->setCurrentIndex(0);
             return figures;
         };
-        print(u"estimates of ticked customers"_qs, bestOf(once),
-              {clsCsEstimateManager::ListWithMst(where, byId), clsCsEstimateManager::KeysWithMst(where, byId)});
+        print(u"estimates of ticked customers"_qs, bestOf(once), statements(where, gCsEstimateManager.byKey()));
     }
 
     void sortBoth(int column) {
-        static const QHash<int, QStringList> terms{{2, {u"[顧客情報].[名前1]"_qs, u"[顧客情報].[名前2]"_qs}},
-                                                   {4, {u"[顧客見積情報].[採型日]"_qs}},
-                                                   {5, {u"[顧客見積情報].[納品実績日]"_qs}},
-                                                   {6, {u"[顧客見積情報].[製品コード]"_qs}},
-                                                   {7, {u"[顧客見積情報].[見積名称]"_qs}},
-                                                   {8, {u"[顧客見積情報].[見積総合計]"_qs}},
-                                                   {9, {u"[顧客カルテ].[受注先]"_qs}},
-                                                   {10, {u"[顧客見積情報].[処理区分]"_qs}}};
+        const auto estimate = [](const QString& name) { return QList{SqlColumn{u"顧客見積情報"_qs, name}}; };
+        static const QHash<int, QList<SqlColumn>> terms{
+            {2, {{u"顧客情報"_qs, u"名前1"_qs}, {u"顧客情報"_qs, u"名前2"_qs}}},
+            {4, estimate(u"採型日"_qs)},
+            {5, estimate(u"納品実績日"_qs)},
+            {6, estimate(u"製品コード"_qs)},
+            {7, estimate(u"見積名称"_qs)},
+            {8, estimate(u"見積総合計"_qs)},
+            {9, {{u"顧客カルテ"_qs, u"受注先"_qs}}},
+            {10, estimate(u"処理区分"_qs)}};
         const QString name = u"estimates by "_qs + m_estimates->column(column).title;
         if (!terms.contains(column) || !isWanted(name)) return;
         m_estimates->clearSortMark();
         const auto click = [&] { emit m_estimates->headingClicked(column); };
         const auto [up, down] =
             bestOfBoth([&](bool whole) { return play(*m_estimates, m_estimatesPainted, whole, click); });
-        for (const auto& [mark, direction, figures] :
-             {std::tuple{u" ▲"_qs, u" ASC "_qs, up}, std::tuple{u" ▼"_qs, u" DESC "_qs, down}}) {
-            const QString order = terms[column].join(direction + u", "_qs) + direction + u", "_qs + byId + u" ASC"_qs;
-            print(name + mark, figures,
-                  {clsCsEstimateManager::ListWithMst({}, order), clsCsEstimateManager::KeysWithMst({}, order)});
-        }
+        for (const auto& [mark, upwards, figures] : {std::tuple{u" ▲"_qs, true, up}, std::tuple{u" ▼"_qs, false, down}})
+            print(name + mark, figures, statements({}, gCsEstimateManager.ListOrder(terms[column], upwards)));
     }
 
     void count() {

@@ -49,27 +49,6 @@ QString twoDigits(int value) { return QString::number(value).rightJustified(2, u
 
 } // namespace
 
-QString SqlQuote(const QString& text, bool forLike) {
-    QString quoted = text;
-    quoted.replace(u"'"_qs, u"''"_qs);
-    if (!forLike) return quoted;
-    for (const QString& sign : {u"["_qs, u"%"_qs, u"_"_qs, u"-"_qs}) quoted.replace(sign, u'[' + sign + u']');
-    return quoted;
-}
-
-QString SqlStartsWith(const QString& expression, const QString& text) {
-    return text.isEmpty() ? QString() : expression + u" LIKE '"_qs + SqlQuote(text, true) + u"%'"_qs;
-}
-
-QString SqlContains(const QString& expression, const QString& text) {
-    return text.isEmpty() ? QString() : expression + u" LIKE '%"_qs + SqlQuote(text, true) + u"%'"_qs;
-}
-
-QString SqlAllOf(QStringList conditions) {
-    conditions.removeAll(QString());
-    return conditions.join(u" AND "_qs);
-}
-
 std::optional<QDateTime> parseDate(const QString& text) {
     static const QRegularExpression form(
         u"^\\s*(\\d{4})[/-](\\d{1,2})[/-](\\d{1,2})(?:[ T](\\d{1,2}):(\\d{1,2})(?::(\\d{1,2}))?)?\\s*$"_qs);
@@ -285,13 +264,3 @@ QString GetBackupFolder() {
 QString FindDriveByType(int) { return {}; }
 
 void OpenWithShell(const QString& path) { seams().openWithShell(path); }
-
-QString kanaRangeFilter(const QString& column, const QString& button) {
-    static const QString buttons = u"あかさたなはまやらわ"_qs;
-    static const QString bounds = u"ｱｶｻﾀﾅﾊﾏﾔﾗﾜ"_qs;
-    if (button == u"他") return u"%1 < 'ｱ' OR %1 > 'ﾝ'"_qs.arg(column);
-    const qsizetype index = buttons.indexOf(button);
-    if (button.size() != 1 || index < 0) return {};
-    if (index + 1 == bounds.size()) return u"%1 >= 'ﾜ' AND %1 <= 'ﾝ'"_qs.arg(column);
-    return u"%1 >= '%2' AND %1 < '%3'"_qs.arg(column, bounds.at(index), bounds.at(index + 1));
-}

@@ -5,23 +5,12 @@
 #include <QDate>
 #include <QDateTime>
 #include <QString>
-#include <QStringList>
 #include <QTime>
 
 #include <optional>
 
 // The plain conversions that every subject shares. Dates travel as text: "2005/03/01", with " 9:05:00" behind it when
 // they have a time; the empty text is no date.
-
-// --- SQL text ---
-
-// Doubles each single quote; with `forLike` also brackets [ % _ - so that LIKE takes them as they stand.
-QString SqlQuote(const QString& text, bool forLike = false);
-// The condition that an expression, such as "[名前1]", begins with a text or has it in it; none for an empty text.
-QString SqlStartsWith(const QString& expression, const QString& text);
-QString SqlContains(const QString& expression, const QString& text);
-// All of the conditions, joined by AND; empty ones ask for nothing.
-QString SqlAllOf(QStringList conditions);
 
 // --- dates ---
 
@@ -91,6 +80,3 @@ QString GetBackupFolder();
 QString FindDriveByType(int type);
 // Opens a document by its association.
 void OpenWithShell(const QString& path);
-
-// The range filter of a kana button on a reading column: あ か さ た な は ま や ら わ 他; "全" gives no filter.
-QString kanaRangeFilter(const QString& column, const QString& button);

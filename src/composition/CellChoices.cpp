@@ -1,7 +1,6 @@
 #include "composition/CellChoices.h"
 
 #include "base/basCommon.h"
-#include "db/TableManager.h"
 
 #include <algorithm>
 
@@ -14,8 +13,6 @@ void clearFrom(Cells& row, int first, int last) {
     for (qsizetype column = first; column <= end; ++column) row[column].clear();
 }
 
-QString equals(const QString& column, const QString& value) { return u'[' + column + u"] = "_qs + sqlText(value); }
-
-QString isId(const QString& id) {
+SqlTerm isId(const QString& id) {
     return u"[ID] = "_qs + (isPlainNumber(id) && !id.contains(u'.') && id.size() < 10 ? id : u"-1"_qs);
 }

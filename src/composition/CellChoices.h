@@ -1,6 +1,7 @@
 #pragma once
 
 #include "composition/Composition.h"
+#include "db/SqlText.h"
 
 // One entry of a cell's drop-down list.
 struct CellChoice {
@@ -22,9 +23,6 @@ bool holds(const CellChoices& choices, const QString& value);
 // Empties the cells from a column to the end of the row, or to a last one.
 void clearFrom(Cells& row, int first, int last = -1);
 
-// --- conditions of the price tables ---
-
-inline const QString byId = u"[ID]"_qs;
-QString equals(const QString& column, const QString& value);
 // "[ID] = n" for a typed ID; nothing that a table can hold when it is no number.
-QString isId(const QString& id);
+SqlTerm isId(const QString& id);
+inline const QString byId = u"[ID]"_qs;

@@ -16,9 +16,9 @@ CellChoices assistChoices(int group) {
     return choices;
 }
 
-QList<clsPriceItem> validItems(const QString& where = {}) {
+QList<clsPriceItem> validItems(const SqlTerm& where = {}) {
     QList<clsPriceItem> items;
-    gPriceItemManager.GetList(items, SqlAllOf({where, u"[有効Flg] = 0"_qs}), byId);
+    gPriceItemManager.GetList(items, SqlAllOf({where, gPriceItemManager.inUse()}), byId);
     return items;
 }
 
@@ -49,9 +49,10 @@ void narrow(Cells& row, int column) {
 // Clears the quick entry when no valid row of that ID has the row's texts up to a column.
 void checkRowId(Cells& row, int column) {
     if (row.at(RowId).isEmpty()) return;
-    static const QStringList columns{{}, {}, u"種目"_qs, u"採型区分"_qs, u"名称"_qs, u"形式"_qs};
-    QStringList terms{isId(row.at(RowId))};
-    for (int i = Item; i <= column; ++i) terms << equals(columns.at(i), row.at(i));
+    using Row = clsPriceItem;
+    static const QList<QString Row::*> texts{&Row::Item, &Row::PickKbn, &Row::Name, &Row::Form};
+    QList<SqlTerm> terms{isId(row.at(RowId))};
+    for (int i = Item; i <= column; ++i) terms << gPriceItemManager.equal(texts.at(i - Item), row.at(i));
     if (validItems(SqlAllOf(terms)).isEmpty()) row[RowId].clear();
 }
 

@@ -10,11 +10,15 @@ namespace {
 
 using namespace MakeLine;
 
-QString ofItem(const LineContext& context) {
-    return SqlAllOf({equals(u"種目"_qs, context.item), equals(u"採型区分"_qs, context.pickKbn)});
+using Row = clsBaseElmtSelect;
+
+SqlTerm has(QString Row::*member, const QString& value) { return gBaseElmtSelectManager.equal(member, value); }
+
+SqlTerm ofItem(const LineContext& context) {
+    return SqlAllOf({has(&Row::Item, context.item), has(&Row::PickKbn, context.pickKbn)});
 }
 
-QList<clsBaseElmtSelect> selection(const QStringList& terms) {
+QList<clsBaseElmtSelect> selection(const QList<SqlTerm>& terms) {
     QList<clsBaseElmtSelect> rows;
     gBaseElmtSelectManager.GetList(rows, SqlAllOf(terms), byId);
     return rows;
@@ -34,7 +38,7 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
         return choicesOf(rows, &clsBaseElmtSelect::MakeElmt);
     case Materials:
         if (row.at(MakeElmt).isEmpty()) return {};
-        return choicesOf(selection({ofItem(context), equals(u"製作要素"_qs, row.at(MakeElmt))}),
+        return choicesOf(selection({ofItem(context), has(&Row::MakeElmt, row.at(MakeElmt))}),
                          &clsBaseElmtSelect::Materials);
     default:
         return {};
@@ -42,8 +46,8 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
 }
 
 bool ownsRowId(const Cells& row, int column, const LineContext& context) {
-    QStringList terms{isId(row.at(RowId)), ofItem(context), equals(u"製作要素"_qs, row.at(MakeElmt))};
-    if (column >= Materials) terms << equals(u"原材料"_qs, row.at(Materials));
+    QList<SqlTerm> terms{isId(row.at(RowId)), ofItem(context), has(&Row::MakeElmt, row.at(MakeElmt))};
+    if (column >= Materials) terms << has(&Row::Materials, row.at(Materials));
     return !selection(terms).isEmpty();
 }
 

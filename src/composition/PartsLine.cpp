@@ -10,12 +10,13 @@ namespace {
 
 using namespace PartsLine;
 
-const QString valid = u"[有効Flg] = 0"_qs;
-const QString usable = u"[使用設定] = 1 AND "_qs + valid;
+using Row = clsPriceParts;
 
-QString ofItem(const LineContext& context) { return equals(u"種目"_qs, context.item); }
+SqlTerm has(QString Row::*member, const QString& value) { return gPricePartsManager.equal(member, value); }
 
-QList<clsPriceParts> parts(const QStringList& terms, const QString& order = byId) {
+SqlTerm usable(const LineContext& context) { return gPricePartsManager.usable(context.item); }
+
+QList<clsPriceParts> parts(const QList<SqlTerm>& terms, const QString& order = byId) {
     QList<clsPriceParts> rows;
     gPricePartsManager.GetList(rows, SqlAllOf(terms), order);
     return rows;
@@ -23,7 +24,7 @@ QList<clsPriceParts> parts(const QStringList& terms, const QString& order = byId
 
 // The usable parts of the row's name and form.
 QList<clsPriceParts> partsOf(const Cells& row, const LineContext& context) {
-    return parts({ofItem(context), equals(u"名称"_qs, row.at(PartsNm)), equals(u"形式"_qs, row.at(Form)), usable},
+    return parts({usable(context), has(&Row::Name, row.at(PartsNm)), has(&Row::Form, row.at(Form))},
                  u"[部品コード],[メーカ名] DESC"_qs);
 }
 
@@ -31,7 +32,7 @@ QString priceOf(const clsPriceParts& part) { return formatThousands(part.NewPric
 
 CellChoices idChoices(const LineContext& context) {
     CellChoices choices;
-    for (const clsPriceParts& part : parts({ofItem(context), usable}))
+    for (const clsPriceParts& part : parts({usable(context)}))
         choices << CellChoice{part.ID, part.ID,
                               QStringList{part.Name, part.Form, part.PartsCd, part.MakerNm, priceOf(part)}.join(u'／')};
     return choices;
@@ -72,15 +73,15 @@ CellChoices choices(const Cells& row, int column, const LineContext& context) {
 }
 
 bool ownsRowId(const Cells& row, int column, const LineContext& context) {
-    QStringList terms{isId(row.at(RowId)), ofItem(context), equals(u"名称"_qs, row.at(PartsNm)), usable};
-    if (column >= Form) terms << equals(u"形式"_qs, row.at(Form));
+    QList<SqlTerm> terms{isId(row.at(RowId)), usable(context), has(&Row::Name, row.at(PartsNm))};
+    if (column >= Form) terms << has(&Row::Form, row.at(Form));
     if (column >= PartsCd) terms << u"IIF(ISNULL([部品コード]), '', [部品コード]) = "_qs + sqlText(row.at(PartsCd));
     return !parts(terms).isEmpty();
 }
 
 // Of several rows alike the chosen one's own price counts.
 bool takeRowId(Cells& row) {
-    const QList<clsPriceParts> found = parts({isId(row.at(RowId)), valid});
+    const QList<clsPriceParts> found = parts({isId(row.at(RowId)), gPricePartsManager.inUse()});
     clearFrom(row, PartsNm);
     if (found.size() != 1) return false;
     const clsPriceParts& part = found.first();

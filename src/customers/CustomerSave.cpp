@@ -2,7 +2,6 @@
 
 #include "base/Application.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "customers/ChartParties.h"
 #include "db/AskingOutside.h"
 #include "reference/ReferenceManagers.h"
@@ -10,16 +9,6 @@
 #include <algorithm>
 
 namespace {
-
-QString branchFilter(const clsCustomer& customer) {
-    return u"[顧客ID] = "_qs + sqlText(customer.CustId) + u" and [顧客枝番] = "_qs + sqlNumber(customer.CustSubId);
-}
-
-QList<clsChart> storedCharts(const clsCustomer& customer) {
-    QList<clsChart> charts;
-    gChartManager.GetList(charts, branchFilter(customer), u"[顧客ID],[顧客枝番],[カルテNo]"_qs);
-    return charts;
-}
 
 void logDone(const QString& what, const clsCustomer& customer) {
     writeLog(what + u" 顧客ID－枝番："_qs + customer.CustId + u" - "_qs + customer.CustSubId);
@@ -32,16 +21,8 @@ void savePlace(const clsCustomer& customer) {
     if (!pair.Pref.isEmpty() || !pair.City.isEmpty()) gPrefectureManager.SaveData(pair);
 }
 
-void saveLaws(const clsCustomer& customer, const QStringList& laws) {
-    gCsInsManager.DeleteData(customer.CustId, customer.CustSubId, {});
-    for (const QString& law : laws) {
-        clsCsIns row{customer.CustId, customer.CustSubId, u"0"_qs, law};
-        gCsInsManager.SaveData(row);
-    }
-}
-
 void removeOtherCharts(const clsCustomer& customer, const QList<CustomerChart>& kept) {
-    for (const clsChart& stored : storedCharts(customer)) {
+    for (const clsChart& stored : gChartManager.rowsOf(customer.key())) {
         const bool stays = std::any_of(kept.begin(), kept.end(), [&stored](const CustomerChart& row) {
             return row.chart.ChartNo == stored.ChartNo;
         });
@@ -95,10 +76,8 @@ bool isStored(const clsCustomer& customer) {
 bool loadCustomer(const QString& CustId, const QString& CustSubId, CustomerDraft& draft) {
     CustomerDraft read;
     if (!gCustomerManager.GetData(CustId, CustSubId, read.customer)) return false;
-    QList<clsCsIns> laws;
-    gCsInsManager.GetList(laws, branchFilter(read.customer), u"[顧客ID],[顧客枝番],[項番]"_qs);
-    for (const clsCsIns& law : laws) read.laws << law.InsNo;
-    for (clsChart chart : storedCharts(read.customer)) {
+    for (const clsCsIns& law : gCsInsManager.rowsOf(read.customer.key())) read.laws << law.InsNo;
+    for (clsChart chart : gChartManager.rowsOf(read.customer.key())) {
         const QString orderCd = renewParties(chart);
         read.charts << CustomerChart{chart, orderCd};
     }
@@ -117,7 +96,7 @@ CustomerSaveResult saveCustomer(Connection& connection, CustomerDraft& draft, Cu
         isKnown = isStored(customer);
         if (!gCustomerManager.SaveData(customer)) return false;
         savePlace(customer);
-        saveLaws(customer, saved.laws);
+        gCsInsManager.SaveAll(customer.key(), saved.laws);
         return saveCharts(customer, saved.charts);
     });
     if (!stored) return CustomerSaveResult::Refused;

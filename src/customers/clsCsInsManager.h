@@ -1,5 +1,6 @@
 #pragma once
 
+#include "customers/CustomerKey.h"
 #include "db/TableManager.h"
 
 // An insurance law that a customer branch uses, table `顧客保険`.
@@ -18,6 +19,8 @@ public:
     void DeleteData(const QString& CustId, const QString& CustSubId, const QString& DataNo);
     // Inserts or updates; the number 0 is drawn.
     void SaveData(clsCsIns& ins);
+    // Puts these laws, numbered from 1, in place of the branch's list.
+    void SaveAll(const CustomerKey& branch, const QStringList& laws);
     // Keeps a law once per branch; a law of 0 or empty is none.
     void AddIfMissing(clsCsIns& ins);
     QString GetNewDataNo(const QString& CustId, const QString& CustSubId);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "customers/CustomerKey.h"
 #include "db/TableManager.h"
 
 #include <functional>
@@ -14,11 +15,8 @@ struct clsCustomer {
     QString Tel, Fax, mail;
     QString PriceType, Insured, FamilyType;
     QString AddDate, UpdDate, UpdUserNo, Memo;
-};
 
-// One branch of a person.
-struct CustomerKey {
-    QString CustId, CustSubId;
+    CustomerKey key() const { return {CustId, CustSubId}; }
 };
 
 // What the operator decided about a stored customer that differs from what was typed.
@@ -48,37 +46,39 @@ public:
     static bool IsChanged(const clsCustomer& customer, const clsCustomer& stored);
 
     // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
-    Recordset GetSelectList(const QString& where, const QString& order);
-    static QString SelectList(const QString& where, const QString& order); // its statement
+    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& order);
+    static QString SelectList(const SqlTerm& where, const SqlTerm& order); // its statement
     // The condition of its rows that contain a text in a column that is shown, in either width and case.
-    static QString SelectContaining(const QString& text);
-    qint64 Count(const QString& where);
+    static SqlTerm SelectContaining(const QString& text);
+    qint64 Count(const SqlTerm& where) { return count(where); }
     // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.
-    void GetListWithEst(QList<clsCustomer>& result, const QString& where, const QString& order);
+    void GetListWithEst(QList<clsCustomer>& result, const SqlTerm& where, const SqlTerm& order);
 
-    static QString ListWithEst(const QString& where, const QString& order);
+    static QString ListWithEst(const SqlTerm& where, const SqlTerm& order);
 
     // The statement that gives the key of each of the same rows (`order`: columns without a direction), or of rows of
     // the table alone, and the customers of such keys in any order.
-    static QString KeysWithEst(const QString& where, const QString& order);
-    static QString Keys(const QString& where, const QString& order);
+    static QString KeysWithEst(const SqlTerm& where, const SqlTerm& order);
+    static QString Keys(const SqlTerm& where, const SqlTerm& order);
     static QString listKey(const QString& CustId, const QString& CustSubId);
     static CustomerKey ofListKey(const QString& listKey);
     static QString listKey(const clsCustomer& customer) { return listKey(customer.CustId, customer.CustSubId); }
     // The condition of the customers of such keys; it may hold for other branches of theirs.
-    static QString ofListKeys(const QStringList& listKeys);
+    static SqlTerm ofListKeys(const QStringList& listKeys);
     QList<clsCustomer> customersOf(const QStringList& listKeys);
 
     // Filled by the screen that shows stored against entered values.
     std::function<CustomerUpdate(const clsCustomer& stored, const clsCustomer& typed)> confirmUpdate;
 
 private:
+    bool hasLeftovers(const CustomerKey& branch);
+    // The steps of a save; false when it ends there.
+    bool findItsPlace(clsCustomer& customer);
     CustomerUpdate askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const;
-    bool hasLeftovers(const QString& CustId, const QString& CustSubId);
+    bool takeDecision(clsCustomer& customer, CustomerUpdate decision);
     bool drawNewId(clsCustomer& customer);
     bool drawNumber(clsCustomer& customer);
-    void insertNew(const clsCustomer& customer);
-    void overwrite(const clsCustomer& customer);
+    bool write(clsCustomer& customer);
 };
 
 extern clsCustomerManager gCustomerManager;

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "base/AppError.h"
 #include "base/Text.h"
 #include "base/clsLogger.h"
-#include "db/Connection.h"
-#include "db/clsSQLMaker.h"
+#include "db/KeyedTable.h"
 
 #include <QList>
 #include <QString>
+
+#include <utility>
 
 // A member of a record class and the column that it holds.
 template <class Record> struct Field {
@@ -37,70 +39,96 @@ private:
     QList<Place> m_places;
 };
 
-// The connection behind a manager's pointer; raises an error before `Prepare` and after the connection closed.
-Connection& opened(Connection* connection);
-
-// What the managers of one table share: rows read into records by a table of member and column, lists, saving by
-// columns in order, deleting by key. All members are text; NULL reads as the empty text. Failures rise as AppError.
-template <class Record> class TableManager {
+// What the managers of one table share: rows read into records by a table of member and column, lists, conditions and
+// orders by members, and reading, writing and deleting by the key. All members are text; NULL reads as the empty text.
+template <class Record> class TableManager : public KeyedTable {
 public:
     using Fields = QList<Field<Record>>;
+    using Member = QString Record::*;
 
-    TableManager(QString table, Fields fields) : m_table(std::move(table)), m_fields(std::move(fields)) {}
-
-    // Keeps the connection and reads the table's columns.
-    void Prepare(Connection& connection) {
-        m_connection = &connection;
-        m_maker.Prepare(connection, m_table);
-    }
+    TableManager(QString table, Fields fields) : KeyedTable(std::move(table)), m_fields(std::move(fields)) {}
 
     // Appends a record for each row, in row order. `where` and `order` are clauses without their keyword; empty means
     // none.
-    void GetList(QList<Record>& result, const QString& where = {}, const QString& order = {}) {
-        QString sql = u"SELECT * FROM [%1]"_qs.arg(m_table);
-        if (const QString filter = Text::rightTrimmed(where); !filter.isEmpty()) sql += u" WHERE "_qs + filter;
-        if (const QString sort = Text::rightTrimmed(order); !sort.isEmpty()) sql += u" ORDER BY "_qs + sort;
-        readList(result, sql);
+    void GetList(QList<Record>& result, const SqlTerm& where = {}, const SqlTerm& order = {}) {
+        readList(result, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where, order));
     }
 
-    // Forgets the connection, which is about to close.
-    void Release() { m_connection = nullptr; }
+    // The rows of an owner, who is named by the first key columns, in the order of their key.
+    QList<Record> rowsOf(const QStringList& owner) {
+        QList<Record> rows;
+        TableManager::GetList(rows, keyed(owner), byKey());
+        return rows;
+    }
 
-    const QString& table() const { return m_table; }
     const Fields& fields() const { return m_fields; }
 
-protected:
-    Connection& connection() const { return opened(m_connection); }
-    clsSQLMaker& maker() { return m_maker; }
-
-    void readList(QList<Record>& result, const QString& sql) {
-        WriteSqlLog(sql);
-        Recordset rows = connection().query(sql);
-        const RecordReader<Record> reader(rows, m_fields);
-        while (rows.next()) result << reader.read();
-    }
-
-    // The first row of the table under a filter; false when there is none.
-    bool readFirst(Record& record, const QString& where) {
-        const QString sql = u"SELECT * FROM [%1] WHERE %2"_qs.arg(m_table, where);
-        WriteSqlLog(sql);
-        Recordset rows = connection().query(sql);
-        if (!rows.next()) return false;
-        record = RecordReader<Record>(rows, m_fields).read();
-        return true;
-    }
-
-    void addData(const Record& record, const QStringList& columns) {
-        for (const QString& column : columns) m_maker.AddData(column, valueOf(record, column));
-    }
-
-    QString valueOf(const Record& record, const QString& column) const {
+    // The columns of members, for statements of their own, conditions and orders.
+    SqlColumn column(Member member) const {
         for (const Field<Record>& field : m_fields)
-            if (field.column == column) return record.*field.member;
-        return {};
+            if (field.member == member) return {table(), field.column};
+        throw AppError(u"%1 にない項目です。"_qs.arg(table()), u"TableManager"_qs);
+    }
+    Fields fieldsOf(const QList<Member>& members) const {
+        Fields fields;
+        for (const Member member : members) fields << Field<Record>{member, column(member).name};
+        return fields;
+    }
+    SqlTerm equal(Member member, const QString& value) const { return SqlEqual(column(member), value); }
+    // That all of the members begin with their text; an empty one asks for nothing.
+    SqlTerm startsWith(const QList<std::pair<Member, QString>>& texts) const {
+        QList<SqlTerm> terms;
+        for (const auto& [member, text] : texts) terms << SqlStartsWith(column(member), text);
+        return SqlAllOf(terms);
+    }
+    SqlTerm sorted(const QList<Member>& members, bool upwards = true) const {
+        QList<SqlColumn> columns;
+        for (const Member member : members) columns << column(member);
+        return SqlSorted(columns, upwards);
     }
 
-    // All columns of the record in member order, but for those left out.
+protected:
+    // The row of a key; false when there is none.
+    bool get(const QStringList& key, Record& record) { return readFirst(record, keyed(key)); }
+
+    // Inserts the record or writes it over the row of its key.
+    void save(const Record& record) {
+        if (exists(keyOf(record)))
+            update(record);
+        else
+            insert(record);
+    }
+
+    // Puts rows in place of all that an owner has.
+    void replace(const QStringList& owner, const QList<Record>& rows) {
+        remove(owner);
+        for (const Record& row : rows) insert(row);
+    }
+
+    void insert(const Record& record) { insert(record, newColumns()); }
+    void insert(const Record& record, const QStringList& columns) {
+        addData(record, columns);
+        execute(maker().GetSqlForInsert());
+    }
+
+    // Writes columns of the row of the record's key, or of the given one.
+    void update(const Record& record) { update(record, dataColumns()); }
+    void update(const Record& record, const QStringList& columns) { update(record, columns, keyOf(record)); }
+    void update(const Record& record, const QStringList& columns, const QStringList& keyValues) {
+        addData(record, columns);
+        for (qsizetype i = 0; i < keyValues.size(); ++i) maker().AddKey(key().at(i), keyValues.at(i));
+        execute(maker().GetSqlForUpdate());
+    }
+
+    // What a new row is written with: all columns in member order but for those left out, the stamps, which are set by
+    // themselves, and a key that the engine issues.
+    QStringList newColumns(const QStringList& leftOut = {}) const {
+        return columnsWithout(leftOut + stamps() + (Schema::table(table())->autoKey ? key() : QStringList()));
+    }
+    // What a stored row is written with: likewise, and never its key.
+    QStringList dataColumns(const QStringList& leftOut = {}) const {
+        return columnsWithout(leftOut + stamps() + key());
+    }
     QStringList columnsWithout(const QStringList& leftOut) const {
         QStringList columns;
         for (const Field<Record>& field : m_fields)
@@ -108,31 +136,59 @@ protected:
         return columns;
     }
 
-    void insert(const Record& record, const QStringList& columns) {
-        m_maker.RemoveAll();
-        addData(record, columns);
-        execute(m_maker.GetSqlForInsert());
+    QStringList keyOf(const Record& record) const {
+        QStringList values;
+        for (const QString& column : key()) values << valueOf(record, column);
+        return values;
     }
 
-    void update(const Record& record, const QStringList& columns, const QStringList& keys) {
-        m_maker.RemoveAll();
-        addData(record, columns);
-        for (const QString& key : keys) m_maker.AddKey(key, valueOf(record, key));
-        execute(m_maker.GetSqlForUpdate());
+    // The member that holds a column; null when the record lacks it.
+    Member memberOf(const QString& column) const {
+        for (const Field<Record>& field : m_fields)
+            if (field.column == column) return field.member;
+        return nullptr;
     }
 
-    void execute(const QString& sql) {
-        WriteSqlLog(sql);
-        connection().execute(sql);
+    void readList(QList<Record>& result, const QString& sql) {
+        Recordset rows = query(sql);
+        const RecordReader<Record> reader(rows, m_fields);
+        while (rows.next()) result << reader.read();
+    }
+
+    // The first row of the table under a filter; false when there is none.
+    bool readFirst(Record& record, const SqlTerm& where) {
+        return takeFirst(record, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where));
+    }
+
+    // The first row that agrees with a record in these members; an empty one asks for NULL.
+    bool findLike(const Record& record, const QList<Member>& members, Record& found) {
+        maker().RemoveAll();
+        for (const Member member : members) maker().AddKey(column(member).name, record.*member);
+        return takeFirst(found, maker().GetSqlForSelect());
     }
 
 private:
-    QString m_table;
-    Fields m_fields;
-    Connection* m_connection = nullptr;
-    clsSQLMaker m_maker;
-};
+    static const QStringList& stamps() {
+        static const QStringList columns{u"登録日"_qs, u"更新日"_qs};
+        return columns;
+    }
 
-// A value in the text of a filter: a number bare (a text that is none raises a type error), a text quoted.
-QString sqlNumber(const QString& value);
-QString sqlText(const QString& value);
+    QString valueOf(const Record& record, const QString& column) const {
+        const Member member = memberOf(column);
+        return member ? record.*member : QString();
+    }
+
+    void addData(const Record& record, const QStringList& columns) {
+        maker().RemoveAll();
+        for (const QString& column : columns) maker().AddData(column, valueOf(record, column));
+    }
+
+    bool takeFirst(Record& record, const QString& sql) {
+        Recordset rows = query(sql);
+        if (!rows.next()) return false;
+        record = RecordReader<Record>(rows, m_fields).read();
+        return true;
+    }
+
+    Fields m_fields;
+};

@@ -12,30 +12,27 @@ clsAssistManager::clsAssistManager()
                                     {&clsAssist::AsstView, u"表示名"_qs},
                                     {&clsAssist::AsstMemo, u"説明"_qs}}) {}
 
-bool clsAssistManager::GetData(const QString& AsstNo, clsAssist& assist) {
-    return readFirst(assist, u"[管理No] = "_qs + sqlNumber(AsstNo));
-}
+bool clsAssistManager::GetData(const QString& AsstNo, clsAssist& assist) { return get({AsstNo}, assist); }
 
-void clsAssistManager::DeleteData(const QString& AsstNo) {
-    execute(u"DELETE FROM [補助設定] WHERE [管理No] = "_qs + sqlNumber(AsstNo));
-}
+void clsAssistManager::DeleteData(const QString& AsstNo) { remove({AsstNo}); }
 
 void clsAssistManager::SaveData(clsAssist& assist) {
-    const QStringList columns = columnsWithout({u"管理No"_qs});
     Transaction transaction(connection());
     if (Val(assist.AsstNo) > 0) {
-        update(assist, columns, {u"管理No"_qs});
+        update(assist);
     } else {
-        insert(assist, columns);
-        assist.AsstNo = connection().scalar(u"SELECT MAX([管理No]) FROM [補助設定]"_qs);
+        insert(assist);
+        assist.AsstNo = largestNumber();
         if (assist.AsstNo.isEmpty())
             throw AppError(u"追加した管理Noの取得に失敗しました。"_qs, u"clsAssistManager"_qs);
     }
     transaction.commit();
 }
 
+SqlTerm clsAssistManager::ofGroup(int group) const { return equal(&clsAssist::AsstGr, QString::number(group)); }
+
 QList<clsAssist> clsAssistManager::group(int group) {
     QList<clsAssist> values;
-    GetList(values, u"[分類] = %1"_qs.arg(group), u"[管理No]"_qs);
+    GetList(values, ofGroup(group), byKey());
     return values;
 }

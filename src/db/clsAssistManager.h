@@ -27,6 +27,7 @@ public:
     void DeleteData(const QString& AsstNo);
     // Updates a row with a number above 0, else inserts one and gives it its number. One transaction.
     void SaveData(clsAssist& assist);
+    SqlTerm ofGroup(int group) const;
     // The values of a group in the order of their numbers.
     QList<clsAssist> group(int group);
 };

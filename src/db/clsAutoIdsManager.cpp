@@ -15,9 +15,8 @@ clsAutoIdsManager::clsAutoIdsManager()
 QString clsAutoIdsManager::GetNewId(const QString& itemName) {
     Transaction transaction(connection());
     connection().lockForWriting(table());
-    const QString filter = u"[項目名] = "_qs + sqlText(itemName);
     clsAutoIds series;
-    if (!readFirst(series, filter)) return {};
+    if (!get({itemName}, series)) return {};
     const qint16 digits = ToInt16(Val(series.Digits));
     QString year = Text::rightTrimmed(series.Year);
     QString last = series.LastValue;
@@ -27,11 +26,11 @@ QString clsAutoIdsManager::GetNewId(const QString& itemName) {
         last = QString(u"0"_qs).rightJustified(digits, u'0');
     }
     const QString value = numberText(Val(last) + 1).rightJustified(digits, u'0');
-    QString sql = u" UPDATE [採番]     SET        [最終値] = "_qs + sqlText(value) + u' ';
-    if (!year.isEmpty()) sql += u"     , [年度] = "_qs + sqlText(year) + u' ';
-    execute(sql + u"  WHERE "_qs + filter);
+    QStringList columns{u"最終値"_qs};
+    if (!year.isEmpty()) columns << u"年度"_qs;
+    update({itemName, value, {}, year}, columns);
     clsAutoIds written;
-    if (!readFirst(written, filter) || written.LastValue != value) return {};
+    if (!get({itemName}, written) || written.LastValue != value) return {};
     transaction.commit();
     return value;
 }

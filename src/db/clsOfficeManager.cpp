@@ -18,11 +18,8 @@ clsOfficeManager::clsOfficeManager()
                                     {&clsOffice::AcntNo, u"振込先2"_qs},
                                     {&clsOffice::ChkAcnt, u"当座名"_qs}}) {}
 
-bool clsOfficeManager::GetData(int number, clsOffice& office) { return readFirst(office, u"[番号] = %1"_qs.arg(number)); }
+bool clsOfficeManager::GetData(int number, clsOffice& office) { return get({QString::number(number)}, office); }
 
 void clsOfficeManager::SaveData(int number, const clsOffice& office) {
-    maker().RemoveAll();
-    addData(office, columnsWithout({}));
-    maker().AddKey(u"番号"_qs, QString::number(number));
-    execute(maker().GetSqlForUpdate());
+    update(office, dataColumns(), {QString::number(number)});
 }

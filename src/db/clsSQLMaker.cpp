@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "base/basCommon.h"
 #include "db/Connection.h"
+#include "db/SqlText.h"
 
 namespace {
 

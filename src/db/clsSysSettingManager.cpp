@@ -8,16 +8,20 @@ clsSysSettingManager::clsSysSettingManager()
                                         {&clsSysSetting::SetValue, u"設定値"_qs},
                                         {&clsSysSetting::Memo, u"備考"_qs}}) {}
 
-bool clsSysSettingManager::GetData(int No, clsSysSetting& setting) {
-    return readFirst(setting, u"[No] = %1"_qs.arg(No));
-}
+bool clsSysSettingManager::GetData(int No, clsSysSetting& setting) { return get({QString::number(No)}, setting); }
 
 QString clsSysSettingManager::value(int No, const QString& whenMissing) {
     clsSysSetting setting;
     return GetData(No, setting) ? setting.SetValue : whenMissing;
 }
 
-void clsSysSettingManager::SaveData(const clsSysSetting& setting) { update(setting, {u"設定値"_qs}, {u"No"_qs}); }
+QList<clsSysSetting> clsSysSettingManager::byValue(const QStringList& numbers) {
+    QList<clsSysSetting> settings;
+    GetList(settings, SqlOneOf(column(&clsSysSetting::No), numbers), column(&clsSysSetting::SetValue));
+    return settings;
+}
+
+void clsSysSettingManager::SaveData(const clsSysSetting& setting) { update(setting, {u"設定値"_qs}); }
 
 void clsSysSettingManager::SaveDataS(const QList<clsSysSetting>& settings) {
     for (const clsSysSetting& setting : settings) SaveData(setting);

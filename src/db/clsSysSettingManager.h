@@ -18,6 +18,8 @@ public:
     bool GetData(int No, clsSysSetting& setting);
     // The value of a setting, or the given one when its row is missing.
     QString value(int No, const QString& whenMissing = {});
+    // The settings of these numbers in the order of their values.
+    QList<clsSysSetting> byValue(const QStringList& numbers);
     // Writes the value of an existing setting.
     void SaveData(const clsSysSetting& setting);
     void SaveDataS(const QList<clsSysSetting>& settings);

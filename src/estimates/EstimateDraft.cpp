@@ -139,18 +139,10 @@ private:
         const QString EstId = estimate().EstId;
         const EstimateRows rows = rowsOf(m_draft.composition, EstId);
         gCsItemManager.SaveData(rows.items);
-        saveLines(gCsMakeElmtManager, rows.make, EstId);
-        saveLines(gCsCmpltElmtManager, rows.parts, EstId);
+        gCsMakeElmtManager.SaveData(EstId, rows.make);
+        gCsCmpltElmtManager.SaveData(EstId, rows.parts);
         // Without a claim row the old claim rows stay.
         gCsEstAskManager.SaveData(m_draft.claimLines());
-    }
-
-    template <class Manager, class Line>
-    static void saveLines(Manager& manager, const QList<Line>& lines, const QString& EstId) {
-        if (lines.isEmpty())
-            manager.DeleteData(EstId);
-        else
-            manager.SaveData(lines);
     }
 
     Connection& m_connection;
@@ -285,15 +277,10 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
     }
     draft.orderCd = orderCodeOf(draft.chart);
 
-    const QString where = u"[見積ID] = "_qs + sqlText(EstId);
-    EstimateRows rows;
-    gCsItemManager.GetList(rows.items, where, u"[見積ID],[見積種目No]"_qs);
-    gCsMakeElmtManager.GetList(rows.make, where, u"[見積ID],[見積種目No],[要素No]"_qs);
-    gCsCmpltElmtManager.GetList(rows.parts, where, u"[見積ID],[見積種目No],[要素No]"_qs);
-    draft.composition = composed(rows);
+    draft.composition = composed(
+        {gCsItemManager.rowsOf({EstId}), gCsMakeElmtManager.rowsOf({EstId}), gCsCmpltElmtManager.rowsOf({EstId})});
 
-    QList<clsCsEstAsk> asks;
-    gCsEstAskManager.GetList(asks, where, u"[見積ID],[請求No]"_qs);
+    const QList<clsCsEstAsk> asks = gCsEstAskManager.rowsOf({EstId});
     for (const clsCsEstAsk& ask : asks) draft.claims << rowOf(ask);
     if (!asks.isEmpty()) draft.partialPayment = asks.first().PayPrice;
     draft.uncollected = estimate.ProcKbnNo == WorkStatus::Uncollected;
@@ -311,11 +298,8 @@ void deleteEstimate(Connection& connection, const QString& EstId) {
 }
 
 QList<ClaimRow> insuranceRowsOf(const QString& CustId, const QString& CustSubId) {
-    QList<clsCsIns> laws;
-    gCsInsManager.GetList(laws, u"[顧客ID] = "_qs + sqlText(CustId) + u" AND [顧客枝番] = "_qs + sqlNumber(CustSubId),
-                          u"[顧客ID],[顧客枝番],[項番]"_qs);
     QList<ClaimRow> rows;
-    for (const clsCsIns& law : laws.mid(0, claimRowCount)) {
+    for (const clsCsIns& law : gCsInsManager.rowsOf({CustId, CustSubId}).mid(0, claimRowCount)) {
         clsCsEstAsk ask;
         ask.InsNo = law.InsNo;
         rows << rowOf(ask);

@@ -22,8 +22,11 @@ struct EstimateListFilter {
 
     // The condition over the tables of the list (see `clsCsEstimateManager::GetListWithMst`); empty when nothing is
     // asked. Signs such as % in a text stand for themselves.
-    QString condition() const;
+    SqlTerm condition() const;
+
+private:
+    SqlTerm claims() const;
 };
 
 // The condition narrowed to these customers; with none it stays as it is.
-QString withCustomers(const QString& condition, const QList<CustomerKey>& customers);
+SqlTerm withCustomers(const SqlTerm& condition, const QList<CustomerKey>& customers);

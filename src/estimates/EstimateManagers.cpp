@@ -2,81 +2,48 @@
 
 #include "base/AppError.h"
 #include "base/Application.h"
-#include "base/basCommon.h"
+#include "customers/EstimateTables.h"
 #include "db/clsAutoIdsManager.h"
+
+clsCsEstimateManager gCsEstimateManager;
+clsCsItemManager gCsItemManager;
+clsCsMakeElmtManager gCsMakeElmtManager;
+clsCsCmpltElmtManager gCsCmpltElmtManager;
+clsCsEstAskManager gCsEstAskManager;
 
 namespace {
 
-const QString estimateKey = u"見積ID"_qs;
-const QString itemKey = u"見積種目No"_qs;
-const QString elementKey = u"要素No"_qs;
 constexpr int idsPerPart = 500;
 
-const QStringList stamps{u"登録日"_qs, u"更新日"_qs};
 const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_qs, u"値引額"_qs, u"売掛区分"_qs};
 
-QString estimateFilter(const QString& EstId) { return u"[見積ID] = "_qs + sqlText(EstId); }
-
-QString estimatesFilter(const QStringList& EstIds) {
-    QStringList quoted;
-    for (const QString& id : EstIds) quoted << sqlText(id);
-    return u"[見積ID] IN ("_qs + quoted.join(u',') + u')';
-}
-
 const QList<Field<clsCsEstimate>>& listEstimateFields() {
-    static const QList<Field<clsCsEstimate>> fields{
-        {&clsCsEstimate::EstId, u"見積ID"_qs},           {&clsCsEstimate::CustId, u"顧客ID"_qs},
-        {&clsCsEstimate::CustSubId, u"顧客枝番"_qs},     {&clsCsEstimate::EstNo, u"見積番号"_qs},
-        {&clsCsEstimate::EstNm, u"見積名称"_qs},         {&clsCsEstimate::EstSum, u"見積総合計"_qs},
-        {&clsCsEstimate::ProcKbnNo, u"処理区分"_qs},     {&clsCsEstimate::PickPtnDate, u"採型日"_qs},
-        {&clsCsEstimate::DelvFinDate, u"納品実績日"_qs}, {&clsCsEstimate::ProductCd, u"製品コード"_qs}};
+    static const QList<Field<clsCsEstimate>> fields = gCsEstimateManager.fieldsOf(
+        {&clsCsEstimate::EstId, &clsCsEstimate::CustId, &clsCsEstimate::CustSubId, &clsCsEstimate::EstNo,
+         &clsCsEstimate::EstNm, &clsCsEstimate::EstSum, &clsCsEstimate::ProcKbnNo, &clsCsEstimate::PickPtnDate,
+         &clsCsEstimate::DelvFinDate, &clsCsEstimate::ProductCd});
     return fields;
 }
 
 const QList<Field<clsCustomer>>& listCustomerFields() {
-    static const QList<Field<clsCustomer>> fields{
-        {&clsCustomer::CustNo, u"顧客番号"_qs},   {&clsCustomer::CustNm1, u"名前1"_qs},
-        {&clsCustomer::CustNm2, u"名前2"_qs},     {&clsCustomer::CustKn1, u"フリガナ1"_qs},
-        {&clsCustomer::CustKn2, u"フリガナ2"_qs}, {&clsCustomer::Zip, u"郵便番号"_qs},
-        {&clsCustomer::Pref, u"都道府県"_qs},     {&clsCustomer::City, u"市区郡"_qs},
-        {&clsCustomer::Addr1, u"住所1"_qs},       {&clsCustomer::Addr2, u"住所2"_qs},
-        {&clsCustomer::Tel, u"電話"_qs},          {&clsCustomer::Sex, u"性別"_qs},
-        {&clsCustomer::Birth, u"生年月日"_qs}};
+    static const QList<Field<clsCustomer>> fields = gCustomerManager.fieldsOf(
+        {&clsCustomer::CustNo, &clsCustomer::CustNm1, &clsCustomer::CustNm2, &clsCustomer::CustKn1,
+         &clsCustomer::CustKn2, &clsCustomer::Zip, &clsCustomer::Pref, &clsCustomer::City, &clsCustomer::Addr1,
+         &clsCustomer::Addr2, &clsCustomer::Tel, &clsCustomer::Sex, &clsCustomer::Birth});
     return fields;
 }
 
-struct ListJoin {
-    QString table;
-    QString text;
-};
-
-// The tables that a list of estimates can be filtered and sorted by, each after those that it hangs on. They are joined
-// one by one: of a join within a join an engine makes a table first, for each part of the list anew.
-const QList<ListJoin>& listJoins() {
-    static const QList<ListJoin> joins{
-        {u"[顧客情報]"_qs, u" LEFT JOIN [顧客情報] ON ([顧客見積情報].[顧客ID] = [顧客情報].[顧客ID])"
-                           u" AND ([顧客見積情報].[顧客枝番] = [顧客情報].[顧客枝番])"_qs},
-        {u"[顧客カルテ]"_qs, u" LEFT JOIN [顧客カルテ] ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID])"
-                             u" AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
-                             u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo])"_qs},
-        {u"[受注先]."_qs, u" LEFT JOIN [受注先] ON [顧客カルテ].[受注先No] = [受注先].[受注先No]"_qs},
-        {u"[製作担当者]."_qs,
-         u" LEFT JOIN [製作担当者] ON [顧客見積情報].[製作担当者No] = [製作担当者].[製作担当者No]"_qs}};
-    return joins;
+const QList<Field<clsChart>>& listChartFields() {
+    static const QList<Field<clsChart>> fields = gChartManager.fieldsOf({&clsChart::OrderNm});
+    return fields;
 }
 
-// The clauses behind the columns of a list. No join adds or drops a row, so one that nothing asks for stays away.
-QString listClauses(const QString& columns, const QString& where, const QString& order) {
-    QString asked = columns + where + order;
-    QString joined = u"[顧客見積情報]"_qs;
-    for (auto join = listJoins().crbegin(); join != listJoins().crend(); ++join)
-        if (asked.contains(join->table)) asked += join->text;
-    for (const ListJoin& join : listJoins())
-        if (asked.contains(join.table)) joined = u'(' + joined + join.text + u')';
-    QString sql = u" FROM "_qs + joined;
-    if (!where.isEmpty()) sql += u" WHERE "_qs + where;
-    if (!order.isEmpty()) sql += u" ORDER BY "_qs + order;
-    return sql;
+// Columns of a list, of estimates joined with what the columns, the condition and the order name.
+QString selectListed(const SqlTerm& shown, const SqlTerm& where, const SqlTerm& order = {}) {
+    const SqlTerm asked = SqlTerm::joined({shown, where, order}, {});
+    const SqlReference customer = customerOfEstimate();
+    const QString estimates = asked.names(customer.other) ? customer.leftJoin(estimateTable) : estimateTable;
+    return SqlSelect(u"SELECT "_qs + shown.text() + u" FROM "_qs + withNamedTables(estimates, asked), where, order);
 }
 
 QString drawn(const QString& series) {
@@ -87,13 +54,6 @@ QString drawn(const QString& series) {
 }
 
 } // namespace
-
-// Below the names that they are made with.
-clsCsEstimateManager gCsEstimateManager;
-clsCsItemManager gCsItemManager;
-clsCsMakeElmtManager gCsMakeElmtManager;
-clsCsCmpltElmtManager gCsCmpltElmtManager;
-clsCsEstAskManager gCsEstAskManager;
 
 clsCsEstimateManager::clsCsEstimateManager()
     : TableManager(u"顧客見積情報"_qs, {{&clsCsEstimate::EstId, u"見積ID"_qs},
@@ -149,31 +109,23 @@ clsCsEstimateManager::clsCsEstimateManager()
                                         {&clsCsEstimate::Charge1No, u"担当義肢装具士No"_qs},
                                         {&clsCsEstimate::Charge1Nm, u"担当義肢装具士名"_qs}}) {}
 
-bool clsCsEstimateManager::GetData(const QString& EstId, clsCsEstimate& estimate) {
-    return readFirst(estimate, estimateFilter(EstId));
-}
+bool clsCsEstimateManager::GetData(const QString& EstId, clsCsEstimate& estimate) { return get({EstId}, estimate); }
 
 void clsCsEstimateManager::SaveData(clsCsEstimate& estimate) {
-    const QStringList columns = columnsWithout(stamps + ledgerColumns);
-    if (Text::rightTrimmed(estimate.EstId).isEmpty()) {
-        estimate.EstId = drawn(u"見積ID"_qs);
-        estimate.EstNo = gSysYear + drawn(u"見積番号"_qs);
-        insert(estimate, columns);
-        return;
-    }
-    QStringList data = columns;
-    data.removeOne(estimateKey);
-    update(estimate, data, {estimateKey});
+    if (!Text::rightTrimmed(estimate.EstId).isEmpty()) return update(estimate, dataColumns(ledgerColumns));
+    estimate.EstId = drawn(u"見積ID"_qs);
+    estimate.EstNo = gSysYear + drawn(u"見積番号"_qs);
+    insert(estimate, newColumns(ledgerColumns));
 }
 
-void clsCsEstimateManager::DeleteData(const QString& EstId) {
-    maker().RemoveAll();
-    maker().AddKey(estimateKey, EstId);
-    execute(maker().GetSqlForDelete());
+void clsCsEstimateManager::DeleteData(const QString& EstId) { remove({EstId}); }
+
+SqlTerm clsCsEstimateManager::ListOrder(const QList<SqlColumn>& columns, bool upwards) const {
+    return SqlTerm::joined({SqlSorted(columns, upwards), byKey()}, u", "_qs);
 }
 
 void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers,
-                                          QList<clsChart>& charts, const QString& where, const QString& order) {
+                                          QList<clsChart>& charts, const SqlTerm& where, const SqlTerm& order) {
     ForEachWithMst(where, order,
                    [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
                        estimates << estimate;
@@ -182,23 +134,20 @@ void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList
                    });
 }
 
-QString clsCsEstimateManager::ListWithMst(const QString& where, const QString& order) {
-    QStringList columns;
-    for (const auto& field : listEstimateFields()) columns << u"[顧客見積情報].[%1]"_qs.arg(field.column);
-    for (const auto& field : listCustomerFields()) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
-    columns << u"[顧客カルテ].[受注先]"_qs;
-    const QString shown = columns.join(u", "_qs);
-    return u"SELECT "_qs + shown + listClauses(shown, where, order);
+QString clsCsEstimateManager::ListWithMst(const SqlTerm& where, const SqlTerm& order) {
+    QList<SqlTerm> columns;
+    for (const auto& field : listEstimateFields()) columns << gCsEstimateManager.column(field.member);
+    for (const auto& field : listCustomerFields()) columns << gCustomerManager.column(field.member);
+    for (const auto& field : listChartFields()) columns << gChartManager.column(field.member);
+    return selectListed(SqlTerm::joined(columns, u", "_qs), where, order);
 }
 
-QString clsCsEstimateManager::KeysWithMst(const QString& where, const QString& order) {
-    return u"SELECT [顧客見積情報].[見積ID]"_qs + listClauses({}, where, order);
+QString clsCsEstimateManager::KeysWithMst(const SqlTerm& where, const SqlTerm& order) {
+    return selectListed(gCsEstimateManager.byKey(), where, order);
 }
 
-QStringList clsCsEstimateManager::IdsWithMst(const QString& where, const QString& order) {
-    const QString sql = KeysWithMst(where, order);
-    WriteSqlLog(sql);
-    Recordset rows = connection().query(sql);
+QStringList clsCsEstimateManager::IdsWithMst(const SqlTerm& where, const SqlTerm& order) {
+    Recordset rows = query(KeysWithMst(where, order));
     QStringList ids;
     while (rows.next()) ids << rows.value(0);
     return ids;
@@ -215,7 +164,7 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
         const QStringList part = ids.mid(start, idsPerPart);
         if (begin) begin(part);
         QHash<QString, Row> rows;
-        ForEachWithMst(u"[顧客見積情報]."_qs + estimatesFilter(part), {},
+        ForEachWithMst(SqlOneOf(column(&clsCsEstimate::EstId), part), {},
                        [&rows](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
                            rows.insert(estimate.EstId, {estimate, customer, chart});
                        });
@@ -226,33 +175,34 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
     }
 }
 
-qint64 clsCsEstimateManager::CountWithMst(const QString& where) {
-    const QString sql = u"SELECT COUNT(*)"_qs + listClauses({}, where, {});
-    WriteSqlLog(sql);
-    return connection().scalar(sql).toLongLong();
+qint64 clsCsEstimateManager::CountWithMst(const SqlTerm& where) {
+    return scalar(selectListed(SqlTerm(u"COUNT(*)"_qs, {}), where)).toLongLong();
 }
 
-void clsCsEstimateManager::ForEachWithMst(const QString& where, const QString& order, const ListRow& take) {
-    const QString sql = ListWithMst(where, order);
-    WriteSqlLog(sql);
-    Recordset rows = connection().query(sql);
+void clsCsEstimateManager::ForEachWithMst(const SqlTerm& where, const SqlTerm& order, const ListRow& take) {
+    Recordset rows = query(ListWithMst(where, order));
     const RecordReader<clsCsEstimate> estimates(rows, listEstimateFields());
     const RecordReader<clsCustomer> customers(rows, listCustomerFields());
-    const RecordReader<clsChart> charts(rows, {{&clsChart::OrderNm, u"受注先"_qs}});
+    const RecordReader<clsChart> charts(rows, listChartFields());
     while (rows.next()) take(estimates.read(), customers.read(), charts.read());
+}
+
+Recordset clsCsEstimateManager::GetProductList(const QString& ProductCd) {
+    const SqlColumn code{u"マスタ見積情報"_qs, u"製品コード"_qs};
+    return query(SqlSelect(u"SELECT [製品ID], [製品コード], [製品名称] FROM [マスタ見積情報]"_qs,
+                           SqlStartsWith(code, ProductCd), code));
 }
 
 void clsCsEstimateManager::UpdPayDate(const QString& EstId, const QString& PayDate, const QString& UpdUserNo,
                                       bool Flag) {
-    maker().RemoveAll();
-    if (!PayDate.isEmpty())
-        maker().AddData(u"処理区分"_qs, u"1"_qs);
-    else if (Flag)
-        maker().AddData(u"処理区分"_qs, u"99"_qs);
-    maker().AddData(u"入金完了日"_qs, PayDate);
-    maker().AddData(u"編集者No"_qs, UpdUserNo);
-    maker().AddKey(estimateKey, EstId);
-    execute(maker().GetSqlForUpdate());
+    clsCsEstimate paid;
+    paid.EstId = EstId;
+    paid.ProcKbnNo = PayDate.isEmpty() ? u"99"_qs : u"1"_qs;
+    paid.PayInFinDate = PayDate;
+    paid.UpdUserNo = UpdUserNo;
+    QStringList columns{u"入金完了日"_qs, u"編集者No"_qs};
+    if (Flag || !PayDate.isEmpty()) columns << u"処理区分"_qs;
+    update(paid, columns);
 }
 
 void clsCsEstimateManager::UpUrikake(const QString& EstId, const QString& Articles, const QString& EquipMent,
@@ -264,18 +214,15 @@ void clsCsEstimateManager::UpUrikake(const QString& EstId, const QString& Articl
     estimate.Payment = Payment;
     estimate.Discount = Discount;
     estimate.Urikake = Urikake;
-    update(estimate, ledgerColumns, {estimateKey});
+    update(estimate, ledgerColumns);
 }
 
 void clsCsEstimateManager::GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList,
                                       bool& Excluded) {
-    const QString sql = u" SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
-                        u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
-                        u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"
-                        u" WHERE [顧客見積情報].[見積ID] = "_qs +
-                        sqlText(EstId) + u" ORDER BY [法別].[法別No];"_qs;
-    WriteSqlLog(sql);
-    Recordset rows = connection().query(sql);
+    Recordset rows = query(SqlSelect(u"SELECT [法別].[法別] FROM (([顧客見積情報] INNER JOIN [顧客見積請求]"
+                                     u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
+                                     u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"_qs,
+                                     keyed({EstId}), u"[法別].[法別No]"_qs));
     while (rows.next()) {
         const QString name = rows.value(u"法別"_qs);
         if (!InsList.isEmpty()) InsList += u',';
@@ -285,63 +232,55 @@ void clsCsEstimateManager::GetInsData(const QString& EstId, QString& InsList, co
 }
 
 clsCsItemManager::clsCsItemManager()
-    : EstimateRowManager(u"顧客見積種目"_qs,
-                         {{&clsCsItem::EstId, u"見積ID"_qs},
-                          {&clsCsItem::EstItemNo, u"見積種目No"_qs},
-                          {&clsCsItem::Item, u"種目"_qs},
-                          {&clsCsItem::PickKbn, u"採型区分"_qs},
-                          {&clsCsItem::Name, u"名称"_qs},
-                          {&clsCsItem::Form, u"形式"_qs},
-                          {&clsCsItem::PickStyle, u"採型採寸"_qs},
-                          {&clsCsItem::GrantRepair, u"交付修理"_qs},
-                          {&clsCsItem::MkElmTotal, u"製作要素小計"_qs},
-                          {&clsCsItem::CpElmTotal, u"完成要素小計"_qs}},
-                         {estimateKey, itemKey}) {}
+    : OwnedRowsManager(u"顧客見積種目"_qs, {{&clsCsItem::EstId, u"見積ID"_qs},
+                                            {&clsCsItem::EstItemNo, u"見積種目No"_qs},
+                                            {&clsCsItem::Item, u"種目"_qs},
+                                            {&clsCsItem::PickKbn, u"採型区分"_qs},
+                                            {&clsCsItem::Name, u"名称"_qs},
+                                            {&clsCsItem::Form, u"形式"_qs},
+                                            {&clsCsItem::PickStyle, u"採型採寸"_qs},
+                                            {&clsCsItem::GrantRepair, u"交付修理"_qs},
+                                            {&clsCsItem::MkElmTotal, u"製作要素小計"_qs},
+                                            {&clsCsItem::CpElmTotal, u"完成要素小計"_qs}}) {}
 
 clsCsMakeElmtManager::clsCsMakeElmtManager()
-    : EstimateRowManager(u"顧客見積基本製作要素"_qs,
-                         {{&clsCsMakeElmt::EstId, u"見積ID"_qs},
-                          {&clsCsMakeElmt::EstItemNo, u"見積種目No"_qs},
-                          {&clsCsMakeElmt::ElmtNo, u"要素No"_qs},
-                          {&clsCsMakeElmt::MakeElmt, u"製作要素"_qs},
-                          {&clsCsMakeElmt::Materials, u"原材料等"_qs},
-                          {&clsCsMakeElmt::Suryo, u"数量"_qs},
-                          {&clsCsMakeElmt::Price, u"価格"_qs}},
-                         {estimateKey, itemKey, elementKey}) {}
+    : OwnedRowsManager(u"顧客見積基本製作要素"_qs, {{&clsCsMakeElmt::EstId, u"見積ID"_qs},
+                                                    {&clsCsMakeElmt::EstItemNo, u"見積種目No"_qs},
+                                                    {&clsCsMakeElmt::ElmtNo, u"要素No"_qs},
+                                                    {&clsCsMakeElmt::MakeElmt, u"製作要素"_qs},
+                                                    {&clsCsMakeElmt::Materials, u"原材料等"_qs},
+                                                    {&clsCsMakeElmt::Suryo, u"数量"_qs},
+                                                    {&clsCsMakeElmt::Price, u"価格"_qs}}) {}
 
 clsCsCmpltElmtManager::clsCsCmpltElmtManager()
-    : EstimateRowManager(u"顧客見積完成要素"_qs,
-                         {{&clsCsCmpltElmt::EstId, u"見積ID"_qs},
-                          {&clsCsCmpltElmt::EstItemNo, u"見積種目No"_qs},
-                          {&clsCsCmpltElmt::ElmtNo, u"要素No"_qs},
-                          {&clsCsCmpltElmt::PartsNm, u"部品名称"_qs},
-                          {&clsCsCmpltElmt::Form, u"形式等"_qs},
-                          {&clsCsCmpltElmt::MakerNm, u"メーカー名"_qs},
-                          {&clsCsCmpltElmt::PartsCd, u"部品コード"_qs},
-                          {&clsCsCmpltElmt::Suryo, u"数量"_qs},
-                          {&clsCsCmpltElmt::Price, u"価格"_qs}},
-                         {estimateKey, itemKey, elementKey}) {}
+    : OwnedRowsManager(u"顧客見積完成要素"_qs, {{&clsCsCmpltElmt::EstId, u"見積ID"_qs},
+                                                {&clsCsCmpltElmt::EstItemNo, u"見積種目No"_qs},
+                                                {&clsCsCmpltElmt::ElmtNo, u"要素No"_qs},
+                                                {&clsCsCmpltElmt::PartsNm, u"部品名称"_qs},
+                                                {&clsCsCmpltElmt::Form, u"形式等"_qs},
+                                                {&clsCsCmpltElmt::MakerNm, u"メーカー名"_qs},
+                                                {&clsCsCmpltElmt::PartsCd, u"部品コード"_qs},
+                                                {&clsCsCmpltElmt::Suryo, u"数量"_qs},
+                                                {&clsCsCmpltElmt::Price, u"価格"_qs}}) {}
 
 clsCsEstAskManager::clsCsEstAskManager()
-    : EstimateRowManager(u"顧客見積請求"_qs,
-                         {{&clsCsEstAsk::EstId, u"見積ID"_qs},
-                          {&clsCsEstAsk::AskNo, u"請求No"_qs},
-                          {&clsCsEstAsk::InsNo, u"法別No"_qs},
-                          {&clsCsEstAsk::ClaimNo, u"請求先No"_qs},
-                          {&clsCsEstAsk::ClaimNm, u"請求先"_qs},
-                          {&clsCsEstAsk::AskDate, u"請求日"_qs},
-                          {&clsCsEstAsk::AskPrice, u"請求金額"_qs},
-                          {&clsCsEstAsk::AskPrtDate, u"請求書発行日"_qs},
-                          {&clsCsEstAsk::PayDate, u"入金日"_qs},
-                          {&clsCsEstAsk::PayPrice, u"領収金額"_qs},
-                          {&clsCsEstAsk::PayPrtDate, u"領収書発行日"_qs}},
-                         {estimateKey, u"請求No"_qs}) {}
+    : OwnedRowsManager(u"顧客見積請求"_qs, {{&clsCsEstAsk::EstId, u"見積ID"_qs},
+                                            {&clsCsEstAsk::AskNo, u"請求No"_qs},
+                                            {&clsCsEstAsk::InsNo, u"法別No"_qs},
+                                            {&clsCsEstAsk::ClaimNo, u"請求先No"_qs},
+                                            {&clsCsEstAsk::ClaimNm, u"請求先"_qs},
+                                            {&clsCsEstAsk::AskDate, u"請求日"_qs},
+                                            {&clsCsEstAsk::AskPrice, u"請求金額"_qs},
+                                            {&clsCsEstAsk::AskPrtDate, u"請求書発行日"_qs},
+                                            {&clsCsEstAsk::PayDate, u"入金日"_qs},
+                                            {&clsCsEstAsk::PayPrice, u"領収金額"_qs},
+                                            {&clsCsEstAsk::PayPrtDate, u"領収書発行日"_qs}}) {}
 
 QHash<QString, QList<clsCsEstAsk>> clsCsEstAskManager::ClaimsOf(const QStringList& EstIds) {
     QHash<QString, QList<clsCsEstAsk>> claims;
     if (EstIds.isEmpty()) return claims;
     QList<clsCsEstAsk> rows;
-    GetList(rows, estimatesFilter(EstIds), u"[見積ID],[請求No]"_qs);
+    GetList(rows, SqlOneOf(column(&clsCsEstAsk::EstId), EstIds), byKey());
     for (const clsCsEstAsk& row : rows) claims[row.EstId] << row;
     return claims;
 }
@@ -349,14 +288,13 @@ QHash<QString, QList<clsCsEstAsk>> clsCsEstAskManager::ClaimsOf(const QStringLis
 void clsCsEstAskManager::UpdPayDate(const QString& EstId, const QString& PayDate) {
     maker().RemoveAll();
     maker().AddData(u"入金日"_qs, PayDate);
-    maker().AddKey(estimateKey, EstId);
+    maker().AddKey(u"見積ID"_qs, EstId);
     maker().AddKey(u"入金日"_qs, QString());
     execute(maker().GetSqlForUpdate());
 }
 
 void clsCsEstAskManager::UpdPayDate2(const QString& EstId, const QString& EstSum) {
-    maker().RemoveAll();
-    maker().AddData(u"領収金額"_qs, EstSum);
-    maker().AddKey(estimateKey, EstId);
-    execute(maker().GetSqlForUpdate() + u" AND [請求No]=1"_qs);
+    clsCsEstAsk first;
+    first.PayPrice = EstSum;
+    update(first, {u"領収金額"_qs}, {EstId, u"1"_qs});
 }

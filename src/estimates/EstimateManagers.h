@@ -2,7 +2,7 @@
 
 #include "customers/clsChartManager.h"
 #include "customers/clsCustomerManager.h"
-#include "db/TableManager.h"
+#include "db/OwnedRowsManager.h"
 #include "estimates/EstimateRecords.h"
 
 #include <functional>
@@ -23,19 +23,23 @@ public:
     // Headers with customer and chart for lists, in three parallel collections. A customer that is gone leaves empty
     // texts.
     void GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers, QList<clsChart>& charts,
-                        const QString& where, const QString& order);
+                        const SqlTerm& where, const SqlTerm& order);
     // The same one by one, for lists of any length.
     using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
-    void ForEachWithMst(const QString& where, const QString& order, const ListRow& take);
+    void ForEachWithMst(const SqlTerm& where, const SqlTerm& order, const ListRow& take);
     // The same of estimates by their 見積ID, however many: in the order of the ids, a part at a time, so that nothing
     // is held between. Before each part `begin` gets its ids, after it `pause` runs, when given; false ends the walk.
     void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {},
                    const std::function<void(const QStringList&)>& begin = {});
-    QStringList IdsWithMst(const QString& where, const QString& order);
+    QStringList IdsWithMst(const SqlTerm& where, const SqlTerm& order);
     // The statement of the list, the one that gives no more than the 見積ID of its rows, and how many they are.
-    static QString ListWithMst(const QString& where, const QString& order);
-    static QString KeysWithMst(const QString& where, const QString& order);
-    qint64 CountWithMst(const QString& where);
+    static QString ListWithMst(const SqlTerm& where, const SqlTerm& order);
+    static QString KeysWithMst(const SqlTerm& where, const SqlTerm& order);
+    qint64 CountWithMst(const SqlTerm& where);
+    // Their order by columns of the list, and of equal ones by the 見積ID.
+    SqlTerm ListOrder(const QList<SqlColumn>& columns, bool upwards) const;
+    // 製品ID, 製品コード and 製品名称 of the master estimates whose code begins with a text, for the selection screen.
+    Recordset GetProductList(const QString& ProductCd);
     // Payment completed on a date, or taken back: an empty date with the flag sets 未回収.
     void UpdPayDate(const QString& EstId, const QString& PayDate, const QString& UpdUserNo, bool Flag);
     void UpUrikake(const QString& EstId, const QString& Articles, const QString& EquipMent, const QString& Payment,
@@ -45,54 +49,22 @@ public:
     void GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList, bool& Excluded);
 };
 
-// What the four tables below an estimate share: a save replaces all rows of the estimate. An empty collection deletes
-// nothing, so the caller deletes when the last row is to go.
-template <class Record> class EstimateRowManager : public TableManager<Record> {
-public:
-    EstimateRowManager(QString table, typename TableManager<Record>::Fields fields, QStringList keys)
-        : TableManager<Record>(std::move(table), std::move(fields)), m_keys(std::move(keys)) {}
-
-    // The row by its full key, in the order of the key columns.
-    bool GetData(const QStringList& keyValues, Record& record) {
-        QStringList terms;
-        for (int i = 0; i < m_keys.size(); ++i)
-            terms << u'[' + m_keys.at(i) + u"] = "_qs +
-                         (i == 0 ? sqlText(keyValues.at(i)) : sqlNumber(keyValues.at(i)));
-        return this->readFirst(record, terms.join(u" AND "_qs));
-    }
-
-    void SaveData(const QList<Record>& rows) {
-        if (rows.isEmpty()) return;
-        DeleteData(rows.first().EstId);
-        for (const Record& row : rows) this->insert(row, this->columnsWithout({}));
-    }
-
-    void DeleteData(const QString& EstId) {
-        this->maker().RemoveAll();
-        this->maker().AddKey(u"見積ID"_qs, EstId);
-        this->execute(this->maker().GetSqlForDelete());
-    }
-
-private:
-    QStringList m_keys;
-};
-
-class clsCsItemManager : public EstimateRowManager<clsCsItem> {
+class clsCsItemManager : public OwnedRowsManager<clsCsItem> {
 public:
     clsCsItemManager();
 };
 
-class clsCsMakeElmtManager : public EstimateRowManager<clsCsMakeElmt> {
+class clsCsMakeElmtManager : public OwnedRowsManager<clsCsMakeElmt> {
 public:
     clsCsMakeElmtManager();
 };
 
-class clsCsCmpltElmtManager : public EstimateRowManager<clsCsCmpltElmt> {
+class clsCsCmpltElmtManager : public OwnedRowsManager<clsCsCmpltElmt> {
 public:
     clsCsCmpltElmtManager();
 };
 
-class clsCsEstAskManager : public EstimateRowManager<clsCsEstAsk> {
+class clsCsEstAskManager : public OwnedRowsManager<clsCsEstAsk> {
 public:
     clsCsEstAskManager();
 

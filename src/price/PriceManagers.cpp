@@ -20,16 +20,6 @@ template <class Record> QList<Field<Record>> threePrices() {
             {&Record::OldPrice1, u"旧価格１"_qs}, {&Record::OldPrice2, u"旧価格２"_qs}, {&Record::OldPrice3, u"旧価格３"_qs}};
 }
 
-// "[種目] = 'a' AND [採型区分] = 'b'" of the given pairs.
-QString allEqual(const QList<std::pair<QString, QString>>& pairs) {
-    QStringList terms;
-    for (const auto& [column, value] : pairs) terms << column + u" = "_qs + sqlText(value);
-    return terms.join(u" AND "_qs);
-}
-
-const QString valid = u"有効Flg = 0 AND "_qs;
-const QString usable = u" AND 使用設定 = 1 AND 有効Flg = 0"_qs;
-
 } // namespace
 
 clsPriceItemManager::clsPriceItemManager()
@@ -39,39 +29,22 @@ clsPriceItemManager::clsPriceItemManager()
                                                              {&clsPriceItem::Name, u"名称"_qs},
                                                              {&clsPriceItem::Form, u"形式"_qs}})) {}
 
-void clsPriceItemManager::GetItemGrpList(QList<clsPriceItem>& result, const QString& where) {
-    groupList(result, u"種目"_qs, &clsPriceItem::Item, where);
-}
-
-void clsPriceItemManager::GetPickKbnGrpList(QList<clsPriceItem>& result, const QString& where) {
-    groupList(result, u"採型区分"_qs, &clsPriceItem::PickKbn, where);
-}
-
-void clsPriceItemManager::GetNameGrpList(QList<clsPriceItem>& result, const QString& where) {
-    groupList(result, u"名称"_qs, &clsPriceItem::Name, where);
-}
-
-void clsPriceItemManager::GetFormGrpList(QList<clsPriceItem>& result, const QString& where) {
-    groupList(result, u"形式"_qs, &clsPriceItem::Form, where);
-}
-
-void clsPriceItemManager::GetListSumItem(QList<clsPriceItem>& result) {
-    sumList(result, u"種目"_qs, &clsPriceItem::Item, {});
-}
+void clsPriceItemManager::GetListSumItem(QList<clsPriceItem>& result) { sumList(result, &clsPriceItem::Item, {}); }
 
 void clsPriceItemManager::GetListSumPickPtnKbn(QList<clsPriceItem>& result, const QString& Item) {
-    sumList(result, u"採型区分"_qs, &clsPriceItem::PickKbn, valid + allEqual({{u"種目"_qs, Item}}));
+    sumList(result, &clsPriceItem::PickKbn, SqlAllOf({inUse(), equal(&clsPriceItem::Item, Item)}));
 }
 
 void clsPriceItemManager::GetListSumName(QList<clsPriceItem>& result, const QString& Item, const QString& PickPtnKbn) {
-    sumList(result, u"名称"_qs, &clsPriceItem::Name,
-            valid + allEqual({{u"種目"_qs, Item}, {u"採型区分"_qs, PickPtnKbn}}));
+    sumList(result, &clsPriceItem::Name,
+            SqlAllOf({inUse(), equal(&clsPriceItem::Item, Item), equal(&clsPriceItem::PickKbn, PickPtnKbn)}));
 }
 
 void clsPriceItemManager::GetListSumForm(QList<clsPriceItem>& result, const QString& Item, const QString& PickPtnKbn,
                                          const QString& Name) {
-    sumList(result, u"形式"_qs, &clsPriceItem::Form,
-            valid + allEqual({{u"種目"_qs, Item}, {u"採型区分"_qs, PickPtnKbn}, {u"名称"_qs, Name}}));
+    sumList(result, &clsPriceItem::Form,
+            SqlAllOf({inUse(), equal(&clsPriceItem::Item, Item), equal(&clsPriceItem::PickKbn, PickPtnKbn),
+                      equal(&clsPriceItem::Name, Name)}));
 }
 
 clsPriceBaseManager::clsPriceBaseManager()
@@ -86,26 +59,6 @@ clsPriceBaseManager::clsPriceBaseManager()
                                        {&clsPriceBase::PickStyle, u"採型採寸区分"_qs}} +
                                    threePrices<clsPriceBase>())) {}
 
-void clsPriceBaseManager::GetItemGrpList(QList<clsPriceBase>& result, const QString& where) {
-    groupList(result, u"種目"_qs, &clsPriceBase::Item, where);
-}
-
-void clsPriceBaseManager::GetPickKbnGrpList(QList<clsPriceBase>& result, const QString& where) {
-    groupList(result, u"採型区分"_qs, &clsPriceBase::PickKbn, where);
-}
-
-void clsPriceBaseManager::GetNameGrpList(QList<clsPriceBase>& result, const QString& where) {
-    groupList(result, u"名称"_qs, &clsPriceBase::Name, where);
-}
-
-void clsPriceBaseManager::GetFormGrpList(QList<clsPriceBase>& result, const QString& where) {
-    groupList(result, u"形式"_qs, &clsPriceBase::Form, where);
-}
-
-void clsPriceBaseManager::GetItemPickKbnGrpList(QList<clsPriceBase>& result, const QString& where) {
-    combinedList(result, {{&clsPriceBase::Item, u"種目"_qs}, {&clsPriceBase::PickKbn, u"採型区分"_qs}}, where);
-}
-
 clsPriceAddManager::clsPriceAddManager()
     : PriceManager(u"価格加算"_qs, withStamps<clsPriceAdd>({{&clsPriceAdd::ID, u"ID"_qs},
                                                             {&clsPriceAdd::Seq, u"順番"_qs},
@@ -116,26 +69,6 @@ clsPriceAddManager::clsPriceAddManager()
                                                             {&clsPriceAdd::NewPrice, u"新価格"_qs},
                                                             {&clsPriceAdd::OldPrice, u"旧価格"_qs}})) {}
 
-void clsPriceAddManager::GetItemGrpList(QList<clsPriceAdd>& result, const QString& where) {
-    groupList(result, u"種目"_qs, &clsPriceAdd::Item, where);
-}
-
-void clsPriceAddManager::GetPickKbnGrpList(QList<clsPriceAdd>& result, const QString& where) {
-    groupList(result, u"採型区分"_qs, &clsPriceAdd::PickKbn, where);
-}
-
-void clsPriceAddManager::GetAddElmtGrpList(QList<clsPriceAdd>& result, const QString& where) {
-    groupList(result, u"加算要素"_qs, &clsPriceAdd::AddElmt, where);
-}
-
-void clsPriceAddManager::GetItemPickKbnAddElmtGrpList(QList<clsPriceAdd>& result, const QString& where) {
-    combinedList(result,
-                 {{&clsPriceAdd::Item, u"種目"_qs},
-                  {&clsPriceAdd::PickKbn, u"採型区分"_qs},
-                  {&clsPriceAdd::AddElmt, u"加算要素"_qs}},
-                 where);
-}
-
 clsPriceElmtManager::clsPriceElmtManager()
     : PriceManager(u"価格要素"_qs,
                    withStamps<clsPriceElmt>(QList<Field<clsPriceElmt>>{{&clsPriceElmt::ID, u"ID"_qs},
@@ -145,31 +78,6 @@ clsPriceElmtManager::clsPriceElmtManager()
                                                                        {&clsPriceElmt::MakeElmt, u"製作要素"_qs},
                                                                        {&clsPriceElmt::Materials, u"原材料"_qs}} +
                                             threePrices<clsPriceElmt>())) {}
-
-void clsPriceElmtManager::GetItemGrpList(QList<clsPriceElmt>& result, const QString& where) {
-    groupList(result, u"種目"_qs, &clsPriceElmt::Item, where);
-}
-
-void clsPriceElmtManager::GetPickKbnGrpList(QList<clsPriceElmt>& result, const QString& where) {
-    groupList(result, u"採型区分"_qs, &clsPriceElmt::PickKbn, where);
-}
-
-void clsPriceElmtManager::GetMakeElmtGrpList(QList<clsPriceElmt>& result, const QString& where) {
-    groupList(result, u"製作要素"_qs, &clsPriceElmt::MakeElmt, where);
-}
-
-void clsPriceElmtManager::GetMaterialsGrpList(QList<clsPriceElmt>& result, const QString& where) {
-    groupList(result, u"原材料"_qs, &clsPriceElmt::Materials, where);
-}
-
-void clsPriceElmtManager::GetItemPickKbnMakeElmtMaterialsGrpList(QList<clsPriceElmt>& result, const QString& where) {
-    combinedList(result,
-                 {{&clsPriceElmt::Item, u"種目"_qs},
-                  {&clsPriceElmt::PickKbn, u"採型区分"_qs},
-                  {&clsPriceElmt::MakeElmt, u"製作要素"_qs},
-                  {&clsPriceElmt::Materials, u"原材料"_qs}},
-                 where);
-}
 
 clsPricePartsManager::clsPricePartsManager()
     : PriceManager(u"価格部品"_qs, withStamps<clsPriceParts>({{&clsPriceParts::ID, u"ID"_qs},
@@ -185,38 +93,19 @@ clsPricePartsManager::clsPricePartsManager()
                                                               {&clsPriceParts::NewPrice, u"新価格"_qs},
                                                               {&clsPriceParts::OldPrice, u"旧価格"_qs}})) {}
 
-void clsPricePartsManager::GetItemGrpList(QList<clsPriceParts>& result, const QString& where) {
-    groupList(result, u"種目"_qs, &clsPriceParts::Item, where);
-}
-
-void clsPricePartsManager::GetNameGrpList(QList<clsPriceParts>& result, const QString& where) {
-    groupList(result, u"名称"_qs, &clsPriceParts::Name, where);
-}
-
-void clsPricePartsManager::GetFormGrpList(QList<clsPriceParts>& result, const QString& where) {
-    groupList(result, u"形式"_qs, &clsPriceParts::Form, where);
-}
-
-void clsPricePartsManager::GetMakerNmGrpList(QList<clsPriceParts>& result, const QString& where) {
-    groupList(result, u"メーカ名"_qs, &clsPriceParts::MakerNm, where);
-}
-
-void clsPricePartsManager::GetPartsCdGrpList(QList<clsPriceParts>& result, const QString& where) {
-    groupList(result, u"部品コード"_qs, &clsPriceParts::PartsCd, where);
+SqlTerm clsPricePartsManager::usable(const QString& Item) const {
+    return SqlAllOf({equal(&clsPriceParts::Item, Item), equal(&clsPriceParts::UseSet, u"1"_qs), inUse()});
 }
 
 void clsPricePartsManager::GetListSumPartsNm(QList<clsPriceParts>& result, const QString& Item) {
-    Recordset rows = connection().query(u"SELECT 名称 FROM 価格部品 WHERE 種目 = %1%2 GROUP BY 名称 ORDER BY 名称 DESC"_qs.arg(
-        sqlText(Item), usable));
-    while (rows.next()) {
-        clsPriceParts part;
-        part.Name = rows.value(u"名称"_qs);
-        result << part;
-    }
+    Recordset rows =
+        query(SqlSelect(u"SELECT 名称 FROM 価格部品"_qs, usable(Item)) + u" GROUP BY 名称 ORDER BY 名称 DESC"_qs);
+    const RecordReader<clsPriceParts> reader(rows, fieldsOf({&clsPriceParts::Name}));
+    while (rows.next()) result << reader.read();
 }
 
 void clsPricePartsManager::GetListSumForm(QList<clsPriceParts>& result, const QString& Item, const QString& PartsNm) {
-    sumList(result, u"形式"_qs, &clsPriceParts::Form, allEqual({{u"種目"_qs, Item}, {u"名称"_qs, PartsNm}}) + usable);
+    sumList(result, &clsPriceParts::Form, SqlAllOf({usable(Item), equal(&clsPriceParts::Name, PartsNm)}));
 }
 
 clsBaseElmtSelectManager::clsBaseElmtSelectManager()
@@ -227,28 +116,34 @@ clsBaseElmtSelectManager::clsBaseElmtSelectManager()
                                         {&clsBaseElmtSelect::Materials, u"原材料"_qs}}) {}
 
 bool clsBaseElmtSelectManager::GetData(qint32 id, clsBaseElmtSelect& record) {
-    return readFirst(record, u"[ID] = %1"_qs.arg(id));
+    return get({QString::number(id)}, record);
 }
 
 void clsBaseElmtSelectManager::GetListSumMakeElmt(QList<clsBaseElmtSelect>& result, const QString& Item,
                                                   const QString& PickKbn) {
-    Recordset rows = connection().query(
-        u"SELECT MIN(ID) AS ID, 製作要素 FROM 基本要素選択 WHERE 種目 = %1 AND 採型区分 = %2 GROUP BY 製作要素 ORDER BY MIN(ID)"_qs
-            .arg(sqlText(Item), sqlText(PickKbn)));
-    while (rows.next()) {
-        clsBaseElmtSelect record;
-        record.ID = rows.value(u"ID"_qs);
-        record.MakeElmt = rows.value(u"製作要素"_qs);
-        result << record;
-    }
+    Recordset rows = query(
+        SqlSelect(u"SELECT MIN(ID) AS ID, 製作要素 FROM 基本要素選択"_qs,
+                  SqlAllOf({equal(&clsBaseElmtSelect::Item, Item), equal(&clsBaseElmtSelect::PickKbn, PickKbn)})) +
+        u" GROUP BY 製作要素 ORDER BY MIN(ID)"_qs);
+    const RecordReader<clsBaseElmtSelect> reader(rows,
+                                                 fieldsOf({&clsBaseElmtSelect::ID, &clsBaseElmtSelect::MakeElmt}));
+    while (rows.next()) result << reader.read();
 }
 
-QString clsBaseElmtSelectManager::GetLastID() { return connection().scalar(u"SELECT MAX([ID]) FROM [基本要素選択]"_qs); }
+QString clsBaseElmtSelectManager::GetLastID() { return largestNumber(); }
 
 void clsBaseElmtSelectManager::DeleteData(const QString& id) {
-    QString sql = u"DELETE FROM [基本要素選択]"_qs;
-    if (!id.isEmpty()) sql += u" WHERE [ID] = %1"_qs.arg(sqlText(id));
-    execute(sql);
+    if (id.isEmpty())
+        removeAll();
+    else
+        remove({id});
 }
 
-void clsBaseElmtSelectManager::SaveInit(const clsBaseElmtSelect& record) { insert(record, columnsWithout({})); }
+void clsBaseElmtSelectManager::SaveInit(const clsBaseElmtSelect& record) { insert(record); }
+
+SqlTerm PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues) {
+    QList<SqlTerm> terms;
+    for (const auto& [column, value] : columnsAndValues)
+        terms << SqlContains(SqlTerm(u"[%1]"_qs.arg(column)).wrapped({}, u" "_qs), value);
+    return SqlAllOf(terms);
+}

@@ -9,36 +9,28 @@
 template <class Record> class PriceManager : public TableManager<Record> {
 public:
     using TableManager<Record>::TableManager;
+    using Rows = QList<Record>;
 
-    qint64 GetCount() {
-        return this->connection().scalar(u"SELECT count(*) AS CNT FROM [%1] ;"_qs.arg(this->table())).toLongLong();
-    }
+    qint64 GetCount() { return this->count(); }
 
     // The order is not optional here: an empty one is an SQL failure.
-    void GetList(QList<Record>& result, const QString& where, const QString& order) {
-        QString sql = u"SELECT * FROM [%1]"_qs.arg(this->table());
-        if (const QString filter = Text::rightTrimmed(where); !filter.isEmpty()) sql += u" WHERE "_qs + filter;
-        this->readList(result, sql + u" ORDER BY "_qs + Text::rightTrimmed(order));
+    void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& order) {
+        this->readList(result,
+                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where) + u" ORDER BY "_qs + order.text());
     }
 
     // The row of an ID; raises an error when there is none.
     void GetData(qint32 id, Record& record) {
-        if (!this->readFirst(record, u"[ID] = %1"_qs.arg(id)))
+        if (!this->get({QString::number(id)}, record))
             throw AppError(u"%1 に ID %2 のデータがありません。"_qs.arg(this->table()).arg(id), this->table());
     }
 
     // Inserts a record without an ID under the next number, else updates it. The counter is written behind the row.
     void SaveData(Record& record) {
-        const QStringList columns = this->columnsWithout({u"登録日"_qs, u"更新日"_qs});
-        if (!record.ID.isEmpty()) {
-            QStringList data = columns;
-            data.removeOne(u"ID"_qs);
-            this->update(record, data, {u"ID"_qs});
-            return;
-        }
+        if (!record.ID.isEmpty()) return this->update(record);
         Record numbered = record; // a number that could not be inserted may be another machine's by now
         numbered.ID = GetLastID();
-        this->insert(numbered, columns);
+        this->insert(numbered);
         UpdateID(numbered.ID);
         record.ID = numbered.ID;
     }
@@ -57,61 +49,53 @@ public:
 
     // The next number of the counter.
     QString GetLastID() {
-        const QString last =
-            this->connection().scalar(u"SELECT 最終値 FROM [採番] WHERE 項目名='%1ID'"_qs.arg(this->table()));
+        const QString last = this->scalar(u"SELECT 最終値 FROM [採番] WHERE 項目名='%1ID'"_qs.arg(this->table()));
         return numberText(Val(last) + 1);
     }
 
     // The row of an ID; the empty text empties the table.
     void DeleteData(const QString& id) {
-        QString sql = u"DELETE FROM [%1]"_qs.arg(this->table());
-        if (!id.isEmpty()) sql += u" WHERE [ID] = %1"_qs.arg(sqlText(id));
-        this->execute(sql);
+        if (id.isEmpty())
+            this->removeAll();
+        else
+            this->remove({id});
     }
 
+    SqlTerm inUse() const { return this->equal(&Record::UseFlg, u"0"_qs); }
+
 protected:
+    using typename TableManager<Record>::Member;
+
     // The values of one column, each with its largest ID.
-    void groupList(QList<Record>& result, const QString& column, QString Record::*member, const QString& where) {
-        grouped(result, column, member, where, u"SELECT [%1] , MAX([ID]) AS 項番 FROM [%2]"_qs,
-                u" ORDER BY [%1] ASC"_qs);
+    void groupList(QList<Record>& result, Member member, const SqlTerm& where) {
+        grouped(result, member, where, u"MAX([ID])"_qs, u"[%1] ASC"_qs.arg(this->column(member).name));
     }
 
     // The values of one column in the order of their first appearance.
-    void sumList(QList<Record>& result, const QString& column, QString Record::*member, const QString& where) {
-        grouped(result, column, member, where, u"SELECT [%1] , MIN([ID]) AS 項番 FROM [%2]"_qs,
-                u" ORDER BY MIN([ID])"_qs);
+    void sumList(QList<Record>& result, Member member, const SqlTerm& where) {
+        grouped(result, member, where, u"MIN([ID])"_qs, u"MIN([ID])"_qs);
     }
 
     // The combinations of several columns, in their order.
-    void combinedList(QList<Record>& result, const QList<Field<Record>>& columns, const QString& where) {
+    void combinedList(QList<Record>& result, const QList<Member>& members, const SqlTerm& where) {
         QStringList names;
-        for (const Field<Record>& field : columns) names << u'[' + field.column + u']';
+        for (const Member member : members) names << u'[' + this->column(member).name + u']';
         const QString group = names.join(u" , "_qs);
-        QString sql = u"SELECT DISTINCTROW %1 FROM [%2]"_qs.arg(names.join(u" ,"_qs), this->table());
-        if (!where.isEmpty()) sql += u" WHERE "_qs + where;
-        Recordset rows = this->connection().query(sql + u" GROUP BY "_qs + group + u" ORDER BY "_qs +
-                                                  names.join(u" ASC , "_qs) + u" ASC"_qs);
-        while (rows.next()) {
-            Record record;
-            for (const Field<Record>& field : columns) record.*field.member = rows.value(field.column);
-            result << record;
-        }
+        Recordset rows = this->query(SqlSelect(u"SELECT DISTINCTROW %1 FROM [%2]"_qs.arg(group, this->table()), where) +
+                                     u" GROUP BY %1 ORDER BY %2 ASC"_qs.arg(group, names.join(u" ASC , "_qs)));
+        const RecordReader<Record> reader(rows, this->fieldsOf(members));
+        while (rows.next()) result << reader.read();
     }
 
 private:
-    void grouped(QList<Record>& result, const QString& column, QString Record::*member, const QString& where,
-                 const QString& select, const QString& order) {
-        QString sql = select.arg(column, this->table());
-        if (!where.isEmpty()) sql += u" WHERE "_qs + where;
-        sql += u" GROUP BY [%1] "_qs.arg(column) + (order.contains(u"%1"_qs) ? order.arg(column) : order);
-        WriteSqlLog(sql);
-        Recordset rows = this->connection().query(sql);
-        while (rows.next()) {
-            Record record;
-            record.ID = rows.value(u"項番"_qs);
-            record.*member = rows.value(column);
-            result << record;
-        }
+    void grouped(QList<Record>& result, Member member, const SqlTerm& where, const QString& number,
+                 const QString& order) {
+        const QString name = this->column(member).name;
+        Recordset rows =
+            this->query(SqlSelect(u"SELECT [%1] , %2 AS 項番 FROM [%3]"_qs.arg(name, number, this->table()), where) +
+                        u" GROUP BY [%1] ORDER BY %2"_qs.arg(name, order));
+        const RecordReader<Record> reader(rows, {{&Record::ID, u"項番"_qs}, {member, name}});
+        while (rows.next()) result << reader.read();
     }
 };
 
@@ -119,10 +103,10 @@ class clsPriceItemManager : public PriceManager<clsPriceItem> {
 public:
     clsPriceItemManager();
 
-    void GetItemGrpList(QList<clsPriceItem>& result, const QString& where = {});
-    void GetPickKbnGrpList(QList<clsPriceItem>& result, const QString& where = {});
-    void GetNameGrpList(QList<clsPriceItem>& result, const QString& where = {});
-    void GetFormGrpList(QList<clsPriceItem>& result, const QString& where = {});
+    void GetItemGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceItem::Item, where); }
+    void GetPickKbnGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceItem::PickKbn, where); }
+    void GetNameGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceItem::Name, where); }
+    void GetFormGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceItem::Form, where); }
 
     // The narrowing lists, in the order of first appearance. The first one shows a 種目 without valid rows as well.
     void GetListSumItem(QList<clsPriceItem>& result);
@@ -136,47 +120,60 @@ class clsPriceBaseManager : public PriceManager<clsPriceBase> {
 public:
     clsPriceBaseManager();
 
-    void GetItemGrpList(QList<clsPriceBase>& result, const QString& where = {});
-    void GetPickKbnGrpList(QList<clsPriceBase>& result, const QString& where = {});
-    void GetNameGrpList(QList<clsPriceBase>& result, const QString& where = {});
-    void GetFormGrpList(QList<clsPriceBase>& result, const QString& where = {});
-    void GetItemPickKbnGrpList(QList<clsPriceBase>& result, const QString& where = {});
+    void GetItemGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceBase::Item, where); }
+    void GetPickKbnGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceBase::PickKbn, where); }
+    void GetNameGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceBase::Name, where); }
+    void GetFormGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceBase::Form, where); }
+    void GetItemPickKbnGrpList(Rows& rows, const SqlTerm& where = {}) {
+        combinedList(rows, {&clsPriceBase::Item, &clsPriceBase::PickKbn}, where);
+    }
 };
 
 class clsPriceAddManager : public PriceManager<clsPriceAdd> {
 public:
     clsPriceAddManager();
 
-    void GetItemGrpList(QList<clsPriceAdd>& result, const QString& where = {});
-    void GetPickKbnGrpList(QList<clsPriceAdd>& result, const QString& where = {});
-    void GetAddElmtGrpList(QList<clsPriceAdd>& result, const QString& where = {});
-    void GetItemPickKbnAddElmtGrpList(QList<clsPriceAdd>& result, const QString& where = {});
+    void GetItemGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceAdd::Item, where); }
+    void GetPickKbnGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceAdd::PickKbn, where); }
+    void GetAddElmtGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceAdd::AddElmt, where); }
+    void GetItemPickKbnAddElmtGrpList(Rows& rows, const SqlTerm& where = {}) {
+        combinedList(rows, {&clsPriceAdd::Item, &clsPriceAdd::PickKbn, &clsPriceAdd::AddElmt}, where);
+    }
 };
 
 class clsPriceElmtManager : public PriceManager<clsPriceElmt> {
 public:
     clsPriceElmtManager();
 
-    void GetItemGrpList(QList<clsPriceElmt>& result, const QString& where = {});
-    void GetPickKbnGrpList(QList<clsPriceElmt>& result, const QString& where = {});
-    void GetMakeElmtGrpList(QList<clsPriceElmt>& result, const QString& where = {});
-    void GetMaterialsGrpList(QList<clsPriceElmt>& result, const QString& where = {});
-    void GetItemPickKbnMakeElmtMaterialsGrpList(QList<clsPriceElmt>& result, const QString& where = {});
+    void GetItemGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceElmt::Item, where); }
+    void GetPickKbnGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceElmt::PickKbn, where); }
+    void GetMakeElmtGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceElmt::MakeElmt, where); }
+    void GetMaterialsGrpList(Rows& rows, const SqlTerm& where = {}) {
+        groupList(rows, &clsPriceElmt::Materials, where);
+    }
+    void GetItemPickKbnMakeElmtMaterialsGrpList(Rows& rows, const SqlTerm& where = {}) {
+        combinedList(rows,
+                     {&clsPriceElmt::Item, &clsPriceElmt::PickKbn, &clsPriceElmt::MakeElmt, &clsPriceElmt::Materials},
+                     where);
+    }
 };
 
 class clsPricePartsManager : public PriceManager<clsPriceParts> {
 public:
     clsPricePartsManager();
 
-    void GetItemGrpList(QList<clsPriceParts>& result, const QString& where = {});
-    void GetNameGrpList(QList<clsPriceParts>& result, const QString& where = {});
-    void GetFormGrpList(QList<clsPriceParts>& result, const QString& where = {});
-    void GetMakerNmGrpList(QList<clsPriceParts>& result, const QString& where = {});
-    void GetPartsCdGrpList(QList<clsPriceParts>& result, const QString& where = {});
+    void GetItemGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceParts::Item, where); }
+    void GetNameGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceParts::Name, where); }
+    void GetFormGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceParts::Form, where); }
+    void GetMakerNmGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceParts::MakerNm, where); }
+    void GetPartsCdGrpList(Rows& rows, const SqlTerm& where = {}) { groupList(rows, &clsPriceParts::PartsCd, where); }
 
     // The names of the usable parts of a 種目, in descending order of the text.
     void GetListSumPartsNm(QList<clsPriceParts>& result, const QString& Item);
     void GetListSumForm(QList<clsPriceParts>& result, const QString& Item, const QString& PartsNm);
+
+    // The condition of the parts of a 種目 that an estimate may take.
+    SqlTerm usable(const QString& Item) const;
 };
 
 // `基本要素選択` has no counter: it is rebuilt as a whole, see `RebuildBaseElmtSelect`.
@@ -192,6 +189,9 @@ public:
     void DeleteData(const QString& id);
     void SaveInit(const clsBaseElmtSelect& record);
 };
+
+// "[種目]  LIKE '%…%'" for each column with a value, joined by " AND ".
+SqlTerm PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues);
 
 extern clsPriceItemManager gPriceItemManager;
 extern clsPriceBaseManager gPriceBaseManager;

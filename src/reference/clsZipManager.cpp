@@ -1,6 +1,5 @@
 #include "reference/clsZipManager.h"
 
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 
 clsZipManager gZipManager;
@@ -11,35 +10,34 @@ clsZipManager::clsZipManager()
                                       {&clsZip::City, u"市区町村名"_qs},
                                       {&clsZip::Town, u"町域名"_qs}}) {}
 
-qint64 clsZipManager::GetCount() {
-    Recordset rows = connection().query(u"SELECT count(*) AS CNT FROM [郵便番号簿] ;"_qs);
-    return rows.next() ? rows.value(u"CNT"_qs).toLongLong() : 0;
-}
-
 bool clsZipManager::GetZipData(clsZip& zip, const QString& strZip7, const QString& strPref, const QString& strCity,
                                const QString& strAddr1) {
-    const QString where = SqlAllOf({strZip7.isEmpty() ? QString() : u"[郵便番号] = "_qs + sqlText(strZip7),
-                                    SqlContains(u"[都道府県名]"_qs, strPref), SqlContains(u"[市区町村名]"_qs, strCity),
-                                    SqlContains(u"[町域名]"_qs, strAddr1)});
+    const SqlTerm where = SqlAllOf(
+        {strZip7.isEmpty() ? SqlTerm() : equal(&clsZip::Zip, strZip7), SqlContains(column(&clsZip::Pref), strPref),
+         SqlContains(column(&clsZip::City), strCity), SqlContains(column(&clsZip::Town), strAddr1)});
     return !where.isEmpty() && readFirst(zip, where);
 }
 
-Recordset clsZipManager::selectList(const QString& where, const QString& order) {
-    return connection().query(
-        u"SELECT [郵便番号], [都道府県名], [市区町村名], [町域名] AS 住所 FROM [郵便番号簿] WHERE "_qs + where +
-        u" ORDER BY "_qs + order);
+Recordset clsZipManager::selectList(const SqlTerm& where, const SqlTerm& order) {
+    return query(SqlSelect(u"SELECT [郵便番号], [都道府県名], [市区町村名], [町域名] AS 住所 FROM [郵便番号簿]"_qs,
+                           where, order));
 }
 
-Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const QString& order) {
-    const QString where =
-        SqlAllOf({u"[都道府県名] = "_qs + sqlText(inPref), SqlStartsWith(u"([市区町村名] & [町域名])"_qs, inAdr)});
-    if (connection().scalar(u"SELECT COUNT(*) FROM [郵便番号簿] WHERE "_qs + where) == u"0")
-        ShowMessage(902, u"該当する郵便番号情報は登録されていません。"_qs);
+QList<clsZip> clsZipManager::startingWith(const QString& zip) {
+    QList<clsZip> found;
+    GetList(found, startsWith({{&clsZip::Zip, zip}}), column(&clsZip::Zip));
+    return found;
+}
+
+Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& order) {
+    const SqlTerm where =
+        SqlAllOf({equal(&clsZip::Pref, inPref), SqlStartsWith(u"([市区町村名] & [町域名])"_qs, inAdr)});
+    if (count(where) == 0) ShowMessage(902, u"該当する郵便番号情報は登録されていません。"_qs);
     return selectList(where, order);
 }
 
-Recordset clsZipManager::GetSelectListFromZip(const QString& zip, const QString& order) {
-    return selectList(u"[郵便番号] LIKE '"_qs + SqlQuote(zip, true) + u"%'"_qs, order);
+Recordset clsZipManager::GetSelectListFromZip(const QString& zip, const SqlTerm& order) {
+    return selectList(startsWith({{&clsZip::Zip, zip}}), order);
 }
 
 void clsZipManager::ImportCsv(const QString& path) {

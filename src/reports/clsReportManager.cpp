@@ -115,7 +115,7 @@ void clsReportManager::GetCsEstimateData(DocumentKind kind, int copies, const QL
     });
 }
 
-void clsReportManager::GetCsEstimateListData(const QString& where, const QString& order, int member,
+void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm& order, int member,
                                              const QString& exclusions, ReportRecordset& outRecordset,
                                              const std::function<bool()>& pause) {
     outRecordset = underSource(u"GetCsEstimateListData"_qs, [&] {

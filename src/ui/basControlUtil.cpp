@@ -1,6 +1,5 @@
 #include "ui/basControlUtil.h"
 
-#include "base/basCommon.h"
 #include "db/clsAssistManager.h"
 #include "db/clsSysSettingManager.h"
 #include "reference/ReferenceManagers.h"
@@ -50,32 +49,33 @@ void FillPrefList(ChoiceBox* list, ListHead head) {
 
 void FillCityList(ChoiceBox* list, const QString& pref, ListHead head) {
     QList<clsPrefecture> rows;
-    gPrefectureManager.GetCityGrpList(rows, pref.isEmpty() ? QString() : u"[都道府県] = '%1'"_qs.arg(SqlQuote(pref)));
+    gPrefectureManager.GetCityGrpList(rows, pref.isEmpty() ? SqlTerm()
+                                                           : gPrefectureManager.equal(&clsPrefecture::Pref, pref));
     rows.removeIf([](const clsPrefecture& row) { return row.City.isEmpty(); }); // a prefecture alone
     fill(list, head, rows, &clsPrefecture::City, &clsPrefecture::PrefNo);
 }
 
-void FillDoctorList(ChoiceBox* list, const QString& where, ListHead head) {
+void FillDoctorList(ChoiceBox* list, const SqlTerm& where, ListHead head) {
     QList<clsDoctor> rows;
-    gDoctorManager.GetList(rows, where, u"[順番]"_qs);
+    gDoctorManager.GetList(rows, where, bySeq);
     fill(list, head, rows, &clsDoctor::DoctorNm, &clsDoctor::DoctorNo);
 }
 
-void FillProducerList(ChoiceBox* list, const QString& where, ListHead head) {
+void FillProducerList(ChoiceBox* list, const SqlTerm& where, ListHead head) {
     QList<clsProducer> rows;
-    gProducerManager.GetList(rows, where, u"[順番]"_qs);
+    gProducerManager.GetList(rows, where, bySeq);
     fill(list, head, rows, &clsProducer::ProducerNm, &clsProducer::ProducerNo);
 }
 
-void FillInsList(ChoiceBox* list, const QString& where, const QString& order, ListHead head) {
+void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& order, ListHead head) {
     QList<clsIns> rows;
     gInsManager.GetList(rows, where, order);
     fill(list, head, rows, &clsIns::InsNm, &clsIns::InsNo);
 }
 
-void FillAssistList(ChoiceBox* list, int group, const QString& order, ListHead head) {
+void FillAssistList(ChoiceBox* list, int group, const SqlTerm& order, ListHead head) {
     QList<clsAssist> rows;
-    gAssistManager.GetList(rows, u"[分類] = %1"_qs.arg(group), order);
+    gAssistManager.GetList(rows, gAssistManager.ofGroup(group), order.isEmpty() ? gAssistManager.byKey() : order);
     fill(list, head, rows, &clsAssist::AsstView, &clsAssist::AsstNo);
 }
 
@@ -84,16 +84,8 @@ void FillAssistValueList(ChoiceBox* list, int group, ListHead head) {
 }
 
 void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head) {
-    QList<clsSysSetting> rows;
-    gSysSettingManager.GetList(rows, u"[No] IN (%1)"_qs.arg(settingNumbers), u"[設定値]"_qs);
+    const QList<clsSysSetting> rows = gSysSettingManager.byValue(settingNumbers.split(u','));
     fill(list, head, rows, &clsSysSetting::SetValue, &clsSysSetting::No);
-}
-
-QString PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues) {
-    QStringList terms;
-    for (const auto& [column, value] : columnsAndValues)
-        if (!value.isEmpty()) terms << u"[%1]  LIKE '%%2%'"_qs.arg(column, SqlQuote(value, true));
-    return terms.join(u" AND "_qs);
 }
 
 void FillKanaTabs(QTabBar* tabs) {
@@ -101,8 +93,8 @@ void FillKanaTabs(QTabBar* tabs) {
     for (const QChar tab : kanaTabs) tabs->addTab(tab);
 }
 
-QString KanaTabFilter(const QString& column, int tabIndex) {
-    return tabIndex < 0 ? QString() : kanaRangeFilter(column, kanaTabs.mid(tabIndex, 1));
+SqlTerm KanaTabFilter(const SqlTerm& column, int tabIndex) {
+    return tabIndex < 0 ? SqlTerm() : kanaRangeFilter(column, kanaTabs.mid(tabIndex, 1));
 }
 
 int KanaTabOf(const QString& reading) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "db/SqlText.h"
 #include "ui/GridColumn.h"
 
 #include <QList>
@@ -41,13 +42,13 @@ QStringList SideEntries();
 void FillPrefList(ChoiceBox* list, ListHead head = {});
 // The cities of a prefecture; of all when it is empty.
 void FillCityList(ChoiceBox* list, const QString& pref, ListHead head = {});
-// `where` is a filter such as "[有効Flg] = 0".
-void FillDoctorList(ChoiceBox* list, const QString& where = {}, ListHead head = {});
-void FillProducerList(ChoiceBox* list, const QString& where = {}, ListHead head = {});
-// `order` is "[法別No]" or "[順番]".
-void FillInsList(ChoiceBox* list, const QString& where, const QString& order, ListHead head = {});
-// The values of a group (see `AssistGroup`); `order` is "[設定値]" or "[管理No]".
-void FillAssistList(ChoiceBox* list, int group, const QString& order = u"[管理No]"_qs, ListHead head = {});
+// `where` is a condition of their manager such as `inUse`.
+void FillDoctorList(ChoiceBox* list, const SqlTerm& where = {}, ListHead head = {});
+void FillProducerList(ChoiceBox* list, const SqlTerm& where = {}, ListHead head = {});
+// `order` is that of the numbers or `bySeq`.
+void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& order, ListHead head = {});
+// The values of a group (see `AssistGroup`) in the order of their numbers unless another is given.
+void FillAssistList(ChoiceBox* list, int group, const SqlTerm& order = {}, ListHead head = {});
 // The same with the 設定値 as item data, for columns that hold it.
 void FillAssistValueList(ChoiceBox* list, int group, ListHead head = {});
 // The values of numbered settings, such as "2,3" for the two tax rates.
@@ -55,21 +56,19 @@ void FillTaxList(ChoiceBox* list, const QString& settingNumbers, ListHead head =
 // One text of each row that a price group list of the managers gives, with its ID as item data:
 // FillPriceList(list, gPriceItemManager, &clsPriceItemManager::GetItemGrpList, &clsPriceItem::Item, where).
 template <class Manager, class Record>
-void FillPriceList(ChoiceBox* list, Manager& manager, void (Manager::*getGroup)(QList<Record>&, const QString&),
-                   QString Record::*text, const QString& where = {}, ListHead head = {}) {
+void FillPriceList(ChoiceBox* list, Manager& manager, void (Manager::*getGroup)(QList<Record>&, const SqlTerm&),
+                   QString Record::*text, const SqlTerm& where = {}, ListHead head = {}) {
     QList<Record> rows;
     (manager.*getGroup)(rows, where);
     BeginList(list, head);
     for (const Record& row : rows) AddListEntry(list, row.*text, row.ID);
 }
-// "[種目]  LIKE '%…%'" for each column with a value, joined by " AND ".
-QString PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndValues);
 
 // --- kana tabs ---
 
 // Fills a tab bar with 全 あ か さ … わ 他.
 void FillKanaTabs(QTabBar* tabs);
 // The range filter of a tab on a reading column; 全 gives none.
-QString KanaTabFilter(const QString& column, int tabIndex);
+SqlTerm KanaTabFilter(const SqlTerm& column, int tabIndex);
 // The tab whose range holds the first character of a reading; 他 for any other, -1 for an empty reading.
 int KanaTabOf(const QString& reading);

@@ -15,25 +15,6 @@ class basCommonTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void quotesAreDoubled() { QCOMPARE(SqlQuote(u"O'Neil ''"_qs), u"O''Neil ''''"_qs); }
-
-    void likeSignsAreBracketedInOrder() {
-        QCOMPARE(SqlQuote(u"50%_[a]-'b"_qs, true), u"50[%][_][[]a][-]''b"_qs);
-        QCOMPARE(SqlQuote(u"50%_[a]-'b"_qs, false), u"50%_[a]-''b"_qs);
-    }
-
-    void conditionsOfAText() {
-        QCOMPARE(SqlStartsWith(u"[名前1]"_qs, u"50%"_qs), u"[名前1] LIKE '50[%]%'"_qs);
-        QCOMPARE(SqlContains(u"[名前1]"_qs, u"O'N"_qs), u"[名前1] LIKE '%O''N%'"_qs);
-        QCOMPARE(SqlStartsWith(u"[名前1]"_qs, {}), QString());
-        QCOMPARE(SqlContains(u"[名前1]"_qs, {}), QString());
-    }
-
-    void conditionsThatAskForNothingAreLeftOut() {
-        QCOMPARE(SqlAllOf({{}, u"[a] = 1"_qs, {}, u"[b] = 2"_qs}), u"[a] = 1 AND [b] = 2"_qs);
-        QCOMPARE(SqlAllOf({{}, {}}), QString());
-    }
-
     void eraFormOfADate_data() {
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("format");
@@ -337,30 +318,6 @@ private slots:
         QCOMPARE(formatDate(moment, u"yyyymmddhhnnss"_qs), u"20240309070502"_qs);
         QCOMPARE(formatDate(moment, u"yyyy/mm/dd"_qs), u"2024/03/09"_qs);
         QCOMPARE(formatDate(u"x"_qs, u"yyyy"_qs), QString());
-    }
-
-    void readingRangesOfTheKanaButtons_data() {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("filter");
-        const auto row = [](const QString& button, const QString& filter) {
-            QTest::newRow(qUtf8Printable(button)) << button << filter;
-        };
-        row(u"あ"_qs, u"[k] >= 'ｱ' AND [k] < 'ｶ'"_qs);
-        row(u"か"_qs, u"[k] >= 'ｶ' AND [k] < 'ｻ'"_qs);
-        row(u"さ"_qs, u"[k] >= 'ｻ' AND [k] < 'ﾀ'"_qs);
-        row(u"た"_qs, u"[k] >= 'ﾀ' AND [k] < 'ﾅ'"_qs);
-        row(u"な"_qs, u"[k] >= 'ﾅ' AND [k] < 'ﾊ'"_qs);
-        row(u"は"_qs, u"[k] >= 'ﾊ' AND [k] < 'ﾏ'"_qs);
-        row(u"ま"_qs, u"[k] >= 'ﾏ' AND [k] < 'ﾔ'"_qs);
-        row(u"や"_qs, u"[k] >= 'ﾔ' AND [k] < 'ﾗ'"_qs);
-        row(u"ら"_qs, u"[k] >= 'ﾗ' AND [k] < 'ﾜ'"_qs);
-        row(u"わ"_qs, u"[k] >= 'ﾜ' AND [k] <= 'ﾝ'"_qs);
-        row(u"他"_qs, u"[k] < 'ｱ' OR [k] > 'ﾝ'"_qs);
-        row(u"全"_qs, {});
-    }
-    void readingRangesOfTheKanaButtons() {
-        QFETCH(QString, button);
-        QTEST(kanaRangeFilter(u"[k]"_qs, button), "filter");
     }
 
     void backupFolderIsMadeOnlyWhenNotConfigured() {

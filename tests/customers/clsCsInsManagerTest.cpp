@@ -49,6 +49,17 @@ private slots:
         QCOMPARE(row.InsNo, u"7"_qs);
     }
 
+    void wholeListIsReplacedAndNumberedAnew() {
+        for (const QString& branch : {u"1"_qs, u"2"_qs})
+            gCsInsManager.SaveAll({u"A"_qs, branch}, {u"3"_qs, u"1"_qs, u"7"_qs});
+        gCsInsManager.SaveAll({u"A"_qs, u"1"_qs}, {u"9"_qs, u"3"_qs});
+        QStringList laws;
+        for (const clsCsIns& row : gCsInsManager.rowsOf({u"A"_qs})) laws << row.CustSubId + row.DataNo + row.InsNo;
+        QCOMPARE(laws.join(u' '), u"119 123 213 221 237"_qs);
+        gCsInsManager.SaveAll({u"A"_qs, u"1"_qs}, {});
+        QVERIFY(gCsInsManager.rowsOf({u"A"_qs, u"1"_qs}).isEmpty());
+    }
+
     void deletionTakesOneRowOrTheWholeList() {
         for (const char* law : {"1", "2", "3"}) addIfMissing(u"1"_qs, QString::fromLatin1(law));
         addIfMissing(u"2"_qs, u"1"_qs);

@@ -290,7 +290,7 @@ private slots:
         QVERIFY(gCustomerManager.SaveData(customer));
         QCOMPARE(gCustomerManager.Count({}), 1);
         const auto found = [](const QString& text) {
-            const QString where = clsCustomerManager::SelectContaining(text);
+            const SqlTerm where = clsCustomerManager::SelectContaining(text);
             const bool listed = gCustomerManager.GetSelectList(where, {}).next();
             return listed && gCustomerManager.Count(where) == 1;
         };

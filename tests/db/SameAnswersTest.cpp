@@ -4,7 +4,7 @@
 #include "support/TestDatabase.h"
 #include "support/TestServer.h"
 
-#include "base/basCommon.h"
+#include "db/SqlText.h"
 
 namespace {
 
@@ -66,10 +66,10 @@ private slots:
         row("literal on the left", names + u"'ABC' = [装具]"_qs, u"abc"_qs);
         row("IN in any case", names + u"[装具] IN ('ABC','z') ORDER BY [装具]"_qs, u"abc Z"_qs);
         row("greater than", names + u"[装具] > 'ab' AND [装具] < 'b' ORDER BY [装具]"_qs, u"abc ABD"_qs);
-        row("reading range of a button", names + kanaRangeFilter(u"[装具]"_qs, u"あ"_qs), u"ｱｲ"_qs);
-        row("last reading range", names + kanaRangeFilter(u"[装具]"_qs, u"わ"_qs), u"ﾝ"_qs);
+        row("reading range of a button", names + kanaRangeFilter(u"[装具]"_qs, u"あ"_qs).text(), u"ｱｲ"_qs);
+        row("last reading range", names + kanaRangeFilter(u"[装具]"_qs, u"わ"_qs).text(), u"ﾝ"_qs);
         row("all other readings",
-            names + u"("_qs + kanaRangeFilter(u"[装具]"_qs, u"他"_qs) + u") AND [装具No] IN (7,8,9,15,14)"_qs +
+            names + u"("_qs + kanaRangeFilter(u"[装具]"_qs, u"他"_qs).text() + u") AND [装具No] IN (7,8,9,15,14)"_qs +
                 u" ORDER BY [装具No]"_qs,
             u"ﾞ あ 𠮷 ｡"_qs);
         row("LIKE in any case", names + u"[装具] LIKE 'AB%' ORDER BY [装具]"_qs, u"abc ABD"_qs);

@@ -147,7 +147,7 @@ private slots:
         QCOMPARE(found(filter), 0);
         filter = {};
         filter.ClaimCd = u"2"_qs;
-        QVERIFY(filter.condition().endsWith(u"WHERE  [請求先].[請求先コード] LIKE '2%')"_qs));
+        QVERIFY(filter.condition().text().endsWith(u"WHERE  [請求先].[請求先コード] LIKE '2%')"_qs));
         QVERIFY(found(filter) > 0);
         filter.ClaimCd = u"x"_qs;
         QCOMPARE(found(filter), 0);
@@ -178,6 +178,40 @@ private slots:
         QCOMPARE(withCustomers({}, two), narrowed);
         QCOMPARE(withCustomers(u"x"_qs, two), u"x AND "_qs + narrowed);
         QVERIFY(gCsEstimateManager.CountWithMst(withCustomers({}, two)) > 5);
+    }
+
+    void aTableThatNothingAsksForStaysAway() {
+        const auto joined = [](const QString& statement) {
+            QString tables;
+            for (const QString& table : {u"顧客情報"_qs, u"顧客カルテ"_qs, u"受注先"_qs, u"製作担当者"_qs})
+                tables += statement.contains(u"JOIN ["_qs + table) ? u'x' : u'-';
+            return tables;
+        };
+        EstimateListFilter filter;
+        QCOMPARE(joined(clsCsEstimateManager::KeysWithMst(filter.condition(), gCsEstimateManager.byKey())), u"----"_qs);
+        QCOMPARE(joined(clsCsEstimateManager::KeysWithMst(
+                     {}, gCsEstimateManager.ListOrder({gChartManager.column(&clsChart::OrderNm)}, true))),
+                 u"-x--"_qs);
+        QCOMPARE(joined(clsCsEstimateManager::ListWithMst({}, {})), u"xx--"_qs);
+        filter.Producer = u"山"_qs; // a column of the estimate
+        filter.Name1 = u"田"_qs;
+        QCOMPARE(joined(clsCsEstimateManager::KeysWithMst(filter.condition(), {})), u"x---"_qs);
+        filter.OrderCd = u"1"_qs;
+        QCOMPARE(joined(clsCsEstimateManager::KeysWithMst(filter.condition(), {})), u"xxx-"_qs);
+        QCOMPARE(joined(clsCustomerManager::KeysWithEst(filter.condition(), {})), u"-xx-"_qs);
+        QCOMPARE(joined(clsCsEstimateManager::KeysWithMst(filter.condition().text(), {})), u"xxxx"_qs);
+    }
+
+    // The way to the customers hangs on what is asked.
+    void customersAreFoundTheShortestWay() {
+        const auto statement = [](QString EstimateListFilter::*member) {
+            EstimateListFilter filter;
+            filter.*member = u"1"_qs;
+            return clsCustomerManager::KeysWithEst(filter.condition(), gCustomerManager.column(&clsCustomer::CustNo));
+        };
+        QVERIFY(statement(&EstimateListFilter::EstNo).startsWith(u"SELECT DISTINCT"_qs));
+        QVERIFY(statement(&EstimateListFilter::CsNo).contains(u"'1%') AND EXISTS ("_qs));
+        QVERIFY(statement(&EstimateListFilter::DiseaseNm).contains(u"WHERE EXISTS ("_qs));
     }
 
     void aCustomerThatIsGoneLeavesTheEstimate() {

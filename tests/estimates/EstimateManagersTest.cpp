@@ -184,6 +184,17 @@ private slots:
         QCOMPARE(charts.first().OrderNm, u"病院"_qs);
     }
 
+    void productsAreOfferedByTheStartOfTheirCode() {
+        for (const auto& [id, code] : {std::pair{"1", "B%2"}, {"2", "B%1"}, {"3", "BX"}})
+            sql(u"INSERT INTO マスタ見積情報 ([製品ID], [製品コード], [製品名称]) VALUES ('x%1', '%2', 'n%1')"_qs.arg(
+                QString::fromLatin1(id), QString::fromLatin1(code)));
+        Recordset rows = gCsEstimateManager.GetProductList(u"B%"_qs);
+        QStringList found;
+        while (rows.next())
+            found << rows.value(u"製品ID"_qs) + rows.value(u"製品コード"_qs) + rows.value(u"製品名称"_qs);
+        QCOMPARE(found.join(u' '), u"x2B%1n2 x1B%2n1"_qs);
+    }
+
     void lawsOfAnEstimateAreCutToTwoCharacters() {
         const clsCsEstimate estimate = saved();
         sql(u"UPDATE [法別] SET [法別] = '社会保険' WHERE [法別No] = 1"_qs);
@@ -270,7 +281,7 @@ private:
         for (const clsCsEstAsk& row : rows) values << row.*member;
         return values.join(u' ');
     }
-    template <class Record> static void roundTrip(EstimateRowManager<Record>& manager, const QStringList& key) {
+    template <class Record> static void roundTrip(OwnedRowsManager<Record>& manager, const QStringList& key) {
         Record record;
         const Schema::Table& table = *Schema::table(manager.table());
         int number = 0;

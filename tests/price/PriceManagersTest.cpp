@@ -229,6 +229,11 @@ private slots:
         QCOMPARE(gBaseElmtSelectManager.GetLastID(), QString());
     }
 
+    void priceGroupFilterJoinsItsTerms() {
+        QCOMPARE(PriceGroupFilter({{u"種目"_qs, u"義手"_qs}, {u"名称"_qs, QString()}, {u"形式"_qs, u"50%"_qs}}),
+                 u"[種目]  LIKE '%義手%' AND [形式]  LIKE '%50[%]%'"_qs);
+    }
+
 private:
     void sql(const QString& statement) { m_database->connection().execute(statement); }
     QString counter() {

@@ -7,8 +7,6 @@
 
 namespace {
 
-const QString bySeq = u"[順番]"_qs;
-
 template <class Manager, class Record>
 QStringList listed(Manager& manager, QString Record::*member, Direction direction, const QString& order = bySeq,
                    const QString& where = {}) {
@@ -388,6 +386,39 @@ private slots:
         QCOMPARE(pairs.first().Seq, u"20240311100000"_qs);
         QCOMPARE(pairs.first().ClaimNm, u"市役所"_qs);
         QVERIFY(!pairs.first().InsNm.isEmpty());
+    }
+
+    void payersOfALawAreThoseInUse() {
+        clsClaim retired = addClaim(u"2"_qs, u"県庁"_qs);
+        const clsClaim claim = addClaim(u"1"_qs, u"市役所"_qs);
+        gInsClaimManager.ReconcileData(u"1"_qs, claim.ClaimNo);
+        gInsClaimManager.ReconcileData(u"1"_qs, retired.ClaimNo);
+        gInsClaimManager.ReconcileData(u"2"_qs, claim.ClaimNo);
+        QCOMPARE(gInsClaimManager.payersOf(u"1"_qs).size(), 2);
+        retired.UseFlg = u"1"_qs;
+        gClaimManager.SaveData(retired);
+        const QList<clsClaim> payers = gInsClaimManager.payersOf(u"1"_qs);
+        QCOMPARE(payers.size(), 1);
+        QCOMPARE(payers.first().ClaimNo + payers.first().ClaimCd + payers.first().ClaimNm,
+                 claim.ClaimNo + u"1市役所"_qs);
+    }
+
+    void doctorsOfThePartiesWithACode() {
+        clsOrder order;
+        order.OrderCd = u"A%1"_qs;
+        order.OrderNm = u"中央病院"_qs;
+        gOrderManager.SaveData(order);
+        for (const QString& party : {order.OrderNo, QString()}) {
+            clsDoctor doctor{{}, u"d"_qs + party, u"医"_qs, party, u"1"_qs, u"0"_qs};
+            gDoctorManager.SaveData(doctor);
+        }
+        const auto doctors = [](const QString& code) {
+            return listed(gDoctorManager, &clsDoctor::OrderNo, Direction::Ascending, bySeq,
+                          gDoctorManager.ofOrders(code).text());
+        };
+        QCOMPARE(doctors(u"A%"_qs), QStringList{order.OrderNo});
+        QCOMPARE(doctors(u"%"_qs), QStringList());
+        QCOMPARE(doctors({}).size(), 2);
     }
 
     void pairWithoutANumberIsNone() {

@@ -133,11 +133,6 @@ private slots:
             for (const QChar end : rows.at(row)) QCOMPARE(KanaTabOf(end + u"ﾊﾅ"_qs), row + 1);
         for (const QString& other : {u"Smith"_qs, u"9"_qs, u"山"_qs, u"%"_qs, u"ｯ"_qs}) QCOMPARE(KanaTabOf(other), 11);
     }
-
-    void priceGroupFilterJoinsItsTerms() {
-        QCOMPARE(PriceGroupFilter({{u"種目"_qs, u"義手"_qs}, {u"名称"_qs, QString()}, {u"形式"_qs, u"50%"_qs}}),
-                 u"[種目]  LIKE '%義手%' AND [形式]  LIKE '%50[%]%'"_qs);
-    }
 };
 
 HALVANE_TEST(ChoiceBoxTest)

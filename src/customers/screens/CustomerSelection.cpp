@@ -8,10 +8,11 @@ namespace {
 const QString id = u"顧客ID"_qs;
 const QString branch = u"顧客枝番"_qs;
 
-QString keysContaining(const QString& where, const QString& sought) {
-    QStringList terms{where, sought.isEmpty() ? QString() : clsCustomerManager::SelectContaining(sought)};
-    terms.removeAll(QString());
-    return clsCustomerManager::Keys(terms.join(u" AND "_qs), u"[フリガナ1],[フリガナ2],[顧客番号]"_qs);
+QString keysContaining(const SqlTerm& where, const QString& sought) {
+    const SqlTerm containing = sought.isEmpty() ? SqlTerm() : clsCustomerManager::SelectContaining(sought);
+    return clsCustomerManager::Keys(
+        SqlAllOf({where, containing}),
+        gCustomerManager.sorted({&clsCustomer::CustKn1, &clsCustomer::CustKn2, &clsCustomer::CustNo}));
 }
 
 QHash<QString, QStringList> fetchRows(const QStringList& keys) {
@@ -28,14 +29,14 @@ QHash<QString, QStringList> fetchRows(const QStringList& keys) {
 
 } // namespace
 
-LongTable customerTable(const QString& where) {
+LongTable customerTable(const SqlTerm& where) {
     return {{id, branch, u"顧客番号"_qs, u"顧客名"_qs, u"住所"_qs, u"電話"_qs, u"生年月日"_qs},
             {12, 6, 13, 22, 40, 16, 13},
             [where](const QString& sought) { return keysContaining(where, sought); },
             fetchRows};
 }
 
-std::optional<SelectedRow> selectCustomer(QWidget* parent, const QString& where, const EstDetail& estDetail) {
+std::optional<SelectedRow> selectCustomer(QWidget* parent, const SqlTerm& where, const EstDetail& estDetail) {
     const QString title = u"顧客"_qs;
     if (gCustomerManager.Count(where) == 0) {
         ShowMessage(121, title);

@@ -28,10 +28,10 @@ LawGrid::LawGrid(Grid* grid) : QObject(grid), m_grid(grid) {
 
 // The laws to choose from: those in use today, and what the customer has already.
 void LawGrid::offer(const QStringList& inUse) {
-    QStringList wanted{u"[有効Flg] = 0"_qs};
-    for (const QString& law : inUse) wanted << u"[法別No] = "_qs + sqlNumber(law);
+    QList<SqlTerm> wanted{gInsManager.inUse()};
+    for (const QString& law : inUse) wanted << gInsManager.keyed({law});
     QList<clsIns> rows;
-    gInsManager.GetList(rows, wanted.join(u" OR "_qs), u"[法別No]"_qs);
+    gInsManager.GetList(rows, SqlAnyOf(wanted), gInsManager.byKey());
     QStringList entries;
     for (const clsIns& row : rows) entries << u'#' + row.InsNo + u';' + row.InsNm;
     m_grid->setEntries(InsNm, entries);

@@ -137,12 +137,12 @@ void PersonFields::takeZip() {
     const QString zip = FormatZip(m_fields.zip->value());
     if (zip != m_fields.zip->value()) return m_fields.zip->setValue(zip); // which settles once more
     if (zip.isEmpty()) return;
-    QList<clsZip> found;
-    gZipManager.GetList(found, SqlStartsWith(u"[郵便番号]"_qs, zip), u"[郵便番号]"_qs);
+    const QList<clsZip> found = gZipManager.startingWith(zip);
     if (found.size() == 1) return fillAddress(found.first().Pref, found.first().City, found.first().Town);
     if (found.isEmpty() || zip.size() != wholeZip) return;
     // One code of several places: the operator says which.
-    const auto chosen = SelectFrom(m_form, u"郵便番号"_qs, gZipManager.GetSelectListFromZip(zip, u"[都道府県名]"_qs));
+    const auto chosen =
+        SelectFrom(m_form, u"郵便番号"_qs, gZipManager.GetSelectListFromZip(zip, gZipManager.column(&clsZip::Pref)));
     if (chosen)
         fillAddress(chosen->value(u"都道府県名"_qs), chosen->value(u"市区町村名"_qs), chosen->value(u"住所"_qs));
 }
@@ -153,9 +153,9 @@ void PersonFields::chooseAddress() {
     const auto number = std::find_if(typed.begin(), typed.end(), [](QChar sign) { return sign.isDigit(); });
     const QString house = typed.mid(number - typed.begin());
     const QString address = m_fields.city->text() + typed.chopped(house.size()).trimmed();
-    const auto chosen = SelectFrom(m_form, u"郵便番号"_qs,
-                                   gZipManager.GetSelectListFromAddr(m_fields.pref->text(), address, u"[郵便番号]"_qs),
-                                   {}, TellMissing::No);
+    Recordset places =
+        gZipManager.GetSelectListFromAddr(m_fields.pref->text(), address, gZipManager.column(&clsZip::Zip));
+    const auto chosen = SelectFrom(m_form, u"郵便番号"_qs, std::move(places), {}, TellMissing::No);
     if (!chosen) return;
     {
         // The code comes from the address, not the other way round.

@@ -1,7 +1,7 @@
 #include "customers/screens/frmCustomerList.h"
 
-#include "base/basCommon.h"
 #include "base/basMessage.h"
+#include "customers/clsCustomerManager.h"
 #include "customers/screens/frmCustomer.h"
 #include "db/clsDbManager.h"
 #include "ui/FormPieces.h"
@@ -16,24 +16,22 @@ namespace {
 
 enum Column { CustId, CustSubId, CustNo, Name, Kana, Sex, Pref, City };
 
-const QString reading = u"[フリガナ1]"_qs;
-
 // What a column is headed, how wide it is, and what it is sorted by.
 struct ColumnForm {
     QString title;
     int width;
-    QStringList sorting;
+    QList<QString clsCustomer::*> sorting;
 };
 
 const QList<ColumnForm>& columnForms() {
-    static const QList<ColumnForm> forms{{u"顧客ID"_qs, 12, {u"[顧客ID]"_qs}},
-                                         {u"枝番"_qs, 6, {u"[顧客枝番]"_qs}},
-                                         {u"顧客番号"_qs, 13, {u"[顧客番号]"_qs}},
-                                         {u"氏名"_qs, 22, {u"[名前1]"_qs, u"[名前2]"_qs}},
-                                         {u"フリガナ"_qs, 24, {reading, u"[フリガナ2]"_qs}},
-                                         {u"性別"_qs, 7, {u"[性別]"_qs}},
-                                         {u"都道府県"_qs, 12, {u"[都道府県]"_qs, u"[市区郡]"_qs}},
-                                         {u"市区郡"_qs, 20, {u"[市区郡]"_qs}}};
+    static const QList<ColumnForm> forms{{u"顧客ID"_qs, 12, {&clsCustomer::CustId}},
+                                         {u"枝番"_qs, 6, {&clsCustomer::CustSubId}},
+                                         {u"顧客番号"_qs, 13, {&clsCustomer::CustNo}},
+                                         {u"氏名"_qs, 22, {&clsCustomer::CustNm1, &clsCustomer::CustNm2}},
+                                         {u"フリガナ"_qs, 24, {&clsCustomer::CustKn1, &clsCustomer::CustKn2}},
+                                         {u"性別"_qs, 7, {&clsCustomer::Sex}},
+                                         {u"都道府県"_qs, 12, {&clsCustomer::Pref, &clsCustomer::City}},
+                                         {u"市区郡"_qs, 20, {&clsCustomer::City}}};
     return forms;
 }
 
@@ -144,12 +142,13 @@ void frmCustomerList::takePrefecture() {
     showRows();
 }
 
-QString frmCustomerList::filter() const {
-    const QString range = KanaTabFilter(reading, ui->stKana->currentIndex());
-    return SqlAllOf({range.isEmpty() ? range : u'(' + range + u')', SqlStartsWith(reading, ui->txtKana1->value()),
-                     SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value()),
-                     SqlStartsWith(u"[都道府県]"_qs, FilterText(ui->cboPref)),
-                     SqlStartsWith(u"[市区郡]"_qs, FilterText(ui->cboCity))});
+SqlTerm frmCustomerList::filter() const {
+    const SqlColumn reading = gCustomerManager.column(&clsCustomer::CustKn1);
+    return SqlAllOf({SqlAnyOf({KanaTabFilter(reading, ui->stKana->currentIndex())}),
+                     gCustomerManager.startsWith({{&clsCustomer::CustKn1, ui->txtKana1->value()},
+                                                  {&clsCustomer::CustKn2, ui->txtKana2->value()},
+                                                  {&clsCustomer::Pref, FilterText(ui->cboPref)},
+                                                  {&clsCustomer::City, FilterText(ui->cboCity)}})});
 }
 
 // --- rows ---
@@ -160,13 +159,11 @@ void frmCustomerList::sortBy(int column) {
 }
 
 // By the marked column, else by the reading. The key at the end tells persons of one name apart.
-QString frmCustomerList::order() const {
+SqlTerm frmCustomerList::order() const {
     const int marked = ui->flxData->sortColumn();
-    QStringList columns = columnForms().at(marked < 0 ? Kana : marked).sorting;
-    columns << u"[顧客ID]"_qs << u"[顧客枝番]"_qs;
-    columns.removeDuplicates();
-    const QString direction = ui->flxData->sortsUpwards() ? u" ASC"_qs : u" DESC"_qs;
-    return columns.join(direction + u", "_qs) + direction;
+    const auto sorting = columnForms().at(marked < 0 ? Kana : marked).sorting;
+    return gCustomerManager.sorted(sorting + QList{&clsCustomer::CustId, &clsCustomer::CustSubId},
+                                   ui->flxData->sortsUpwards());
 }
 
 void frmCustomerList::showRows() {

@@ -30,8 +30,8 @@ private:
     void takePrefecture();
     void sortBy(int column);
 
-    QString filter() const;
-    QString order() const;
+    SqlTerm filter() const;
+    SqlTerm order() const;
     void showRows();
 
     void open(qint16 mode);

@@ -25,8 +25,6 @@ constexpr int personLength = 30;
 constexpr int chargeLength = 40;
 constexpr int insuranceClaimName = 4;
 
-const QString inUse = u"[有効Flg] = 0"_qs;
-
 // 法別 and 請求先 of a row stand in its hidden numbers.
 QList<GridColumn> insuranceColumns() {
     return {GridColumn::of(u"法別No"_qs, 10).unseen(), GridColumn::of(u"保険名"_qs, 15).typed(),
@@ -85,8 +83,8 @@ void CsEstimateBasicPage::connectChart() {
 void CsEstimateBasicPage::fillLists() {
     m_person->fillLists();
     FillAssistList(ui->cboLR, AssistGroup::Side);
-    FillProducerList(ui->cboProducer, inUse);
-    FillProducerList(ui->cboCharge1, inUse);
+    FillProducerList(ui->cboProducer, gProducerManager.inUse());
+    FillProducerList(ui->cboCharge1, gProducerManager.inUse());
     fillDoctors();
 }
 
@@ -213,10 +211,10 @@ void CsEstimateBasicPage::takeEraDate() {
 }
 
 void CsEstimateBasicPage::chooseCustomer() {
-    const QString where = SqlAllOf({SqlStartsWith(u"[名前1]"_qs, ui->txtName1->value()),
-                                    SqlStartsWith(u"[名前2]"_qs, ui->txtName2->value()),
-                                    SqlStartsWith(u"[フリガナ1]"_qs, ui->txtKana1->value()),
-                                    SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value())});
+    const SqlTerm where = gCustomerManager.startsWith({{&clsCustomer::CustNm1, ui->txtName1->value()},
+                                                       {&clsCustomer::CustNm2, ui->txtName2->value()},
+                                                       {&clsCustomer::CustKn1, ui->txtKana1->value()},
+                                                       {&clsCustomer::CustKn2, ui->txtKana2->value()}});
     std::optional<frmCsEstimateList::Choice> estimate;
     const auto chosen = selectCustomer(this, where, [&](QWidget* parent) {
         estimate = frmCsEstimateList::chooseOf(parent, ui->txtName1->value(), ui->txtName2->value());
@@ -252,10 +250,9 @@ void CsEstimateBasicPage::chooseChart() {
         ShowMessage(102, u"顧客"_qs);
         return;
     }
-    const QString where =
-        u"[顧客ID] = "_qs + sqlText(m_customer.CustId) + u" AND [顧客枝番] = "_qs + sqlNumber(m_customer.CustSubId);
-    const auto chosen = SelectFrom(this, u"カルテ"_qs, gChartManager.GetSelectList(where, u"[カルテNo]"_qs),
-                                   {u"顧客ID"_qs, u"顧客枝番"_qs});
+    Recordset charts =
+        gChartManager.GetSelectList(gChartManager.keyed(m_customer.key()), gChartManager.column(&clsChart::ChartNo));
+    const auto chosen = SelectFrom(this, u"カルテ"_qs, std::move(charts), {u"顧客ID"_qs, u"顧客枝番"_qs});
     if (!chosen) return;
     clsChart chart;
     if (!gChartManager.GetData(m_customer.CustId, m_customer.CustSubId, chosen->value(u"カルテNo"_qs), chart)) return;

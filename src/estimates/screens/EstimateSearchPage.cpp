@@ -4,7 +4,7 @@
 #include "base/basMessage.h"
 #include "customers/clsCustomerManager.h"
 #include "customers/screens/CustomerSelection.h"
-#include "db/clsDbManager.h"
+#include "estimates/EstimateManagers.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
 #include "ui/OrderChoice.h"
@@ -16,8 +16,6 @@ namespace {
 
 constexpr int statusBoxes = 10;
 constexpr char statusNumber[] = "procKbnNo";
-
-const QString inUse = u"[有効Flg] = 0"_qs;
 
 } // namespace
 
@@ -48,15 +46,15 @@ EstimateSearchPage::~EstimateSearchPage() = default;
 void EstimateSearchPage::fillLists() {
     FillPrefList(ui->cboPref);
     FillCityList(ui->cboCity, {});
-    FillInsList(ui->cboIns, inUse, u"[順番]"_qs, {.all = true});
-    FillDoctorList(ui->cboDoctor, inUse);
-    FillProducerList(ui->cboProducer, inUse);
+    FillInsList(ui->cboIns, gInsManager.inUse(), bySeq, {.all = true});
+    FillDoctorList(ui->cboDoctor, gDoctorManager.inUse());
+    FillProducerList(ui->cboProducer, gProducerManager.inUse());
     fillStatuses();
 }
 
 void EstimateSearchPage::fillStatuses() {
     QList<clsProcKbn> rows;
-    gProcKbnManager.GetList(rows, {}, u"[処理区分番号]"_qs);
+    gProcKbnManager.GetList(rows, {}, gProcKbnManager.byKey());
     const QList<QCheckBox*> boxes = statuses();
     for (int i = 0; i < boxes.size(); ++i) {
         const clsProcKbn status = rows.value(i);
@@ -135,10 +133,11 @@ bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->
 // --- selection lists ---
 
 void EstimateSearchPage::chooseCustomer() {
-    const QString where = SqlAllOf(
-        {SqlStartsWith(u"[顧客番号]"_qs, ui->txtCsNo->value()), SqlStartsWith(u"[名前1]"_qs, ui->txtName1->value()),
-         SqlStartsWith(u"[名前2]"_qs, ui->txtName2->value()), SqlStartsWith(u"[フリガナ1]"_qs, ui->txtKana1->value()),
-         SqlStartsWith(u"[フリガナ2]"_qs, ui->txtKana2->value())});
+    const SqlTerm where = gCustomerManager.startsWith({{&clsCustomer::CustNo, ui->txtCsNo->value()},
+                                                       {&clsCustomer::CustNm1, ui->txtName1->value()},
+                                                       {&clsCustomer::CustNm2, ui->txtName2->value()},
+                                                       {&clsCustomer::CustKn1, ui->txtKana1->value()},
+                                                       {&clsCustomer::CustKn2, ui->txtKana2->value()}});
     const auto chosen = selectCustomer(this, where);
     clsCustomer customer;
     if (!chosen || !gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer))
@@ -150,9 +149,8 @@ void EstimateSearchPage::chooseCustomer() {
 }
 
 void EstimateSearchPage::chooseClaim() {
-    const QString where = SqlAllOf({inUse, SqlStartsWith(u"[請求先コード]"_qs, ui->txtClaimCd->value())});
-    const auto chosen =
-        SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, u"[順番]"_qs), {u"請求先No"_qs});
+    const SqlTerm where = SqlAllOf({gClaimManager.inUse(), gClaimManager.withCode(ui->txtClaimCd->value())});
+    const auto chosen = SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, bySeq), {u"請求先No"_qs});
     if (!chosen) return;
     ui->txtClaimCd->setValue(chosen->value(u"請求先コード"_qs));
     ui->txtClaimNm->setValue(chosen->value(u"請求先"_qs));
@@ -161,11 +159,8 @@ void EstimateSearchPage::chooseClaim() {
 void EstimateSearchPage::chooseOrder() { SelectOrder(this, ui->txtOrderCd, ui->txtOrderNm); }
 
 void EstimateSearchPage::chooseProduct() {
-    const QString where = SqlStartsWith(u"[製品コード]"_qs, ui->txtProductCd->value());
-    Recordset products = gDbManager.Connection().query(
-        u"SELECT [製品ID], [製品コード], [製品名称] FROM [マスタ見積情報]"_qs +
-        (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u" ORDER BY [製品コード]"_qs);
-    const auto chosen = SelectFrom(this, u"マスタ見積"_qs, std::move(products), {u"製品ID"_qs});
+    const auto chosen = SelectFrom(this, u"マスタ見積"_qs, gCsEstimateManager.GetProductList(ui->txtProductCd->value()),
+                                   {u"製品ID"_qs});
     if (!chosen) return;
     ui->txtProductCd->setValue(chosen->value(u"製品コード"_qs));
     ui->txtProductNm->setValue(chosen->value(u"製品名称"_qs));

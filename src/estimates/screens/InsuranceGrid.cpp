@@ -56,22 +56,10 @@ bool InsuranceGrid::isPrivate(int row) const {
 
 // The payers registered for the row's law, the last used first; without a law all of them.
 QList<clsClaim> InsuranceGrid::payersOf(int row) const {
-    QList<clsClaim> payers;
     const QString law = m_grid->value(row, InsNo);
-    if (!isLaw(law)) {
-        gClaimManager.GetList(payers, u"[有効Flg] = 0"_qs, u"[順番]"_qs);
-        return payers;
-    }
-    QList<clsInsClaim> pairs;
-    gInsClaimManager.GetList(pairs, u"[法別請求対応].[法別No] = %1 AND [請求先].[有効Flg] = 0"_qs.arg(sqlNumber(law)),
-                             u"[法別請求対応].[順番]"_qs, Direction::Descending);
-    for (const clsInsClaim& pair : pairs) {
-        clsClaim payer;
-        payer.ClaimNo = pair.ClaimNo;
-        payer.ClaimCd = pair.ClaimCd;
-        payer.ClaimNm = pair.ClaimNm;
-        payers << payer;
-    }
+    if (isLaw(law)) return gInsClaimManager.payersOf(law);
+    QList<clsClaim> payers;
+    gClaimManager.GetList(payers, gClaimManager.inUse(), bySeq);
     return payers;
 }
 
@@ -79,7 +67,7 @@ bool InsuranceGrid::offerChoices(int row, int column) {
     GridEntries entries;
     if (column == InsNm) {
         QList<clsIns> laws;
-        gInsManager.GetList(laws, u"[有効Flg] = 0"_qs, u"[順番]"_qs);
+        gInsManager.GetList(laws, gInsManager.inUse(), bySeq);
         for (const clsIns& law : laws) entries << GridEntry{law.InsNm, law.InsNm, {}};
     } else if (column == ClaimNm && isPrivate(row)) {
         for (const QString& text : {byCustomer, byInsured, byHand}) entries << GridEntry{text, text, {}};
@@ -112,9 +100,7 @@ void InsuranceGrid::takeLaw(int row) {
         m_grid->clearRow(row);
         return;
     }
-    QList<clsIns> laws;
-    gInsManager.GetList(laws, u"[法別] = "_qs + sqlText(name), u"[法別No]"_qs);
-    m_grid->setValue(row, InsNo, laws.isEmpty() ? QString() : laws.first().InsNo);
+    m_grid->setValue(row, InsNo, gInsManager.numberOf(name));
     // The patient pays: the payer of another law has no part in it.
     if (isPrivate(row) && !m_grid->value(row, ClaimNo).isEmpty()) setPayer(row, {});
 }
@@ -131,7 +117,8 @@ void InsuranceGrid::takeCode(int row) {
     const QString code = Text::rightTrimmed(m_grid->value(row, ClaimCd));
     QList<clsClaim> found;
     if (!code.isEmpty())
-        gClaimManager.GetList(found, u"[請求先コード] = %1 AND [有効Flg] = 0"_qs.arg(sqlText(code)), u"[順番]"_qs);
+        gClaimManager.GetList(found, SqlAllOf({gClaimManager.equal(&clsClaim::ClaimCd, code), gClaimManager.inUse()}),
+                              bySeq);
     if (!found.isEmpty())
         setPayer(row, found.first());
     else

@@ -42,18 +42,19 @@ QList<GridColumn> estimateColumns() {
 // What a click on a heading sorts by, and what follows of equal ones.
 struct SortColumn {
     int column;
-    QStringList terms;
+    QList<SqlColumn> sorting;
 };
 
 const QList<SortColumn>& sortColumns() {
-    static const QList<SortColumn> table{{Name, {u"[顧客情報].[名前1]"_qs, u"[顧客情報].[名前2]"_qs}},
-                                         {PickPtn, {u"[顧客見積情報].[採型日]"_qs}},
-                                         {DelvFin, {u"[顧客見積情報].[納品実績日]"_qs}},
-                                         {Product, {u"[顧客見積情報].[製品コード]"_qs}},
-                                         {EstName, {u"[顧客見積情報].[見積名称]"_qs}},
-                                         {Sum, {u"[顧客見積情報].[見積総合計]"_qs}},
-                                         {Order, {u"[顧客カルテ].[受注先]"_qs}},
-                                         {Status, {u"[顧客見積情報].[処理区分]"_qs}}};
+    static const QList<SortColumn> table{
+        {Name, {gCustomerManager.column(&clsCustomer::CustNm1), gCustomerManager.column(&clsCustomer::CustNm2)}},
+        {PickPtn, {gCsEstimateManager.column(&clsCsEstimate::PickPtnDate)}},
+        {DelvFin, {gCsEstimateManager.column(&clsCsEstimate::DelvFinDate)}},
+        {Product, {gCsEstimateManager.column(&clsCsEstimate::ProductCd)}},
+        {EstName, {gCsEstimateManager.column(&clsCsEstimate::EstNm)}},
+        {Sum, {gCsEstimateManager.column(&clsCsEstimate::EstSum)}},
+        {Order, {gChartManager.column(&clsChart::OrderNm)}},
+        {Status, {gCsEstimateManager.column(&clsCsEstimate::ProcKbnNo)}}};
     return table;
 }
 
@@ -62,8 +63,6 @@ const SortColumn* sortColumn(int column) {
         if (known.column == column) return &known;
     return nullptr;
 }
-
-const QString byId = u"[顧客見積情報].[見積ID]"_qs;
 
 QString shortDate(const QString& date) { return formatDate(date, u"yy/mm/dd"_qs); }
 
@@ -212,13 +211,13 @@ void frmCsEstimateList::pageTurned(int page) {
 
 // Ticks belong to the search that they were set in; those of another one would narrow this one unseen.
 void frmCsEstimateList::forgetOtherTicks() {
-    const QString searched = ui->pagSearch->filter().condition();
+    const SqlTerm searched = ui->pagSearch->filter().condition();
     if (searched != m_searched) m_ticked.clear();
     m_searched = searched;
 }
 
 void frmCsEstimateList::showCustomers() {
-    m_customers->show(clsCustomerManager::KeysWithEst(m_searched, u"[顧客情報].[顧客番号]"_qs));
+    m_customers->show(clsCustomerManager::KeysWithEst(m_searched, gCustomerManager.column(&clsCustomer::CustNo)));
 }
 
 CustomerKey frmCsEstimateList::customerAt(int row) const {
@@ -259,7 +258,7 @@ void frmCsEstimateList::showNarrowing() {
 
 // --- the list as it is asked for ---
 
-QString frmCsEstimateList::condition() const {
+SqlTerm frmCsEstimateList::condition() const {
     if (!m_opened.CustId.isEmpty()) return withCustomers(m_searched, {m_opened});
     QStringList keys = m_ticked.values();
     keys.sort();
@@ -268,11 +267,9 @@ QString frmCsEstimateList::condition() const {
     return withCustomers(m_searched, customers);
 }
 
-QString frmCsEstimateList::order() const {
-    const SortColumn* sorted = sortColumn(ui->flxEstList->sortColumn());
-    if (!sorted) return byId;
-    const QString direction = ui->flxEstList->sortsUpwards() ? u" ASC "_qs : u" DESC "_qs;
-    return sorted->terms.join(direction + u", "_qs) + direction + u", "_qs + byId + u" ASC"_qs;
+SqlTerm frmCsEstimateList::order() const {
+    const SortColumn* marked = sortColumn(ui->flxEstList->sortColumn());
+    return gCsEstimateManager.ListOrder(marked ? marked->sorting : QList<SqlColumn>(), ui->flxEstList->sortsUpwards());
 }
 
 void frmCsEstimateList::sortBy(int column) {
@@ -318,7 +315,7 @@ void frmCsEstimateList::showWhatIsAskedFor() {
 
 void frmCsEstimateList::writeCsv() {
     forgetOtherTicks();
-    const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), byId);
+    const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), gCsEstimateManager.byKey());
     if (ids.isEmpty()) {
         ShowMessage(122, u"出力データ"_qs);
         return;

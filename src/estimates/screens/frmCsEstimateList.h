@@ -69,8 +69,8 @@ private:
     void showWhatIsAskedFor();
 
     // --- the list as it is asked for ---
-    QString condition() const;
-    QString order() const;
+    SqlTerm condition() const;
+    SqlTerm order() const;
     void sortBy(int column);
 
     // --- commands ---
@@ -82,7 +82,7 @@ private:
     std::unique_ptr<Ui::frmCsEstimateList> ui;
     KeyedList* m_customers;
     KeyedList* m_estimates;
-    QString m_searched;     // the condition that the lists show
+    SqlTerm m_searched;     // the condition that the lists show
     QSet<QString> m_ticked; // keys of its customers
     CustomerKey m_opened;   // the one of them whose estimates are looked at
     QString m_openedName;
