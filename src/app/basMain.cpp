@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int infoCode = 902;
-
 InstanceLock& instanceLock() {
     static InstanceLock lock;
     return lock;
@@ -57,7 +55,7 @@ bool Main() {
     bool shown = false;
     const bool started = guarded([&shown] {
         if (!instanceLock().take()) { // nothing was started here, so there is nothing to end
-            ShowMessage(infoCode, u"Halvaneは既に起動されています！"_qs);
+            ShowMessage(Message::Information, u"Halvaneは既に起動されています！"_qs);
             return;
         }
         readSystemDate();
@@ -74,7 +72,7 @@ void InitializeApp() {
     logStart();
     gDbManager.DBOpen();
     Managers::prepare(gDbManager.Connection());
-    gPriceYear = gSysSettingManager.value(20);
+    gPriceYear = gSysSettingManager.value(Setting::PriceYear);
 }
 
 void TerminateApp() noexcept {

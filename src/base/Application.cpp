@@ -1,7 +1,7 @@
 #include "base/Application.h"
 
+#include "base/Dates.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 
 QDate gSysDate;
 QString gSysYear;

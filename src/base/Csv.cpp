@@ -1,8 +1,8 @@
 #include "base/Csv.h"
 
 #include "base/AppError.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 
 namespace Csv {
 

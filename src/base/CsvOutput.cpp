@@ -1,9 +1,9 @@
 #include "base/CsvOutput.h"
 
+#include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Seams.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
@@ -77,7 +77,7 @@ bool settleEncoding(const QStringList& columns, const EachCsvRow& each, Csv::Enc
     each([&lacking](const CsvRow& row) { lacking.add(row); });
     if (lacking.isEmpty()) return true;
     encoding = Csv::Encoding::Utf8;
-    return ShowMessage(904, u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
+    return ShowMessage(Message::Question, u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
                             u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs +
                                 lacking.told()) == AnswerYes;
 }
@@ -96,5 +96,5 @@ void exportCsv(const QStringList& columns, const EachCsvRow& each) {
         ++written;
     });
     file.commit();
-    ShowMessage(902, formatThousands(written) + u"件出力しました。"_qs);
+    ShowMessage(Message::Information, formatThousands(written) + u"件出力しました。"_qs);
 }

@@ -1,7 +1,7 @@
 #include "base/Money.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 #include <cmath>
 

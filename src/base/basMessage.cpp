@@ -20,32 +20,32 @@ const QHash<int, MessageForm>& forms() {
     using enum MessageIcon;
     using enum MessageButtons;
     static const QHash<int, MessageForm> table{
-        {101, {u"を入力して下さい。"_qs}},
-        {102, {u"を選択して下さい。"_qs}},
-        {111, {u"が無効です。"_qs}},
-        {112, {u"が重複しています。"_qs}},
-        {121, {u"が見つかりません。"_qs}},
-        {122, {u"がありません。"_qs}},
-        {123, {u"がオーバーフローします。"_qs}},
-        {124, {u"が設定されていません。"_qs}},
-        {201, {u"は変更されています。保存しますか？"_qs, Question, YesNoCancel}},
-        {202, {u"を削除しますか？"_qs, Question, YesNo, true}},
-        {203, {u"印刷を開始しますか？"_qs, Question, YesNo}},
-        {204,
+        {Message::EnterValue, {u"を入力して下さい。"_qs}},
+        {Message::ChooseValue, {u"を選択して下さい。"_qs}},
+        {Message::Invalid, {u"が無効です。"_qs}},
+        {Message::Duplicate, {u"が重複しています。"_qs}},
+        {Message::NotFound, {u"が見つかりません。"_qs}},
+        {Message::Missing, {u"がありません。"_qs}},
+        {Message::Overflow, {u"がオーバーフローします。"_qs}},
+        {Message::NotSet, {u"が設定されていません。"_qs}},
+        {Message::AskSave, {u"は変更されています。保存しますか？"_qs, Question, YesNoCancel}},
+        {Message::AskDelete, {u"を削除しますか？"_qs, Question, YesNo, true}},
+        {Message::AskPrint, {u"印刷を開始しますか？"_qs, Question, YesNo}},
+        {Message::AskClear,
          {u"をクリアしますか？\n\n※クリアすると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo, true}},
-        {205,
+        {Message::AskRun,
          {u"を実行します。よろしいですか？\n\n※実行すると現在の消費税相当額で金額を再計算します。"_qs, Question, YesNo,
           true}},
-        {301, {u"を保存した後、実行して下さい。"_qs}},
-        {302, {u"の編集を取り消します。よろしいですか？"_qs, Question, YesNo}},
-        {901, {}},
-        {902, {{}, Information}},
-        {904, {{}, Question, YesNo}},
-        {905, {{}, Question, YesNo, true}},
-        {908, {{}, Question, RetryCancel}},
-        {909, {{}, Question, YesNoCancel}},
-        {991, {{}, Critical}},
-        {992, {{}, Question, YesNo}},
+        {Message::SaveFirst, {u"を保存した後、実行して下さい。"_qs}},
+        {Message::AskCancel, {u"の編集を取り消します。よろしいですか？"_qs, Question, YesNo}},
+        {Message::Warning, {}},
+        {Message::Information, {{}, Information}},
+        {Message::Question, {{}, Question, YesNo}},
+        {Message::QuestionNo, {{}, Question, YesNo, true}},
+        {Message::QuestionRetry, {{}, Question, RetryCancel}},
+        {Message::QuestionCancel, {{}, Question, YesNoCancel}},
+        {Message::Failure, {{}, Critical}},
+        {Message::QuestionPlain, {{}, Question, YesNo}},
     };
     return table;
 }
@@ -68,7 +68,7 @@ AppError currentError() {
 QString GetMessageText(int code, const QString& text) {
     const auto form = forms().find(code);
     if (form == forms().end()) return u"未定義ｴﾗｰ"_qs;
-    if (code == 991 && std::current_exception()) {
+    if (code == Message::Failure && std::current_exception()) {
         const AppError error = currentError();
         return error.description() + u" ("_qs + QString::number(static_cast<qint32>(error.number())) + u")"_qs;
     }
@@ -87,5 +87,5 @@ void ReportError() {
     SetWaitCursor(false);
     const AppError error = currentError();
     writeLog(error.description() + u" ("_qs + error.source() + u")"_qs);
-    ShowMessage(901, error.description());
+    ShowMessage(Message::Warning, error.description());
 }

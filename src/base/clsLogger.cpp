@@ -1,8 +1,9 @@
 #include "base/clsLogger.h"
 
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "base/clsProfile.h"
 
 #include <QDir>

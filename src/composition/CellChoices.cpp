@@ -1,6 +1,6 @@
 #include "composition/CellChoices.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 #include <algorithm>
 

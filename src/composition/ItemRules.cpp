@@ -1,6 +1,5 @@
 #include "composition/ItemRules.h"
 
-#include "base/basCommon.h"
 #include "db/clsAssistManager.h"
 #include "price/PriceManagers.h"
 #include "price/basPriceLookup.h"

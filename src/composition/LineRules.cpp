@@ -1,6 +1,6 @@
 #include "composition/LineRules.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "composition/ItemRules.h"
 
 #include <algorithm>

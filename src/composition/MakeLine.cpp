@@ -1,6 +1,5 @@
 #include "composition/LineRules.h"
 
-#include "base/basCommon.h"
 #include "price/PriceManagers.h"
 #include "price/basPriceLookup.h"
 

@@ -1,6 +1,6 @@
 #include "composition/Pricing.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/clsLogger.h"
 #include "composition/LineRules.h"
 

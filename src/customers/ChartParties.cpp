@@ -1,6 +1,6 @@
 #include "customers/ChartParties.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "reference/ReferenceManagers.h"
 
 namespace {

@@ -1,7 +1,8 @@
 #include "customers/clsChartManager.h"
 
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 
 clsChartManager gChartManager;
@@ -112,7 +113,7 @@ void clsChartManager::SaveFromEstimate(clsChart& chart, Mode mode) {
             const QString differences = GetDiffText(chart, stored);
             if (differences.isEmpty()) return;
             const QString question = differences + u"が変更されています。\n顧客カルテ情報を別管理しますか?"_qs;
-            if (ShowMessage(904, question) == AnswerYes) chart.ChartNo.clear();
+            if (ShowMessage(Message::Question, question) == AnswerYes) chart.ChartNo.clear();
         }
     }
     SaveData(chart);

@@ -1,6 +1,6 @@
 #include "customers/clsCsInsManager.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 clsCsInsManager gCsInsManager;
 

@@ -2,8 +2,8 @@
 
 #include "base/AppError.h"
 #include "base/Application.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/EstimateTables.h"
 #include "db/AskingOutside.h"
@@ -120,19 +120,20 @@ bool clsCustomerManager::IsChanged(const clsCustomer& customer, const clsCustome
 
 bool clsCustomerManager::SaveData(clsCustomer& customer) { return findItsPlace(customer) && write(customer); }
 
-bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer) {
+bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer, const ConfirmUpdate& confirm) {
     clsCustomer stored;
     if (customer.CustId.isEmpty() || !GetData(customer.CustId, customer.CustSubId, stored))
         return drawNewId(customer) && write(customer);
     if (!IsChanged(customer, stored)) return true;
-    return takeDecision(customer, askConfirmation(stored, customer)) && write(customer);
+    return takeDecision(customer, ask(confirm, stored, customer)) && write(customer);
 }
 
 // Of a person without an id the operator says whether it is one who is known.
 bool clsCustomerManager::findItsPlace(clsCustomer& customer) {
     clsCustomer same;
     if (customer.CustId.isEmpty()) {
-        const qint16 answer = FindSame(customer, same) ? ShowMessage(909, sameQuestion(customer)) : qint16(AnswerNo);
+        const qint16 answer = FindSame(customer, same) ? ShowMessage(Message::QuestionCancel, sameQuestion(customer))
+                                                       : qint16(AnswerNo);
         if (answer != AnswerYes) return answer == AnswerNo && drawNewId(customer);
         customer.CustId = same.CustId;
         customer.CustSubId.clear();
@@ -143,12 +144,12 @@ bool clsCustomerManager::findItsPlace(clsCustomer& customer) {
 }
 
 // The question is the same one as long as stored and typed values are.
-CustomerUpdate clsCustomerManager::askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const {
-    if (!confirmUpdate) throw AppError(u"顧客登録確認の画面がありません。"_qs, u"clsCustomerManager"_qs);
+CustomerUpdate clsCustomerManager::ask(const ConfirmUpdate& confirm, const clsCustomer& stored,
+                                       const clsCustomer& typed) const {
     QStringList values;
     for (const Field<clsCustomer>& field : fields()) values << stored.*field.member << typed.*field.member;
     return static_cast<CustomerUpdate>(AskingOutside::ask(
-        values.join(u'\t'), [this, stored, typed] { return static_cast<int>(confirmUpdate(stored, typed)); }));
+        values.join(u'\t'), [confirm, stored, typed] { return static_cast<int>(confirm(stored, typed)); }));
 }
 
 bool clsCustomerManager::takeDecision(clsCustomer& customer, CustomerUpdate decision) {
@@ -176,7 +177,7 @@ bool clsCustomerManager::drawNewId(clsCustomer& customer) {
     customer.CustId = gAutoIdsManager.GetNewId(u"顧客ID"_qs);
     customer.CustSubId = u"1"_qs;
     if (!customer.CustId.isEmpty()) return true;
-    ShowMessage(902, u"新規の顧客IDを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+    ShowMessage(Message::Information, u"新規の顧客IDを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
     return false;
 }
 
@@ -186,7 +187,7 @@ bool clsCustomerManager::drawNumber(clsCustomer& customer) {
     do {
         const QString value = gAutoIdsManager.GetNewId(u"顧客番号"_qs);
         if (value.isEmpty()) {
-            ShowMessage(902, u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+            ShowMessage(Message::Information, u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
             return false;
         }
         customer.CustNo = gSysYear + value;

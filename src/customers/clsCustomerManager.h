@@ -22,6 +22,9 @@ struct clsCustomer {
 // What the operator decided about a stored customer that differs from what was typed.
 enum class CustomerUpdate { Closed = 0, Overwrite = 1, NewBranch = 2, NewCustomer = 3 };
 
+// The screen that shows stored against entered values and asks for that decision.
+using ConfirmUpdate = std::function<CustomerUpdate(const clsCustomer& stored, const clsCustomer& typed)>;
+
 class clsCustomerManager : public TableManager<clsCustomer> {
 public:
     clsCustomerManager();
@@ -34,8 +37,8 @@ public:
     // of the same name, birth date and address, and draws the numbers into the record. False: the operator cancelled
     // or a number could not be drawn; nothing is written.
     bool SaveData(clsCustomer& customer);
-    // The save of the estimate editor: a stored row that differs is put to the operator through `confirmUpdate`.
-    bool SaveDataFromEstimate(clsCustomer& customer);
+    // The save of the estimate editor: a stored row that differs is put to the operator.
+    bool SaveDataFromEstimate(clsCustomer& customer, const ConfirmUpdate& confirm);
 
     // The largest branch number plus 1, "1" for a person without a branch; beyond it when a deleted branch of that
     // number left charts, laws or estimates behind.
@@ -67,14 +70,11 @@ public:
     static SqlTerm ofListKeys(const QStringList& listKeys);
     QList<clsCustomer> customersOf(const QStringList& listKeys);
 
-    // Filled by the screen that shows stored against entered values.
-    std::function<CustomerUpdate(const clsCustomer& stored, const clsCustomer& typed)> confirmUpdate;
-
 private:
     bool hasLeftovers(const CustomerKey& branch);
     // The steps of a save; false when it ends there.
     bool findItsPlace(clsCustomer& customer);
-    CustomerUpdate askConfirmation(const clsCustomer& stored, const clsCustomer& typed) const;
+    CustomerUpdate ask(const ConfirmUpdate& confirm, const clsCustomer& stored, const clsCustomer& typed) const;
     bool takeDecision(clsCustomer& customer, CustomerUpdate decision);
     bool drawNewId(clsCustomer& customer);
     bool drawNumber(clsCustomer& customer);

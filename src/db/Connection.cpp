@@ -1,7 +1,7 @@
 #include "db/Connection.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "base/clsLogger.h"
 #include "db/Engine.h"
 #include "db/RecordsetStream.h"

@@ -1,8 +1,9 @@
 #include "db/ConnectionSettings.h"
 
 #include "base/AppError.h"
+#include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "base/clsProfile.h"
 
 #include <QDir>

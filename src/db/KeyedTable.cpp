@@ -1,7 +1,7 @@
 #include "db/KeyedTable.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/clsLogger.h"
 
 void KeyedTable::Prepare(Connection& connection) {

@@ -1,7 +1,8 @@
 #include "db/RecordsetStream.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 
 #include <QDateTime>
 #include <QRegularExpression>

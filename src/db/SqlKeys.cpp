@@ -1,8 +1,8 @@
 #include "db/SqlKeys.h"
 
 #include "base/AppError.h"
+#include "base/Dates.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "db/Schema.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "db/SqlText.h"
 
 #include "base/AppError.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 
 #include <algorithm>
 

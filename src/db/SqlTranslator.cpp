@@ -1,7 +1,8 @@
 #include "db/SqlTranslator.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "db/SqlDialect.h"
 
 #include <QSet>

@@ -4,6 +4,7 @@
 #include "base/clsLogger.h"
 #include "db/Connection.h"
 #include "db/TableManager.h"
+#include "db/clsSysSettingManager.h"
 
 namespace {
 
@@ -21,12 +22,12 @@ bool hasSetting(Connection& connection, int No, QString* value = nullptr) {
 void TableMaintenance(Connection& connection) {
     writeLog(u"テーブルメンテナンスの開始"_qs);
     QString stored;
-    if (!hasSetting(connection, 99, &stored)) {
+    if (!hasSetting(connection, Setting::DatabaseVersion, &stored)) {
         stored = u"000000"_qs;
         connection.execute(insertHead + u"   99, 'ＤＢバージョン', '"_qs + stored + u"', 'ＤＢのバージョン番号')"_qs);
     }
     if (stored < u"020105"_qs) connection.execute(u" ALTER TABLE [システム設定] ALTER COLUMN [No] INTEGER NOT NULL"_qs);
-    if (!hasSetting(connection, 44))
+    if (!hasSetting(connection, Setting::UsesProductName))
         connection.execute(insertHead + u"   44, 'マスタ見積名称利用', '0', '0：なし、1：あり')"_qs);
     const QString version = programVersionCode();
     if (stored < version)

@@ -1,7 +1,7 @@
 #include "db/clsAssistManager.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 clsAssistManager gAssistManager;
 

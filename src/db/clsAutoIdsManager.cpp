@@ -2,7 +2,7 @@
 
 #include "base/AppError.h"
 #include "base/Application.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 clsAutoIdsManager gAutoIdsManager;
 

@@ -1,9 +1,10 @@
 #include "db/clsSQLMaker.h"
 
 #include "base/AppError.h"
+#include "base/Dates.h"
 #include "base/Money.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "db/Connection.h"
 #include "db/SqlText.h"
 

@@ -10,6 +10,39 @@ struct clsSysSetting {
     QString Memo;     // 備考
 };
 
+// The numbers of the settings.
+namespace Setting {
+inline constexpr int Tax = 2; // 3 is the other rate that an estimate may take
+inline constexpr int PrintsSex = 7;
+inline constexpr int PrintsBirth = 8;
+inline constexpr int PrintsInsured = 9;
+inline constexpr int PrintsAddress = 10;
+inline constexpr int PrintsTel = 11;
+inline constexpr int LinesPerPage = 13;
+inline constexpr int ReceiptCopy = 15;
+inline constexpr int NameSide = 17;
+inline constexpr int NameGrantRepair = 18;
+inline constexpr int NamePickStyle = 19;
+inline constexpr int PriceYear = 20;
+// Of each kind of document, in the order of the kinds: 見積書 21, 内訳書 23 and so on, and behind it the form of its date.
+inline constexpr int PaperSizes = 21;
+inline constexpr int DateForms = 22;
+inline constexpr int TmpSetDays = 33; // from the casting date to the planned ones
+inline constexpr int CmpltDays = 34;
+inline constexpr int DelvDays = 35;
+inline constexpr int AskDays = 36;
+inline constexpr int PayInDays = 37;
+inline constexpr int InvoiceCopy = 39;
+inline constexpr int AccidentEstimate = 41;
+inline constexpr int Account = 42;
+inline constexpr int AccidentInvoice = 43;
+inline constexpr int UsesProductName = 44;
+inline constexpr int DatabaseVersion = 99;
+
+constexpr int paperSize(int documentKind) { return PaperSizes + 2 * (documentKind - 1); }
+constexpr int dateForm(int documentKind) { return DateForms + 2 * (documentKind - 1); }
+} // namespace Setting
+
 class clsSysSettingManager : public TableManager<clsSysSetting> {
 public:
     clsSysSettingManager();

@@ -1,7 +1,7 @@
 #include "estimates/EstimateAmounts.h"
 
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "price/basPriceLookup.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "estimates/EstimateComposition.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "composition/CompositionRecords.h"
 
 namespace {

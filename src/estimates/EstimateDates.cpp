@@ -1,7 +1,8 @@
 #include "estimates/EstimateDates.h"
 
 #include "base/Application.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 
 namespace {
 

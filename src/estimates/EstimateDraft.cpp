@@ -2,8 +2,8 @@
 
 #include "base/AppError.h"
 #include "base/Application.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "composition/LineRules.h"
 #include "customers/ChartParties.h"
@@ -16,13 +16,13 @@
 
 namespace {
 
-constexpr int taxSetting = 2;
 const QString wholePrice = u"100"_qs;
 
 // The save of one draft, step by step. A step that the operator refuses answers false.
 class Saver {
 public:
-    Saver(Connection& connection, EstimateDraft draft) : m_connection(connection), m_draft(std::move(draft)) {}
+    Saver(Connection& connection, EstimateDraft draft, const ConfirmUpdate& confirm)
+        : m_connection(connection), m_draft(std::move(draft)), m_confirm(confirm) {}
 
     bool run() {
         const QString shownId = m_draft.customer.CustId;
@@ -50,14 +50,14 @@ private:
             throw AppError(
                 u"この見積は他の端末で削除されています。\n「再来受付」で新しい見積にすると登録できます。"_qs);
         if (stored.UpdDate == estimate().UpdDate) return true;
-        return ShowMessage(905, u"他の端末で更新されています。上書きしますか？"_qs) == AnswerYes;
+        return ShowMessage(Message::QuestionNo, u"他の端末で更新されています。上書きしますか？"_qs) == AnswerYes;
     }
 
     bool saveCustomer() {
         clsCustomer& customer = m_draft.customer;
         if (customer.CustNo == automaticNumber) customer.CustNo.clear();
         customer.UpdUserNo = QString::number(gUserNo);
-        if (!gCustomerManager.SaveDataFromEstimate(customer)) return false;
+        if (!gCustomerManager.SaveDataFromEstimate(customer, m_confirm)) return false;
         estimate().CustId = customer.CustId;
         estimate().CustSubId = customer.CustSubId;
         return true;
@@ -106,10 +106,10 @@ private:
     // A new estimate with another tax than the setting is more often a slip than a wish.
     bool confirmTax() {
         if (!estimate().EstNo.isEmpty()) return true;
-        const QString setting = gSysSettingManager.value(taxSetting).trimmed();
+        const QString setting = gSysSettingManager.value(Setting::Tax).trimmed();
         const QString tax = estimate().Tax.trimmed();
         if (tax == setting) return true;
-        return ShowMessage(905, u"消費税相当額がシステム設定の値と異なります。\nこのまま登録しますか？\n\n"
+        return ShowMessage(Message::QuestionNo, u"消費税相当額がシステム設定の値と異なります。\nこのまま登録しますか？\n\n"
                                 u"消費税相当額：%1\nシステム設定：%2"_qs.arg(tax, setting)) == AnswerYes;
     }
 
@@ -147,6 +147,7 @@ private:
 
     Connection& m_connection;
     EstimateDraft m_draft;
+    const ConfirmUpdate& m_confirm;
 };
 
 ClaimRow rowOf(const clsCsEstAsk& ask) {
@@ -237,7 +238,7 @@ void EstimateDraft::clearEstimate(Clearing level) {
     estimate.Discount1 = estimate.Discount2 = estimate.Discount3 = wholePrice;
 }
 
-void EstimateDraft::takeCurrentTax() { estimate.Tax = gSysSettingManager.value(taxSetting); }
+void EstimateDraft::takeCurrentTax() { estimate.Tax = gSysSettingManager.value(Setting::Tax); }
 
 EstimateDraft newOrder() {
     EstimateDraft draft;
@@ -250,14 +251,14 @@ EstimateDraft newOrder() {
 
 // --- between screen and tables ---
 
-SaveResult saveEstimate(Connection& connection, EstimateDraft& draft) {
+SaveResult saveEstimate(Connection& connection, EstimateDraft& draft, const ConfirmUpdate& confirm) {
     if (!draft.composition.hasLines()) {
-        ShowMessage(124, u"見積明細(基本・製作要素／完成要素)"_qs);
+        ShowMessage(Message::NotSet, u"見積明細(基本・製作要素／完成要素)"_qs);
         return SaveResult::Refused;
     }
     EstimateDraft saved;
     const bool stored = AskingOutside::run(connection, [&] {
-        Saver saver(connection, draft);
+        Saver saver(connection, draft, confirm);
         if (!saver.run()) return false;
         saved = saver.draft();
         return true;

@@ -56,8 +56,8 @@ enum class SaveResult { Saved, Refused };
 
 // Writes customer, chart, insurances, header, items, lines and claims in one transaction, or nothing. The numbers drawn
 // stand in the draft afterwards. Questions are put through `ShowMessage`; a refusal rolls back and leaves the draft as
-// it was. Failures rise after the rollback.
-SaveResult saveEstimate(Connection& connection, EstimateDraft& draft);
+// it was; `confirm` asks about a customer who is stored otherwise. Failures rise after the rollback.
+SaveResult saveEstimate(Connection& connection, EstimateDraft& draft, const ConfirmUpdate& confirm);
 
 // Reads a stored estimate with all that hangs on it. False when there is no such estimate. Its amounts are those
 // stored; a customer or chart that is gone leaves empty members.

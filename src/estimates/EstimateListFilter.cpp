@@ -1,6 +1,6 @@
 #include "estimates/EstimateListFilter.h"
 
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "db/SqlKeys.h"
 
 namespace {

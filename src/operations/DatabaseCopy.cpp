@@ -2,8 +2,8 @@
 
 #include "base/AppError.h"
 #include "base/Money.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "db/Connection.h"
 #include "operations/DatabaseCreation.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "db/TableManager.h"
 #include "price/PriceRecords.h"
 

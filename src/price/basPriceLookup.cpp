@@ -1,7 +1,7 @@
 #include "price/basPriceLookup.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "price/PriceManagers.h"
 
 #include <cmath>

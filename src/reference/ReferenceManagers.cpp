@@ -1,7 +1,8 @@
 #include "reference/ReferenceManagers.h"
 
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "db/clsAutoIdsManager.h"
 
@@ -144,7 +145,7 @@ template <class Record> void CodedManager<Record>::putInUse(Record& record) {
 
 template <class Record> qint16 PartyManager<Record>::askWhichName(const Record& typed, const Record& master) const {
     const QString what = this->table();
-    return ShowMessage(909, u"入力された%1はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n"
+    return ShowMessage(Message::QuestionCancel, u"入力された%1はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n"
                             u"　　%1コード：%2\n　　(入力)%3\n　　(マスタ)%4\n\n"
                             u"※「いいえ」ボタンを選択するとマスタの内容が上書きされます。"_qs.arg(
                                 what, typed.*this->code(), typed.*this->name(), master.*this->name()));
@@ -203,7 +204,7 @@ template <class Record> void PersonManager<Record>::AddByName(Record& record) {
 
     const QString code = gAutoIdsManager.GetNewId(this->table() + u"コード"_qs);
     if (code.isEmpty()) {
-        ShowMessage(902, this->table() + u"コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+        ShowMessage(Message::Information, this->table() + u"コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
         return;
     }
     record.*this->code() = code;

@@ -32,7 +32,7 @@ QList<clsZip> clsZipManager::startingWith(const QString& zip) {
 Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& order) {
     const SqlTerm where =
         SqlAllOf({equal(&clsZip::Pref, inPref), SqlStartsWith(u"([市区町村名] & [町域名])"_qs, inAdr)});
-    if (count(where) == 0) ShowMessage(902, u"該当する郵便番号情報は登録されていません。"_qs);
+    if (count(where) == 0) ShowMessage(Message::Information, u"該当する郵便番号情報は登録されていません。"_qs);
     return selectList(where, order);
 }
 

@@ -1,6 +1,6 @@
 #include "reports/ClaimBox.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 #include <algorithm>
 

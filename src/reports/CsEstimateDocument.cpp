@@ -1,5 +1,7 @@
 #include "reports/CsEstimateDocument.h"
 
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "base/basCommon.h"
 #include "price/basPriceLookup.h"

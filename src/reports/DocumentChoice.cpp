@@ -2,6 +2,7 @@
 
 #include "base/Money.h"
 #include "base/clsProfile.h"
+#include "db/clsSysSettingManager.h"
 
 namespace {
 
@@ -15,11 +16,11 @@ const QString plainInvoice = u"repCsEstAskA4NoM"_qs;
 // One for each kind.
 const QList<ReportPaper>& documentPapers() {
     static const QList<ReportPaper> papers{
-        {21, u"repCsEstimateA4"_qs, u"repCsEstimateB5"_qs, u"repCsEstimate2A4"_qs},
-        {23, u"repCsEstItemA4"_qs, u"repCsEstItemB5"_qs},
-        {25, u"repCsEstItemA4"_qs, u"repCsEstItemB5"_qs},
-        {27, plainInvoice, u"repCsEstAskB5"_qs},
-        {29, u"repCsEstPayA4"_qs, u"repCsEstPayB5"_qs, u"repCsEstPay2A4"_qs},
+        {Setting::paperSize(1), u"repCsEstimateA4"_qs, u"repCsEstimateB5"_qs, u"repCsEstimate2A4"_qs},
+        {Setting::paperSize(2), u"repCsEstItemA4"_qs, u"repCsEstItemB5"_qs},
+        {Setting::paperSize(3), u"repCsEstItemA4"_qs, u"repCsEstItemB5"_qs},
+        {Setting::paperSize(4), plainInvoice, u"repCsEstAskB5"_qs},
+        {Setting::paperSize(5), u"repCsEstPayA4"_qs, u"repCsEstPayB5"_qs, u"repCsEstPay2A4"_qs},
     };
     return papers;
 }
@@ -49,9 +50,9 @@ bool takesAccidentSheets(DocumentKind kind, const DocumentChoiceSettings& settin
     case DocumentKind::Estimate:
     case DocumentKind::Breakdown:
     case DocumentKind::Detail:
-        return settings.value(41) == accidentForms;
+        return settings.value(Setting::AccidentEstimate) == accidentForms;
     case DocumentKind::Invoice:
-        return settings.accidentInvoice || settings.value(43) == accidentForms;
+        return settings.accidentInvoice || settings.value(Setting::AccidentInvoice) == accidentForms;
     case DocumentKind::Receipt:
         return false;
     }

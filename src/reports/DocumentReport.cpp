@@ -1,8 +1,9 @@
 #include "reports/DocumentReport.h"
 
 #include "base/Application.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/clsProfile.h"
 #include "db/clsOfficeManager.h"
 #include "db/clsSysSettingManager.h"
@@ -112,8 +113,8 @@ DocumentSetup readDocumentSetup() {
     gOfficeManager.GetData(1, office);
     DocumentSetup setup;
     setup.office = officeBlock(office);
-    setup.linesPerPage = ToInt(Val(gSysSettingManager.value(13)));
-    setup.accountKind = gSysSettingManager.value(42);
+    setup.linesPerPage = ToInt(Val(gSysSettingManager.value(Setting::LinesPerPage)));
+    setup.accountKind = gSysSettingManager.value(Setting::Account);
     setup.insurersInHeader = clsProfile().GetValue(u"Ins"_qs, u"InsDisp"_qs).compare(u"off", Qt::CaseInsensitive) != 0;
     return setup;
 }

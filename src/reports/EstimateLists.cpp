@@ -1,5 +1,5 @@
 #include "base/Application.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
 

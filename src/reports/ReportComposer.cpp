@@ -1,6 +1,6 @@
 #include "reports/ReportComposer.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "reports/ReportSums.h"
 #include "reports/ReportText.h"
 

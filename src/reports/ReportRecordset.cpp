@@ -1,7 +1,8 @@
 #include "reports/ReportRecordset.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 
 namespace {
 

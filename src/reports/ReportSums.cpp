@@ -1,6 +1,6 @@
 #include "reports/ReportSums.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
 #include "reports/ReportText.h"
 
 #include "base/Application.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 
 #include <array>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "reports/basReportUtil.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/clsProfile.h"
 
 #include <cmath>

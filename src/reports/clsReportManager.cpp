@@ -1,6 +1,7 @@
 #include "reports/clsReportManager.h"
 
 #include "base/AppError.h"
+#include "base/Numbers.h"
 #include "base/basCommon.h"
 #include "base/clsProfile.h"
 #include "db/clsAssistManager.h"
@@ -48,7 +49,6 @@ template <class Work> auto underSource(const QString& source, Work&& work) {
     }
 }
 
-int dateFormSetting(DocumentKind kind) { return 20 + 2 * static_cast<int>(kind); }
 
 bool insurersOff(DocumentKind kind) {
     return kind == DocumentKind::Invoice &&
@@ -64,12 +64,12 @@ DocumentSwitches clsReportManager::readSwitches(DocumentKind kind) {
     settings.Prepare(*m_connection);
     const auto value = [&](int number) { return ToInt(Val(settings.value(number, u"1"_qs))); };
     DocumentSwitches switches;
-    switches.sex = value(7) == yes;
-    switches.birth = value(8);
-    switches.insured = value(9) == yes;
-    switches.address = value(10) == yes;
-    switches.tel = value(11) == yes;
-    switches.dateForm = value(dateFormSetting(kind));
+    switches.sex = value(Setting::PrintsSex) == yes;
+    switches.birth = value(Setting::PrintsBirth);
+    switches.insured = value(Setting::PrintsInsured) == yes;
+    switches.address = value(Setting::PrintsAddress) == yes;
+    switches.tel = value(Setting::PrintsTel) == yes;
+    switches.dateForm = value(Setting::dateForm(static_cast<int>(kind)));
     return switches;
 }
 

@@ -1,7 +1,7 @@
 #include "ui/DateField.h"
 
+#include "base/Dates.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "ui/Style.h"
 #include "ui/frmCalendar.h"

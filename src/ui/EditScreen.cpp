@@ -40,21 +40,21 @@ void EditScreen::clearEdited() {
 }
 
 void EditScreen::cancel() {
-    if (ShowMessage(302, m_words.cancelled) != AnswerYes) return;
+    if (ShowMessage(Message::AskCancel, m_words.cancelled) != AnswerYes) return;
     showStored();
     clearEdited();
 }
 
 void EditScreen::remove() {
-    if (ShowMessage(202, m_words.subject) != AnswerYes) return;
-    if (removeStored()) ShowMessage(902, u"削除しました。"_qs);
+    if (ShowMessage(Message::AskDelete, m_words.subject) != AnswerYes) return;
+    if (removeStored()) ShowMessage(Message::Information, u"削除しました。"_qs);
     Updated = true;
     close();
 }
 
 bool EditScreen::queryUnload() {
     if (EditMode == Delete || !Loaded || !isEdited()) return true;
-    switch (ShowMessage(201, m_words.subject)) {
+    switch (ShowMessage(Message::AskSave, m_words.subject)) {
     case AnswerYes:
         return save();
     case AnswerNo:

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int warningCode = 901;
-
 // The focus only rests elsewhere and comes back: nothing is left yet.
 bool isRest(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
@@ -55,7 +53,7 @@ bool EntryField::commit() {
 
 void EntryField::complain() {
     bringToFront(this);
-    ShowMessage(warningCode, complaint());
+    ShowMessage(Message::Warning, complaint());
     setFocus(Qt::OtherFocusReason);
     selectAll();
 }

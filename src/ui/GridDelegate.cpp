@@ -140,7 +140,7 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
 // The edit is being left for another place: the cell keeps what it held, and the operator is told why.
 void GridDelegate::tellLater(const QString& complaint) const {
     QMetaObject::invokeMethod(
-        m_grid, [complaint] { ShowMessage(901, complaint); }, Qt::QueuedConnection);
+        m_grid, [complaint] { ShowMessage(Message::Warning, complaint); }, Qt::QueuedConnection);
 }
 
 void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
@@ -161,7 +161,7 @@ QString GridDelegate::complaintOf(QWidget* editor) const {
 bool GridDelegate::mayLeave(QWidget* editor) const {
     const QString complaint = complaintOf(editor);
     if (complaint.isEmpty()) return true;
-    ShowMessage(901, complaint);
+    ShowMessage(Message::Warning, complaint);
     editor->setFocus(Qt::OtherFocusReason);
     if (auto* list = qobject_cast<ChoiceBox*>(editor))
         list->lineEdit()->selectAll();

@@ -1,7 +1,7 @@
 #include "ui/GridModel.h"
 
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 
 #include <QBrush>
 

@@ -1,7 +1,7 @@
 #include "ui/KeyedList.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "base/clsLogger.h"
 #include "ui/Grid.h"
@@ -125,7 +125,7 @@ void KeyedList::refresh(int row, const QString& key) {
 }
 
 void KeyedList::tellGone(int row, const QString& what) {
-    ShowMessage(121, what);
+    ShowMessage(Message::NotFound, what);
     remove(row);
 }
 

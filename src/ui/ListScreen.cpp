@@ -39,7 +39,7 @@ void ListScreen::whileBusy(const QString& word, const std::function<void(const P
 }
 
 bool ListScreen::mayPrint(bool hasRows, bool toPrinter) {
-    if (hasRows) return !toPrinter || ShowMessage(203, {}) == AnswerYes;
-    ShowMessage(122, u"印刷対象データ"_qs);
+    if (hasRows) return !toPrinter || ShowMessage(Message::AskPrint, {}) == AnswerYes;
+    ShowMessage(Message::Missing, u"印刷対象データ"_qs);
     return false;
 }

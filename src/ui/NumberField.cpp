@@ -1,6 +1,6 @@
 #include "ui/NumberField.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "ui/basControlUtil.h"
 
 namespace {

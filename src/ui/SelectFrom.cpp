@@ -25,7 +25,7 @@ std::optional<SelectedRow> SelectFrom(QWidget* parent, const QString& title, Rec
         table.rows << row;
     }
     if (table.rows.isEmpty()) {
-        if (tell == TellMissing::Yes) ShowMessage(121, title);
+        if (tell == TellMissing::Yes) ShowMessage(Message::NotFound, title);
         return std::nullopt;
     }
     return chooseIn(parent, [&](frmSelectList& list) {

@@ -1,6 +1,6 @@
 #include "ui/basFormUtil.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/clsProfile.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"

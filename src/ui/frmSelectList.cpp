@@ -1,7 +1,7 @@
 #include "ui/frmSelectList.h"
 
+#include "base/Numbers.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "db/clsDbManager.h"
 #include "ui/KeyedList.h"
 #include "ui/Style.h"

@@ -1,6 +1,8 @@
 #include "HalvaneTest.h"
 
 #include "base/Application.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/basCommon.h"
 #include "base/clsProfile.h"
 #include "support/MessageQueue.h"

@@ -39,10 +39,8 @@ private slots:
         m_database->connection().onStatement = [this](const QString& statement) {
             m_statements << statement.trimmed();
         };
-        gCustomerManager.confirmUpdate = nullptr;
     }
     void cleanup() {
-        gCustomerManager.confirmUpdate = nullptr;
         setSystemDate({});
         m_database.reset();
     }
@@ -152,7 +150,7 @@ private slots:
         MessageQueue boxes;
         clsCustomer customer = person();
         QVERIFY(!gCustomerManager.SaveData(customer));
-        QVERIFY(!gCustomerManager.SaveDataFromEstimate(customer = person()));
+        QVERIFY(!gCustomerManager.SaveDataFromEstimate(customer = person(), {}));
         const QString text = u"新規の%1を自動的に取得できませんでした。\n手動で設定して下さい。"_qs.arg(item);
         QCOMPARE(boxes.texts(), (QStringList{text, text}));
         QCOMPARE(count(), u"0"_qs);
@@ -182,7 +180,7 @@ private slots:
         customer.mail = u"x@y"_qs; // neither is compared
         customer.PriceType = u"小人"_qs;
         m_statements.clear();
-        QVERIFY(gCustomerManager.SaveDataFromEstimate(customer));
+        QVERIFY(gCustomerManager.SaveDataFromEstimate(customer, {}));
         QVERIFY(m_statements.filter(QRegularExpression(u"^(INSERT|UPDATE)"_qs)).isEmpty());
         QCOMPARE(stored(customer).mail, u"a@b"_qs);
     }
@@ -221,11 +219,11 @@ private slots:
         clsCustomer typed = first;
         typed.Tel = u"06"_qs;
         QString shown;
-        gCustomerManager.confirmUpdate = [&](const clsCustomer& old, const clsCustomer& entered) {
+        const ConfirmUpdate confirm = [&](const clsCustomer& old, const clsCustomer& entered) {
             shown = old.Tel + u'>' + entered.Tel;
             return static_cast<CustomerUpdate>(selected);
         };
-        QTEST(gCustomerManager.SaveDataFromEstimate(typed), "ok");
+        QTEST(gCustomerManager.SaveDataFromEstimate(typed, confirm), "ok");
         QCOMPARE(shown, u"03-1>06"_qs);
         QTEST(typed.CustSubId, "branch");
         QTEST(typed.CustId == first.CustId, "samePerson");
@@ -238,7 +236,7 @@ private slots:
         const clsCustomer first = saved();
         MessageQueue boxes;
         clsCustomer typed = person();
-        QVERIFY(gCustomerManager.SaveDataFromEstimate(typed));
+        QVERIFY(gCustomerManager.SaveDataFromEstimate(typed, {}));
         QVERIFY(typed.CustId != first.CustId);
         QVERIFY(boxes.isEmpty());
     }
@@ -247,7 +245,7 @@ private slots:
         clsCustomer customer = saved();
         const QString id = customer.CustId;
         gCustomerManager.DeleteData(id, u"1"_qs);
-        QVERIFY(gCustomerManager.SaveDataFromEstimate(customer));
+        QVERIFY(gCustomerManager.SaveDataFromEstimate(customer, {}));
         QVERIFY(customer.CustId != id);
         QCOMPARE(count(), u"1"_qs);
     }

@@ -1,7 +1,7 @@
 #include "HalvaneTest.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "estimates/EstimateAmounts.h"
 
 #include <QTest>

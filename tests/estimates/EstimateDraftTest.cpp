@@ -54,7 +54,9 @@ private:
 
     Connection& connection() { return m_database->connection(); }
     QString scalar(const QString& sql) { return connection().scalar(sql); }
-    SaveResult save(EstimateDraft& draft) { return saveEstimate(connection(), draft); }
+    ConfirmUpdate m_confirm;
+
+    SaveResult save(EstimateDraft& draft) { return saveEstimate(connection(), draft, m_confirm); }
 
     QStringList rowCounts() {
         QStringList counts;
@@ -202,7 +204,7 @@ private slots:
         loadEstimate(draft.estimate.EstId, stored);
         stored.customer.Addr1 = u"新しい町 1-2-3"_qs;
         int asked = 0;
-        gCustomerManager.confirmUpdate = [&asked](const clsCustomer&, const clsCustomer&) {
+        m_confirm = [&asked](const clsCustomer&, const clsCustomer&) {
             ++asked;
             return CustomerUpdate::NewBranch;
         };
@@ -221,7 +223,7 @@ private slots:
         loadEstimate(draft.estimate.EstId, stored);
         stored.customer.CustNm1 = u"改姓"_qs;
         stored.estimate.EstNm = u"別の名前"_qs;
-        gCustomerManager.confirmUpdate = [](const clsCustomer&, const clsCustomer&) { return CustomerUpdate::Closed; };
+        m_confirm = [](const clsCustomer&, const clsCustomer&) { return CustomerUpdate::Closed; };
         QCOMPARE(save(stored), SaveResult::Refused);
         QCOMPARE(scalar(u"SELECT [見積名称] FROM [顧客見積情報]"_qs), QString());
     }

@@ -1,7 +1,7 @@
 #include "HalvaneTest.h"
 #include "support/TestDatabase.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "db/clsAssistManager.h"
 #include "estimates/EstimateManagers.h"
 #include "price/basPriceLookup.h"

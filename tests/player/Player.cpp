@@ -4,8 +4,8 @@
 #include "StepTable.h"
 #include "app/basMain.h"
 #include "base/AppError.h"
+#include "base/Dates.h"
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
 

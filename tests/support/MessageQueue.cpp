@@ -1,6 +1,6 @@
 #include "support/MessageQueue.h"
 
-#include "base/basCommon.h"
+#include "base/Dates.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "composition/screens/LinePage.h"
 
 #include "base/Money.h"
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "composition/ItemRules.h"
 #include "composition/screens/CompositionColumns.h"

@@ -58,7 +58,7 @@ void RowCommands::rearrange(const QList<int>& formerRows, int current) {
 
 void RowCommands::insertRow() {
     if (!m_grid->isRowEmpty(m_grid->rows())) {
-        ShowMessage(901, u"行を挿入できません。"_qs);
+        ShowMessage(Message::Warning, u"行を挿入できません。"_qs);
         return;
     }
     QList<int> rows = presentRows();
@@ -72,7 +72,7 @@ void RowCommands::copyRow() {
     if (m_grid->isRowEmpty(current)) return;
     const int empty = lastEmptyRow();
     if (empty == 0) {
-        ShowMessage(901, u"行をコピー(張付け)できません。"_qs);
+        ShowMessage(Message::Warning, u"行をコピー(張付け)できません。"_qs);
         return;
     }
     const QStringList values = m_grid->rowValues(current);
@@ -88,7 +88,7 @@ void RowCommands::copyRow() {
 void RowCommands::removeRow() {
     const int current = m_grid->currentRow();
     if (m_grid->isRowEmpty(current)) return;
-    if (ShowMessage(202, u"%1行目"_qs.arg(current)) != AnswerYes) return;
+    if (ShowMessage(Message::AskDelete, u"%1行目"_qs.arg(current)) != AnswerYes) return;
     QList<int> rows = presentRows();
     rows.removeAt(current - 1);
     rows << 0;
@@ -96,7 +96,7 @@ void RowCommands::removeRow() {
 }
 
 void RowCommands::removeAllRows() {
-    if (ShowMessage(202, u"全行"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::AskDelete, u"全行"_qs) != AnswerYes) return;
     rearrange(QList<int>(m_grid->rows(), 0), 1);
 }
 

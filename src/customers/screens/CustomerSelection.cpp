@@ -39,7 +39,7 @@ LongTable customerTable(const SqlTerm& where) {
 std::optional<SelectedRow> selectCustomer(QWidget* parent, const SqlTerm& where, const EstDetail& estDetail) {
     const QString title = u"顧客"_qs;
     if (gCustomerManager.Count(where) == 0) {
-        ShowMessage(121, title);
+        ShowMessage(Message::NotFound, title);
         return std::nullopt;
     }
     return SelectFrom(parent, title, customerTable(where), {id, branch}, estDetail);

@@ -1,6 +1,6 @@
 #include "customers/screens/LawGrid.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
 #include "ui/Grid.h"

@@ -1,5 +1,6 @@
 #include "customers/screens/PersonFields.h"
 
+#include "base/Dates.h"
 #include "base/Seams.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"

@@ -1,7 +1,7 @@
 #include "customers/screens/frmCustomer.h"
 
 #include "base/AppError.h"
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "base/basMessage.h"
 #include "customers/screens/LawGrid.h"
 #include "customers/screens/PersonFields.h"
@@ -82,7 +82,7 @@ void frmCustomer::showStored() {
     if (EditMode == Add)
         m_draft.customer.CustNo = automaticNumber;
     else if (!loadCustomer(CustId, CustSubId, m_draft))
-        throw AppError(GetMessageText(121, subject), objectName());
+        throw AppError(GetMessageText(Message::NotFound, subject), objectName());
     showDraft();
 }
 
@@ -168,7 +168,7 @@ bool frmCustomer::save(CustomerSaveAs as) {
     if (!leaveField()) return false;
     CustomerDraft draft = collect();
     if (draft.customer.CustNm1.trimmed().isEmpty() && draft.customer.CustNm2.trimmed().isEmpty()) {
-        ShowMessage(902, u"氏名を入力してください。"_qs);
+        ShowMessage(Message::Information, u"氏名を入力してください。"_qs);
         ui->txtName1->setFocus();
         return false;
     }
@@ -177,7 +177,7 @@ bool frmCustomer::save(CustomerSaveAs as) {
     CustSubId = draft.customer.CustSubId;
     Updated = true;
     clearEdited();
-    ShowMessage(902, EditMode == Add ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
+    ShowMessage(Message::Information, EditMode == Add ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
                                              : u"保存しました。"_qs);
     if (as == CustomerSaveAs::NewBranch) EditMode = Add;
     return true;

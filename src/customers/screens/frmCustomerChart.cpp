@@ -1,7 +1,6 @@
 #include "customers/screens/frmCustomerChart.h"
 
 #include "base/Text.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "customers/ChartParties.h"
 #include "db/clsAssistManager.h"
@@ -113,7 +112,7 @@ clsDoctor frmCustomerChart::enteredDoctor(const QString& orderNo) {
 bool frmCustomerChart::save() {
     if (!leaveField()) return false;
     if (isCodeOfAnother()) {
-        ShowMessage(901, u"受注先コードは　%1　で登録済みです。\n受注先コードを変更してください。"_qs.arg(
+        ShowMessage(Message::Warning, u"受注先コードは　%1　で登録済みです。\n受注先コードを変更してください。"_qs.arg(
                                       ui->txtOrderCd->value()));
         ui->txtOrderCd->setFocus();
         return false;

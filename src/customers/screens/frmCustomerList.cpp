@@ -6,6 +6,7 @@
 #include "db/clsDbManager.h"
 #include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
+#include "ui/ListColumn.h"
 #include "ui/basControlUtil.h"
 #include "ui_frmCustomerList.h"
 
@@ -16,35 +17,23 @@ namespace {
 
 enum Column { CustId, CustSubId, CustNo, Name, Kana, Sex, Pref, City };
 
-// What a column is headed, how wide it is, and what it is sorted by.
-struct ColumnForm {
-    QString title;
-    int width;
-    QList<QString clsCustomer::*> sorting;
-};
-
-const QList<ColumnForm>& columnForms() {
-    static const QList<ColumnForm> forms{{u"顧客ID"_qs, 12, {&clsCustomer::CustId}},
-                                         {u"枝番"_qs, 6, {&clsCustomer::CustSubId}},
-                                         {u"顧客番号"_qs, 13, {&clsCustomer::CustNo}},
-                                         {u"氏名"_qs, 22, {&clsCustomer::CustNm1, &clsCustomer::CustNm2}},
-                                         {u"フリガナ"_qs, 24, {&clsCustomer::CustKn1, &clsCustomer::CustKn2}},
-                                         {u"性別"_qs, 7, {&clsCustomer::Sex}},
-                                         {u"都道府県"_qs, 12, {&clsCustomer::Pref, &clsCustomer::City}},
-                                         {u"市区郡"_qs, 20, {&clsCustomer::City}}};
-    return forms;
+QList<SqlColumn> columnsOf(const QList<QString clsCustomer::*>& members) {
+    QList<SqlColumn> columns;
+    for (const auto member : members) columns << gCustomerManager.column(member);
+    return columns;
 }
 
-QList<GridColumn> gridColumns() {
-    QList<GridColumn> columns;
-    for (const ColumnForm& form : columnForms()) {
-        GridColumn column;
-        column.title = form.title;
-        column.width = form.width;
-        columns << column;
-    }
-    columns[CustSubId].alignment = Qt::AlignRight;
-    columns[Sex].alignment = Qt::AlignCenter;
+const ListColumns& listColumns() {
+    using Row = clsCustomer;
+    static const ListColumns columns{
+        {GridColumn::of(u"顧客ID"_qs, 12), columnsOf({&Row::CustId})},
+        {GridColumn::of(u"枝番"_qs, 6).aligned(Qt::AlignRight), columnsOf({&Row::CustSubId})},
+        {GridColumn::of(u"顧客番号"_qs, 13), columnsOf({&Row::CustNo})},
+        {GridColumn::of(u"氏名"_qs, 22), columnsOf({&Row::CustNm1, &Row::CustNm2})},
+        {GridColumn::of(u"フリガナ"_qs, 24), columnsOf({&Row::CustKn1, &Row::CustKn2})},
+        {GridColumn::of(u"性別"_qs, 7).aligned(Qt::AlignCenter), columnsOf({&Row::Sex})},
+        {GridColumn::of(u"都道府県"_qs, 12), columnsOf({&Row::Pref, &Row::City})},
+        {GridColumn::of(u"市区郡"_qs, 20), columnsOf({&Row::City})}};
     return columns;
 }
 
@@ -61,11 +50,11 @@ QHash<QString, QStringList> fetchRows(const QStringList& keys) {
 
 } // namespace
 
-frmCustomerList::frmCustomerList(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmCustomerList>()) {
+frmCustomerList::frmCustomerList(QWidget* parent) : ListScreen(parent), ui(std::make_unique<Ui::frmCustomerList>()) {
     ui->setupUi(this);
     FormPieces::applyCharacters(this);
     FillKanaTabs(ui->stKana);
-    ui->flxData->setColumns(gridColumns());
+    ui->flxData->setColumns(formsOf(listColumns()));
     m_rows = new KeyedList(ui->flxData, ui->txtCount, gDbManager.Connection().settings(), fetchRows);
     connectFilters();
     connectCommands();
@@ -115,7 +104,7 @@ bool frmCustomerList::eventFilter(QObject* watched, QEvent* event) {
         goToRows();
         return true;
     }
-    return Screen::eventFilter(watched, event);
+    return ListScreen::eventFilter(watched, event);
 }
 
 void frmCustomerList::goToRows() {
@@ -154,16 +143,14 @@ SqlTerm frmCustomerList::filter() const {
 // --- rows ---
 
 void frmCustomerList::sortBy(int column) {
-    ui->flxData->toggleSortMark(column);
-    showRows();
+    if (toggleSorting(listColumns(), ui->flxData, column)) showRows();
 }
 
 // By the marked column, else by the reading. The key at the end tells persons of one name apart.
 SqlTerm frmCustomerList::order() const {
-    const int marked = ui->flxData->sortColumn();
-    const auto sorting = columnForms().at(marked < 0 ? Kana : marked).sorting;
-    return gCustomerManager.sorted(sorting + QList{&clsCustomer::CustId, &clsCustomer::CustSubId},
-                                   ui->flxData->sortsUpwards());
+    QList<SqlColumn> sorting = markedSorting(listColumns(), ui->flxData);
+    if (sorting.isEmpty()) sorting = listColumns().at(Kana).sorting;
+    return SqlSorted(sorting + columnsOf({&clsCustomer::CustId, &clsCustomer::CustSubId}), ui->flxData->sortsUpwards());
 }
 
 void frmCustomerList::showRows() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customers/clsCustomerManager.h"
-#include "ui/Screen.h"
+#include "ui/ListScreen.h"
 
 namespace Ui {
 class frmCustomerList;
@@ -10,7 +10,7 @@ class frmCustomerList;
 class KeyedList;
 
 // Lists the customer branches, filtered by reading and address, and opens the customer screen for them.
-class frmCustomerList : public Screen {
+class frmCustomerList : public ListScreen {
     Q_OBJECT
 
 public:

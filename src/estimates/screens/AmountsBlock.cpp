@@ -1,6 +1,6 @@
 #include "estimates/screens/AmountsBlock.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "ui/FormPieces.h"
 #include "ui_AmountsBlock.h"
 

@@ -1,6 +1,6 @@
 #include "estimates/screens/CsEstimateBasicPage.h"
 
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "base/basMessage.h"
 #include "customers/ChartParties.h"
 #include "customers/screens/CustomerSelection.h"
@@ -206,7 +206,7 @@ void CsEstimateBasicPage::takeEraDate() {
         return;
     }
     ui->txtEra->setValue(typed);
-    ShowMessage(901, typed + u"は日付として入力できません。 h010203 のように入力してください"_qs);
+    ShowMessage(Message::Warning, typed + u"は日付として入力できません。 h010203 のように入力してください"_qs);
     ui->txtEra->setFocus();
 }
 
@@ -247,7 +247,7 @@ void CsEstimateBasicPage::chooseOrder() { SelectOrder(this, ui->txtOrderCd, ui->
 
 void CsEstimateBasicPage::chooseChart() {
     if (m_customer.CustId.isEmpty()) {
-        ShowMessage(102, u"顧客"_qs);
+        ShowMessage(Message::ChooseValue, u"顧客"_qs);
         return;
     }
     Recordset charts =

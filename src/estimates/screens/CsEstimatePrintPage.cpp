@@ -1,6 +1,7 @@
 #include "estimates/screens/CsEstimatePrintPage.h"
 
-#include "base/basCommon.h"
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "estimates/EstimateAmounts.h"
 #include "price/screens/frmCalcPrice.h"

@@ -1,6 +1,6 @@
 #include "estimates/screens/CsEstimateSchedulePage.h"
 
-#include "base/basCommon.h"
+#include "base/Dates.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
 #include "ui/FormPieces.h"
@@ -72,11 +72,11 @@ void CsEstimateSchedulePage::collectPercentages(clsCsEstimate& estimate) const {
 void CsEstimateSchedulePage::planFromCasting() {
     const QString casting = ui->idtPickPtnDate->value();
     if (casting.isEmpty()) return;
-    const QList<std::pair<DateField*, int>> planned{{ui->idtTmpSetPlnDate, 33},
-                                                    {ui->idtCmpltPlnDate, 34},
-                                                    {ui->idtDelvPlnDate, 35},
-                                                    {ui->idtAskPlnDate, 36},
-                                                    {ui->idtPayInPlnDate, 37}};
+    const QList<std::pair<DateField*, int>> planned{{ui->idtTmpSetPlnDate, Setting::TmpSetDays},
+                                                    {ui->idtCmpltPlnDate, Setting::CmpltDays},
+                                                    {ui->idtDelvPlnDate, Setting::DelvDays},
+                                                    {ui->idtAskPlnDate, Setting::AskDays},
+                                                    {ui->idtPayInPlnDate, Setting::PayInDays}};
     for (const auto& [field, setting] : planned)
         if (field->value().isEmpty()) field->setValue(plannedDate(casting, gSysSettingManager.value(setting)));
 }

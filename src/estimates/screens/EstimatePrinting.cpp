@@ -1,7 +1,7 @@
 #include "estimates/screens/EstimatePrinting.h"
 
+#include "base/Numbers.h"
 #include "base/Seams.h"
-#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "base/clsProfile.h"
 #include "db/clsDbManager.h"
@@ -14,20 +14,19 @@ namespace EstimatePrinting {
 namespace {
 
 const QString accidentLaw = u"14"_qs;
-constexpr int invoiceCopySetting = 39;
-constexpr int receiptCopySetting = 15;
 
 DocumentChoiceSettings readChoiceSettings() {
     DocumentChoiceSettings settings = readDocumentChoiceSettings(clsProfile());
-    for (const int number : {21, 23, 25, 27, 29, 41, 43}) {
-        const QString value = gSysSettingManager.value(number);
-        if (!value.isEmpty()) settings.values.insert(number, ToInt(Val(value)));
-    }
+    QList<int> numbers{Setting::AccidentEstimate, Setting::AccidentInvoice};
+    for (int kind = 1; kind <= 5; ++kind) numbers << Setting::paperSize(kind);
+    for (const int number : numbers)
+        if (const QString value = gSysSettingManager.value(number); !value.isEmpty())
+            settings.values.insert(number, ToInt(Val(value)));
     return settings;
 }
 
 int copiesOf(DocumentKind kind) {
-    const int setting = kind == DocumentKind::Invoice ? invoiceCopySetting : receiptCopySetting;
+    const int setting = kind == DocumentKind::Invoice ? Setting::InvoiceCopy : Setting::ReceiptCopy;
     return documentCopies(kind, ToInt(Val(gSysSettingManager.value(setting))));
 }
 
@@ -78,7 +77,7 @@ private:
             chooseDocument(kind, accident, m_settings, m_job.receivedMark, m_job.draft.estimate.EstSum);
         if (choice.outcome != DocumentChoice::Outcome::Print) {
             const bool skipped = choice.outcome == DocumentChoice::Outcome::SkipAccident;
-            ShowMessage(901, skipped ? choice.message : u"労災の専用用紙はこの版では印刷できません。"_qs);
+            ShowMessage(Message::Warning, skipped ? choice.message : u"労災の専用用紙はこの版では印刷できません。"_qs);
             return;
         }
         ReportRecordset records;

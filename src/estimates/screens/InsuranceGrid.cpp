@@ -1,6 +1,6 @@
 #include "estimates/screens/InsuranceGrid.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/Grid.h"

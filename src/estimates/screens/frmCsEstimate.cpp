@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 #include "base/Application.h"
+#include "base/Numbers.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "composition/CompositionName.h"
@@ -26,7 +27,7 @@ const QString subject = u"見積"_qs;
 // Raises an error when it is gone.
 EstimateDraft storedOrder(const QString& EstId) {
     EstimateDraft draft;
-    if (!loadEstimate(EstId, draft)) throw AppError(GetMessageText(121, subject), u"frmCsEstimate"_qs);
+    if (!loadEstimate(EstId, draft)) throw AppError(GetMessageText(Message::NotFound, subject), u"frmCsEstimate"_qs);
     return draft;
 }
 
@@ -226,11 +227,10 @@ EstimateDraft frmCsEstimate::collect() const {
 bool frmCsEstimate::save() {
     if (!leaveField()) return false;
     EstimateDraft draft = collect();
-    gCustomerManager.confirmUpdate = [this](const clsCustomer& stored, const clsCustomer& typed) {
-        return frmCsUpdConf::ask(this, stored, typed);
-    };
     SetWaitCursor(true);
-    const SaveResult result = saveEstimate(gDbManager.Connection(), draft);
+    const SaveResult result = saveEstimate(
+        gDbManager.Connection(), draft,
+        [this](const clsCustomer& stored, const clsCustomer& typed) { return frmCsUpdConf::ask(this, stored, typed); });
     SetWaitCursor(false);
     if (result != SaveResult::Saved) return false;
     Updated = true;
@@ -243,7 +243,7 @@ void frmCsEstimate::execute() {
     const bool isNew = EditMode == Add;
     setMode(Edit);
     showStored();
-    ShowMessage(902,
+    ShowMessage(Message::Information,
                 isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
 }
 
@@ -255,7 +255,7 @@ bool frmCsEstimate::removeStored() {
 // --- clearing and rebuilding ---
 
 void frmCsEstimate::clearAll() {
-    if (ShowMessage(904, u"顧客見積情報をクリアします。よろしいですか？"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::Question, u"顧客見積情報をクリアします。よろしいですか？"_qs) != AnswerYes) return;
     ui->tabCsEst->setCurrentIndex(Basic);
     EstId.clear();
     showStored();
@@ -276,7 +276,7 @@ void frmCsEstimate::RepriceAll() {
 }
 
 void frmCsEstimate::clearPerson() {
-    if (ShowMessage(204, u"個人情報"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::AskClear, u"個人情報"_qs) != AnswerYes) return;
     {
         const QScopedValueRollback refilling(m_suppressed, true);
         m_draft = collect();
@@ -292,7 +292,7 @@ void frmCsEstimate::clearPerson() {
 }
 
 void frmCsEstimate::clearEstimate() {
-    if (ShowMessage(204, subject) != AnswerYes) return;
+    if (ShowMessage(Message::AskClear, subject) != AnswerYes) return;
     EstimateDraft cleared = collect();
     cleared.clearEstimate(EstimateDraft::Clearing::Everything);
     cleared.takeCurrentTax();
@@ -302,7 +302,7 @@ void frmCsEstimate::clearEstimate() {
 }
 
 void frmCsEstimate::takeCurrentPrices() {
-    if (ShowMessage(205, u"価格更新処理"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::AskRun, u"価格更新処理"_qs) != AnswerYes) return;
     {
         const QScopedValueRollback refilling(m_suppressed, true);
         m_draft.takeCurrentTax();
@@ -314,7 +314,7 @@ void frmCsEstimate::takeCurrentPrices() {
 }
 
 void frmCsEstimate::receiveAgain() {
-    if (ShowMessage(205, u"再来受付処理"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::AskRun, u"再来受付処理"_qs) != AnswerYes) return;
     EstimateDraft again = collect();
     again.clearEstimate(EstimateDraft::Clearing::Dates);
     again.takeCurrentTax();
@@ -329,7 +329,7 @@ void frmCsEstimate::receiveAgain() {
 
 void frmCsEstimate::chooseEstimate() {
     if (frmCsEstimateList::isOpen()) {
-        ShowMessage(902, u"検索画面は既に開いています。\n「閉じる」ボタンで、一覧画面に戻ってください"_qs);
+        ShowMessage(Message::Information, u"検索画面は既に開いています。\n「閉じる」ボタンで、一覧画面に戻ってください"_qs);
         return;
     }
     if (const auto choice = frmCsEstimateList::choose(this)) openStored(choice->EstId, choice->EditMode);
@@ -337,10 +337,10 @@ void frmCsEstimate::chooseEstimate() {
 
 void frmCsEstimate::markUncollected() {
     if (m_draft.uncollected) {
-        ShowMessage(901, u"作業状況が未回収となっているため変更できません。"_qs);
+        ShowMessage(Message::Warning, u"作業状況が未回収となっているため変更できません。"_qs);
         return;
     }
-    if (ShowMessage(904, u"作業状況を未回収に変更してよろしいでしょうか。"_qs) != AnswerYes) return;
+    if (ShowMessage(Message::Question, u"作業状況を未回収に変更してよろしいでしょうか。"_qs) != AnswerYes) return;
     m_draft.uncollected = true;
     showHeader();
     noteEdit();
@@ -349,9 +349,9 @@ void frmCsEstimate::markUncollected() {
 void frmCsEstimate::proposeName() {
     const QString side = ui->pagBasic->side();
     NameRules rules;
-    if (gSysSettingManager.value(17) == u"1" && side != u"なし") rules.side = side;
-    rules.grantRepair = gSysSettingManager.value(18);
-    rules.pickStyle = gSysSettingManager.value(19) == u"1";
+    if (gSysSettingManager.value(Setting::NameSide) == u"1" && side != u"なし") rules.side = side;
+    rules.grantRepair = gSysSettingManager.value(Setting::NameGrantRepair);
+    rules.pickStyle = gSysSettingManager.value(Setting::NamePickStyle) == u"1";
     ui->txtEstName->setValue(automaticName(m_draft.composition, rules));
 }
 
@@ -375,7 +375,7 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     const EstimateDraft draft = collect();
     const DocumentOrder order = orderDocuments(EstimatePrinting::gridRows(draft, ui->pagPrint->ticks()));
     if (order.outcome == DocumentOrder::Outcome::Refused) {
-        ShowMessage(901, order.message);
+        ShowMessage(Message::Warning, order.message);
         return ui->pagPrint->goTo(order.field, order.row);
     }
     // With several payers the amounts are theirs; with one alone the receipt follows the order.
@@ -407,7 +407,7 @@ bool frmCsEstimate::setReceiptAmount() {
     const bool unsaved = EstId.isEmpty() || isEdited();
     ui->pagPrint->setPayPrice(row, expected);
     if (!unsaved) {
-        ShowMessage(902, u"領収金額を自動設定しました。\n"_qs + printAndSave);
+        ShowMessage(Message::Information, u"領収金額を自動設定しました。\n"_qs + printAndSave);
         m_warnedUnsaved = true;
     }
     return whole;
@@ -415,6 +415,6 @@ bool frmCsEstimate::setReceiptAmount() {
 
 bool frmCsEstimate::confirmPrinting(EstimatePrinting::To to) {
     if (!m_warnedUnsaved && (m_draft.estimate.EstId.isEmpty() || isEdited()))
-        ShowMessage(902, u"データベースに未反映の情報があります。\n"_qs + printAndSave);
-    return to == EstimatePrinting::To::Preview || ShowMessage(203, {}) == AnswerYes;
+        ShowMessage(Message::Information, u"データベースに未反映の情報があります。\n"_qs + printAndSave);
+    return to == EstimatePrinting::To::Preview || ShowMessage(Message::AskPrint, {}) == AnswerYes;
 }

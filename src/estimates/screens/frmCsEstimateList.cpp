@@ -1,5 +1,7 @@
 #include "estimates/screens/frmCsEstimateList.h"
 
+#include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "base/clsProfile.h"
@@ -13,6 +15,7 @@
 #include "reports/clsReportManager.h"
 #include "reports/engine/Report.h"
 #include "ui/KeyedList.h"
+#include "ui/ListColumn.h"
 #include "ui_EstimateSearchPage.h"
 #include "ui_frmCsEstimateList.h"
 
@@ -31,37 +34,23 @@ QList<GridColumn> customerColumns() {
             column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
 }
 
-QList<GridColumn> estimateColumns() {
-    const auto column = [](const QString& title, int width) { return GridColumn::of(title, width); };
-    return {column(u"見積ID"_qs, 11), column(u"顧客番号"_qs, 11), column(u"氏名"_qs, 18), column(u"見積番号"_qs, 11),
-            column(u"採型日"_qs, 9).aligned(Qt::AlignHCenter), column(u"納品日"_qs, 9).aligned(Qt::AlignHCenter),
-            column(u"製品コード"_qs, 11), column(u"見積名称"_qs, 36),
-            GridColumn::of(u"金額"_qs, 11, GridColumn::Number), column(u"受注先"_qs, 20), column(u"作業状況"_qs, 9)};
-}
-
-// What a click on a heading sorts by, and what follows of equal ones.
-struct SortColumn {
-    int column;
-    QList<SqlColumn> sorting;
-};
-
-const QList<SortColumn>& sortColumns() {
-    static const QList<SortColumn> table{
-        {Name, {gCustomerManager.column(&clsCustomer::CustNm1), gCustomerManager.column(&clsCustomer::CustNm2)}},
-        {PickPtn, {gCsEstimateManager.column(&clsCsEstimate::PickPtnDate)}},
-        {DelvFin, {gCsEstimateManager.column(&clsCsEstimate::DelvFinDate)}},
-        {Product, {gCsEstimateManager.column(&clsCsEstimate::ProductCd)}},
-        {EstName, {gCsEstimateManager.column(&clsCsEstimate::EstNm)}},
-        {Sum, {gCsEstimateManager.column(&clsCsEstimate::EstSum)}},
-        {Order, {gChartManager.column(&clsChart::OrderNm)}},
-        {Status, {gCsEstimateManager.column(&clsCsEstimate::ProcKbnNo)}}};
-    return table;
-}
-
-const SortColumn* sortColumn(int column) {
-    for (const SortColumn& known : sortColumns())
-        if (known.column == column) return &known;
-    return nullptr;
+const ListColumns& estimateColumns() {
+    const auto of = [](QString clsCsEstimate::*member) { return gCsEstimateManager.column(member); };
+    const auto date = [](const QString& title) { return GridColumn::of(title, 9).aligned(Qt::AlignHCenter); };
+    static const ListColumns columns{
+        {GridColumn::of(u"見積ID"_qs, 11), {}},
+        {GridColumn::of(u"顧客番号"_qs, 11), {}},
+        {GridColumn::of(u"氏名"_qs, 18),
+         {gCustomerManager.column(&clsCustomer::CustNm1), gCustomerManager.column(&clsCustomer::CustNm2)}},
+        {GridColumn::of(u"見積番号"_qs, 11), {}},
+        {date(u"採型日"_qs), {of(&clsCsEstimate::PickPtnDate)}},
+        {date(u"納品日"_qs), {of(&clsCsEstimate::DelvFinDate)}},
+        {GridColumn::of(u"製品コード"_qs, 11), {of(&clsCsEstimate::ProductCd)}},
+        {GridColumn::of(u"見積名称"_qs, 36), {of(&clsCsEstimate::EstNm)}},
+        {GridColumn::of(u"金額"_qs, 11, GridColumn::Number), {of(&clsCsEstimate::EstSum)}},
+        {GridColumn::of(u"受注先"_qs, 20), {gChartManager.column(&clsChart::OrderNm)}},
+        {GridColumn::of(u"作業状況"_qs, 9), {of(&clsCsEstimate::ProcKbnNo)}}};
+    return columns;
 }
 
 QString shortDate(const QString& date) { return formatDate(date, u"yy/mm/dd"_qs); }
@@ -107,7 +96,7 @@ frmCsEstimateList::frmCsEstimateList(QWidget* parent) : ListScreen(parent), ui(s
     ui->setupUi(this);
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
     ui->flxCustList->setColumns(customerColumns());
-    ui->flxEstList->setColumns(estimateColumns());
+    ui->flxEstList->setColumns(formsOf(estimateColumns()));
     const ConnectionSettings& database = gDbManager.Connection().settings();
     m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database,
                                 [this](const QStringList& keys) { return fetchCustomers(keys, m_ticked); });
@@ -268,14 +257,13 @@ SqlTerm frmCsEstimateList::condition() const {
 }
 
 SqlTerm frmCsEstimateList::order() const {
-    const SortColumn* marked = sortColumn(ui->flxEstList->sortColumn());
-    return gCsEstimateManager.ListOrder(marked ? marked->sorting : QList<SqlColumn>(), ui->flxEstList->sortsUpwards());
+    return gCsEstimateManager.ListOrder(markedSorting(estimateColumns(), ui->flxEstList),
+                                        ui->flxEstList->sortsUpwards());
 }
 
 void frmCsEstimateList::sortBy(int column) {
-    if (!sortColumn(column)) return;
-    ui->flxEstList->toggleSortMark(column);
-    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
+    if (toggleSorting(estimateColumns(), ui->flxEstList, column))
+        m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
 }
 
 // --- commands ---
@@ -317,7 +305,7 @@ void frmCsEstimateList::writeCsv() {
     forgetOtherTicks();
     const QStringList ids = gCsEstimateManager.IdsWithMst(condition(), gCsEstimateManager.byKey());
     if (ids.isEmpty()) {
-        ShowMessage(122, u"出力データ"_qs);
+        ShowMessage(Message::Missing, u"出力データ"_qs);
         return;
     }
     exportCsv(EstimateCsv::columns(), [&](const std::function<void(const CsvRow&)>& take) {
@@ -343,7 +331,7 @@ void frmCsEstimateList::print(int member) {
         manager.GetCsEstimateListData(condition(), order(), member, m_exclusions, records, pause);
     });
     if (records.isEmpty()) {
-        ShowMessage(901, u"対象データがありません。"_qs);
+        ShowMessage(Message::Warning, u"対象データがありません。"_qs);
         return;
     }
     Report report(u"repCsEstList"_qs);

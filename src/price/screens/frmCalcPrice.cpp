@@ -1,6 +1,6 @@
 #include "price/screens/frmCalcPrice.h"
 
-#include "base/basCommon.h"
+#include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "ui_frmCalcPrice.h"
 
@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int plainQuestion = 904;
 constexpr double percent = 100;
 
 // The whole form stays on the display, also beside a button at its edge.
@@ -46,6 +45,6 @@ void frmCalcPrice::showPrice() {
 void frmCalcPrice::takeOver() {
     const qint32 price = ToInt(formatWhole(ui->lblPrice->text()));
     AskPrice = QString::number(price);
-    Edited = price != 0 || ShowMessage(plainQuestion, u"金額 [　0] が設定されますがよろしいですか？"_qs) == AnswerYes;
+    Edited = price != 0 || ShowMessage(Message::Question, u"金額 [　0] が設定されますがよろしいですか？"_qs) == AnswerYes;
     close();
 }

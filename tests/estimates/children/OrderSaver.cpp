@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
         Managers::prepare(connection);
         for (int i = 0;; ++i) {
             EstimateDraft draft = OrderSamples::order(1 + i % 30, 1 + i % 4);
-            saveEstimate(connection, draft);
+            saveEstimate(connection, draft, {});
             std::printf("%d\n", i);
             std::fflush(stdout);
         }

@@ -45,7 +45,7 @@ void drawNumbers(int count) {
 QString saveOrder(Connection& connection, bool takeBack) {
     Transaction transaction(connection);
     EstimateDraft draft = OrderSamples::order(5, 2);
-    saveEstimate(connection, draft);
+    saveEstimate(connection, draft, {});
     if (takeBack) return {};
     transaction.commit();
     const QString number = draft.estimate.EstId;
