@@ -78,8 +78,8 @@ bool settleEncoding(const QStringList& columns, const EachCsvRow& each, Csv::Enc
     if (lacking.isEmpty()) return true;
     encoding = Csv::Encoding::Utf8;
     return ShowMessage(Message::Question, u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
-                            u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs +
-                                lacking.told()) == AnswerYes;
+                                          u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs +
+                                              lacking.told()) == AnswerYes;
 }
 
 } // namespace

@@ -9,10 +9,13 @@ namespace {
 qint16 answerOnConsole(const MessageBoxRequest& request) {
     std::fprintf(stderr, "%s: %s\n", qUtf8Printable(request.title), qUtf8Printable(request.text));
     switch (request.buttons) {
-    case MessageButtons::Ok: return AnswerNone;
-    case MessageButtons::YesNo: return AnswerNo;
+    case MessageButtons::Ok:
+        return AnswerNone;
+    case MessageButtons::YesNo:
+        return AnswerNo;
     case MessageButtons::YesNoCancel:
-    case MessageButtons::RetryCancel: return AnswerCancel;
+    case MessageButtons::RetryCancel:
+        return AnswerCancel;
     }
     return AnswerNone;
 }

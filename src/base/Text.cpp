@@ -35,11 +35,16 @@ UConverter* sharedConverter() {
 // Windows maps these where ICU's table has the JIS look-alikes; both spellings must reach the same bytes.
 char16_t windowsSpelling(char16_t c) {
     switch (c) {
-    case u'\u301C': return u'\uFF5E'; // wave dash
-    case u'\u2212': return u'\uFF0D'; // minus sign
-    case u'\u2016': return u'\u2225'; // double vertical line
-    case u'\u2014': return u'\u2015'; // em dash
-    default: return c;
+    case u'\u301C':
+        return u'\uFF5E'; // wave dash
+    case u'\u2212':
+        return u'\uFF0D'; // minus sign
+    case u'\u2016':
+        return u'\u2225'; // double vertical line
+    case u'\u2014':
+        return u'\u2015'; // em dash
+    default:
+        return c;
     }
 }
 
@@ -122,9 +127,9 @@ QByteArray toCp932(const QString& text) {
     ucnv_setSubstString(converter, u"?", 1, &status);
     QByteArray bytes(UCNV_GET_MAX_BYTES_FOR_STRING(spelled.size(), ucnv_getMaxCharSize(converter)), Qt::Uninitialized);
     status = U_ZERO_ERROR;
-    const int32_t length = ucnv_fromUChars(converter, bytes.data(), static_cast<int32_t>(bytes.size()),
-                                           reinterpret_cast<const UChar*>(spelled.utf16()),
-                                           static_cast<int32_t>(spelled.size()), &status);
+    const int32_t length =
+        ucnv_fromUChars(converter, bytes.data(), static_cast<int32_t>(bytes.size()),
+                        reinterpret_cast<const UChar*>(spelled.utf16()), static_cast<int32_t>(spelled.size()), &status);
     bytes.truncate(U_FAILURE(status) ? 0 : length);
     return bytes;
 }
@@ -132,9 +137,9 @@ QByteArray toCp932(const QString& text) {
 QString fromCp932(const QByteArray& bytes) {
     UErrorCode status = U_ZERO_ERROR;
     QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
-    const int32_t length = ucnv_toUChars(sharedConverter(), reinterpret_cast<UChar*>(text.data()),
-                                         static_cast<int32_t>(text.size()), bytes.constData(),
-                                         static_cast<int32_t>(bytes.size()), &status);
+    const int32_t length =
+        ucnv_toUChars(sharedConverter(), reinterpret_cast<UChar*>(text.data()), static_cast<int32_t>(text.size()),
+                      bytes.constData(), static_cast<int32_t>(bytes.size()), &status);
     text.truncate(U_FAILURE(status) ? 0 : length);
     return text;
 }
@@ -173,9 +178,12 @@ QString toNarrowLetters(const QString& text) {
     QString narrow = text;
     for (qsizetype i = 0; i < narrow.size(); ++i) {
         QChar& sign = narrow[i];
-        if (i > 0 && narrow.at(i - 1).isDigit() && dashes.contains(sign)) sign = u'-';
-        else if (sign >= u'\uFF01' && sign <= u'\uFF5E') sign = QChar(sign.unicode() - widthOffset);
-        else if (sign == u'\u3000') sign = u' ';
+        if (i > 0 && narrow.at(i - 1).isDigit() && dashes.contains(sign))
+            sign = u'-';
+        else if (sign >= u'\uFF01' && sign <= u'\uFF5E')
+            sign = QChar(sign.unicode() - widthOffset);
+        else if (sign == u'\u3000')
+            sign = u' ';
     }
     return narrow;
 }
@@ -191,6 +199,12 @@ QStringList phrases(const QString& text) {
          start = end, end = breaks->next())
         found << text.mid(start, end - start);
     return found;
+}
+
+QString first(const QString& text, int signs) {
+    qsizetype units = 0;
+    for (int i = 0; i < signs && units < text.size(); ++i) units += text.at(units).isHighSurrogate() ? 2 : 1;
+    return text.left(units);
 }
 
 QString rightTrimmed(const QString& text) {

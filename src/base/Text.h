@@ -34,6 +34,9 @@ QString toHalfKana(const QString& text);
 // The parts of a Japanese text between which a line may end without parting a word.
 QStringList phrases(const QString& text);
 
+// So many signs from the beginning; one that takes two units counts once and stays whole.
+QString first(const QString& text, int signs);
+
 // Without blanks at its end (also ideographic ones are kept: only U+0020 counts).
 QString rightTrimmed(const QString& text);
 

@@ -35,16 +35,12 @@ bool folderSynced(const QString&) { return true; }
 } // namespace
 
 QString systemFailure(int code) {
-    static const QHash<int, QString> words{{ENOSPC, u"ディスクの空き容量がありません。"_qs},
-                                           {EFBIG, u"ファイルの大きさの上限に達しました。"_qs},
-                                           {EDQUOT, u"使用できる容量を超えました。"_qs},
-                                           {EROFS, u"読み取り専用の場所です。"_qs},
-                                           {EACCES, u"書き込む権限がありません。"_qs},
-                                           {EPERM, u"書き込む権限がありません。"_qs},
-                                           {ENOENT, u"フォルダがありません。"_qs},
-                                           {ENOTDIR, u"フォルダがありません。"_qs},
-                                           {EISDIR, u"同じ名前のフォルダがあります。"_qs},
-                                           {EIO, u"ディスクの読み書きに失敗しました。"_qs}};
+    static const QHash<int, QString> words{
+        {ENOSPC, u"ディスクの空き容量がありません。"_qs}, {EFBIG, u"ファイルの大きさの上限に達しました。"_qs},
+        {EDQUOT, u"使用できる容量を超えました。"_qs},     {EROFS, u"読み取り専用の場所です。"_qs},
+        {EACCES, u"書き込む権限がありません。"_qs},       {EPERM, u"書き込む権限がありません。"_qs},
+        {ENOENT, u"フォルダがありません。"_qs},           {ENOTDIR, u"フォルダがありません。"_qs},
+        {EISDIR, u"同じ名前のフォルダがあります。"_qs},   {EIO, u"ディスクの読み書きに失敗しました。"_qs}};
     return words.value(code, QString::fromLocal8Bit(std::strerror(code)));
 }
 

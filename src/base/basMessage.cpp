@@ -77,8 +77,7 @@ QString GetMessageText(int code, const QString& text) {
 
 qint16 ShowMessage(int code, const QString& text) {
     const MessageForm form = forms().value(code);
-    return seams().message(
-        {u"Halvane"_qs, GetMessageText(code, text), form.icon, form.buttons, form.defaultIsNo});
+    return seams().message({u"Halvane"_qs, GetMessageText(code, text), form.icon, form.buttons, form.defaultIsNo});
 }
 
 void SetWaitCursor(bool on) { seams().waitCursor(on); }

@@ -11,9 +11,9 @@
 using Cells = QStringList;
 
 struct ComposedItem {
-    int id = 0;         // tells the item from the others wherever its row moves
-    Cells cells;        // see ItemRules
-    QList<Cells> make;  // see LineRules
+    int id = 0;        // tells the item from the others wherever its row moves
+    Cells cells;       // see ItemRules
+    QList<Cells> make; // see LineRules
     QList<Cells> parts;
 
     // Only an item with 種目 and 採型区分 can have lines.

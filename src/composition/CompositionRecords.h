@@ -40,8 +40,8 @@ template <class Record> void setCells(Record& record, const CellMembers<Record>&
 // The items in the order of the records, each with the lines that carry its number. Lines of no item are left out.
 template <class Item, class Make, class Parts>
 Composition compose(const QList<Item>& items, const ItemRecord<Item>& itemRecord, const QList<Make>& make,
-                    const LineRecord<Make>& makeRecord, const QList<Parts>& parts,
-                    const LineRecord<Parts>& partsRecord, int tiers) {
+                    const LineRecord<Make>& makeRecord, const QList<Parts>& parts, const LineRecord<Parts>& partsRecord,
+                    int tiers) {
     const auto linesOf = [](const auto& records, const auto& form, const QString& number, int columns) {
         QList<Cells> lines;
         for (const auto& record : records)

@@ -128,8 +128,8 @@ bool isUsable(const Cells& row) { return !row.at(Item).isEmpty() && !row.at(Pick
 
 QStringList shownTexts(const Cells& row) {
     QStringList texts = row.mid(Item, PickStyle - Item);
-    for (const auto& [column, group] : {std::pair(int(PickStyle), AssistGroup::PickStyle),
-                                        std::pair(int(GrantRepair), AssistGroup::GrantRepair)}) {
+    for (const auto& [column, group] :
+         {std::pair(int(PickStyle), AssistGroup::PickStyle), std::pair(int(GrantRepair), AssistGroup::GrantRepair)}) {
         const CellChoices known = assistChoices(group);
         const auto shown = std::find_if(known.begin(), known.end(), [&, column = column](const CellChoice& choice) {
             return choice.value == row.at(column);

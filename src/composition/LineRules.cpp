@@ -26,9 +26,8 @@ void LineRules::multiply(Cells& row) const {
 }
 
 void LineRules::price(Cells& row, const LineContext& context) const {
-    const bool lacks = std::any_of(texts.keyBegin(), texts.keyEnd(), [&](int column) {
-        return texts.value(column).needed && row.at(column).isEmpty();
-    });
+    const bool lacks = std::any_of(texts.keyBegin(), texts.keyEnd(),
+                                   [&](int column) { return texts.value(column).needed && row.at(column).isEmpty(); });
     if (lacks) return clearFrom(row, suryo);
     row[suryo] = u"1"_qs;
     for (qsizetype tier = 0; tier < tiers(context); ++tier) {

@@ -5,7 +5,8 @@
 // Gives stored lines the prices of the price tables in force, and tells in the log what was missing or ambiguous.
 class Pricing {
 public:
-    // `tiers` are those of the lines, one or 小人, 中人 and 大人; `owner` names in the log what the lines belong to, as in
+    // `tiers` are those of the lines, one or 小人, 中人 and 大人; `owner` names in the log what the lines belong to, as
+    // in
     // "[製品コード=A],[製品ID=1],", empty for an order.
     explicit Pricing(QStringList tiers, QString owner = {}) : m_tiers(std::move(tiers)), m_owner(std::move(owner)) {}
 

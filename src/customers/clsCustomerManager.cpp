@@ -132,8 +132,8 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer, const Confi
 bool clsCustomerManager::findItsPlace(clsCustomer& customer) {
     clsCustomer same;
     if (customer.CustId.isEmpty()) {
-        const qint16 answer = FindSame(customer, same) ? ShowMessage(Message::QuestionCancel, sameQuestion(customer))
-                                                       : qint16(AnswerNo);
+        const qint16 answer =
+            FindSame(customer, same) ? ShowMessage(Message::QuestionCancel, sameQuestion(customer)) : qint16(AnswerNo);
         if (answer != AnswerYes) return answer == AnswerNo && drawNewId(customer);
         customer.CustId = same.CustId;
         customer.CustSubId.clear();
@@ -187,7 +187,8 @@ bool clsCustomerManager::drawNumber(clsCustomer& customer) {
     do {
         const QString value = gAutoIdsManager.GetNewId(u"顧客番号"_qs);
         if (value.isEmpty()) {
-            ShowMessage(Message::Information, u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+            ShowMessage(Message::Information,
+                        u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
             return false;
         }
         customer.CustNo = gSysYear + value;

@@ -13,8 +13,9 @@ namespace {
 Provider providerOf(const QString& name) {
     if (name.compare(u"SQLite"_qs, Qt::CaseInsensitive) == 0) return Provider::SQLite;
     if (name.compare(u"PostgreSQL"_qs, Qt::CaseInsensitive) == 0) return Provider::PostgreSQL;
-    throw AppError(u"INIﾌｧｲﾙの DB/Provider が正しくありません（%1）。SQLite または PostgreSQL を指定してください。"_qs.arg(name),
-                   u"ConnectionSettings"_qs);
+    throw AppError(
+        u"INIﾌｧｲﾙの DB/Provider が正しくありません（%1）。SQLite または PostgreSQL を指定してください。"_qs.arg(name),
+        u"ConnectionSettings"_qs);
 }
 
 } // namespace
@@ -31,8 +32,9 @@ ConnectionSettings ConnectionSettings::fromProfile(const clsProfile& profile) {
         settings.path = Text::rightTrimmed(profile.GetValue(section, u"Path"_qs));
         return settings;
     }
-    const QString folder = QFileInfo(profile.Path()).dir().filePath(
-        platformPath(Text::rightTrimmed(profile.GetValue(section, u"Path"_qs))));
+    const QString folder = QFileInfo(profile.Path())
+                               .dir()
+                               .filePath(platformPath(Text::rightTrimmed(profile.GetValue(section, u"Path"_qs))));
     settings.path = QDir(folder).filePath(settings.database);
     return settings;
 }

@@ -14,7 +14,7 @@ struct ConnectionSettings {
     QString database;
     QString user;
     QString password;
-    int timeout = 5; // seconds
+    int timeout = 5;             // seconds
     bool administration = false; // for making databases: any database of the server will do
 
     // Section `DB` of an INI file. An unknown provider or a time-out that is no number raises an error.

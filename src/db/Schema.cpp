@@ -12,7 +12,7 @@ namespace Schema {
 namespace {
 
 TypeCode typeOf(const QString& word) {
-    static const QHash<QString, TypeCode> words{{u"text"_qs, Text},     {u"memo"_qs, LongText}, {u"int"_qs, Integer},
+    static const QHash<QString, TypeCode> words{{u"text"_qs, Text},     {u"memo"_qs, LongText},  {u"int"_qs, Integer},
                                                 {u"number"_qs, Double}, {u"money"_qs, Currency}, {u"date"_qs, Date}};
     return words.value(word, Unknown);
 }

@@ -35,8 +35,8 @@ struct Table {
     QString name;
     QString meaning; // what a row is, in Japanese, for the table reference
     QList<Column> columns;
-    QStringList key;       // empty: the table has none
-    bool autoKey = false;  // the single key column is issued on insert
+    QStringList key;      // empty: the table has none
+    bool autoKey = false; // the single key column is issued on insert
     QList<QStringList> indexes;
 
     const Column* column(const QString& columnName) const; // null when there is none; case-blind

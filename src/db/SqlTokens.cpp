@@ -2,6 +2,8 @@
 
 #include "base/AppError.h"
 
+#include <QSet>
+
 namespace {
 
 bool isNameCharacter(QChar c) {
@@ -43,7 +45,9 @@ private:
 
     SqlToken token(SqlToken::Kind kind, qsizetype start, QString text) { return {kind, std::move(text), start}; }
 
-    [[noreturn]] void fail(const QString& reason, qsizetype at) { raiseSqlError(reason, token(SqlToken::Symbol, at, {})); }
+    [[noreturn]] void fail(const QString& reason, qsizetype at) {
+        raiseSqlError(reason, token(SqlToken::Symbol, at, {}));
+    }
 
     SqlToken bracketed() {
         const qsizetype start = m_at;
@@ -120,4 +124,61 @@ QList<SqlToken> tokenizeSql(const QString& statement) { return Tokenizer(stateme
 
 void raiseSqlError(const QString& reason, const SqlToken& at) {
     throw AppError(u"SQL文を解釈できません。%1（位置 %2）"_qs.arg(reason, QString::number(at.position + 1)), u"SQL"_qs);
+}
+
+// --- what a word can be ---
+
+namespace {
+
+const QSet<QString>& keywords() {
+    static const QSet<QString> words{u"SELECT"_qs,  u"DISTINCT"_qs, u"FROM"_qs,   u"WHERE"_qs, u"GROUP"_qs,
+                                     u"BY"_qs,      u"HAVING"_qs,   u"ORDER"_qs,  u"ASC"_qs,   u"DESC"_qs,
+                                     u"AS"_qs,      u"AND"_qs,      u"OR"_qs,     u"NOT"_qs,   u"IN"_qs,
+                                     u"IS"_qs,      u"NULL"_qs,     u"LIKE"_qs,   u"LEFT"_qs,  u"INNER"_qs,
+                                     u"JOIN"_qs,    u"ON"_qs,       u"UNION"_qs,  u"ALL"_qs,   u"EXISTS"_qs,
+                                     u"BETWEEN"_qs, u"INTO"_qs,     u"VALUES"_qs, u"SET"_qs,   u"DISTINCTROW"_qs};
+    return words;
+}
+
+} // namespace
+
+bool isSqlKeyword(const SqlToken& token) {
+    return token.kind == SqlToken::Word && keywords().contains(token.text.toUpper());
+}
+
+bool isSqlAggregate(const SqlToken& token) {
+    static const QSet<QString> words{u"COUNT"_qs, u"SUM"_qs, u"MIN"_qs, u"MAX"_qs, u"AVG"_qs};
+    return token.kind == SqlToken::Word && words.contains(token.text.toUpper());
+}
+
+bool isSqlComparison(const SqlToken& token) {
+    static const QStringList signs{u"="_qs, u"<>"_qs, u"<"_qs, u">"_qs, u"<="_qs, u">="_qs};
+    return token.kind == SqlToken::Symbol && signs.contains(token.text);
+}
+
+bool isSqlArithmetic(const SqlToken& token) {
+    return token.isSymbol(u"+") || token.isSymbol(u"-") || token.isSymbol(u"*");
+}
+
+bool isSqlSign(const SqlToken& token) { return token.isSymbol(u"+") || token.isSymbol(u"-"); }
+
+bool startsSqlOperand(const SqlToken& token) {
+    switch (token.kind) {
+    case SqlToken::Name:
+    case SqlToken::String:
+    case SqlToken::Number:
+    case SqlToken::Date:
+        return true;
+    case SqlToken::Word:
+        return !isSqlKeyword(token);
+    case SqlToken::Symbol:
+        return token.text == u"(" || isSqlSign(token);
+    case SqlToken::End:
+        return false;
+    }
+    return false;
+}
+
+void raiseSqlMismatch(const SqlToken& at) {
+    throw AppError(u"データ型が一致しません。（位置 %1）"_qs.arg(at.position + 1), u"SQL"_qs, 13);
 }

@@ -25,5 +25,14 @@ struct SqlToken {
 // Reads a statement; the list ends with an End token. Raises an error with the position of what it cannot read.
 QList<SqlToken> tokenizeSql(const QString& statement);
 
-// The error for a place in a statement that cannot be read.
+// What a word can be in a statement.
+bool isSqlKeyword(const SqlToken& token);
+bool isSqlAggregate(const SqlToken& token);
+bool isSqlComparison(const SqlToken& token); // = <> < > <= >=
+bool isSqlArithmetic(const SqlToken& token); // + - *
+bool isSqlSign(const SqlToken& token);       // + -
+bool startsSqlOperand(const SqlToken& token);
+
+// The error for a place in a statement that cannot be read, and for two values of different kinds that meet there.
 [[noreturn]] void raiseSqlError(const QString& reason, const SqlToken& at);
+[[noreturn]] void raiseSqlMismatch(const SqlToken& at);

@@ -5,79 +5,7 @@
 #include "base/Numbers.h"
 #include "db/SqlDialect.h"
 
-#include <QSet>
-
 #include <utility>
-
-namespace {
-
-constexpr int deepestNesting = 100;
-
-// Stands in the text where NOW() belongs; the tokenizer lets no such sign out of a literal.
-constexpr QChar nowMark(u'\0');
-
-const QSet<QString>& keywords() {
-    static const QSet<QString> words{u"SELECT"_qs,  u"DISTINCT"_qs, u"FROM"_qs,   u"WHERE"_qs, u"GROUP"_qs,
-                                     u"BY"_qs,      u"HAVING"_qs,   u"ORDER"_qs,  u"ASC"_qs,   u"DESC"_qs,
-                                     u"AS"_qs,      u"AND"_qs,      u"OR"_qs,     u"NOT"_qs,   u"IN"_qs,
-                                     u"IS"_qs,      u"NULL"_qs,     u"LIKE"_qs,   u"LEFT"_qs,  u"INNER"_qs,
-                                     u"JOIN"_qs,    u"ON"_qs,       u"UNION"_qs,  u"ALL"_qs,   u"EXISTS"_qs,
-                                     u"BETWEEN"_qs, u"INTO"_qs,     u"VALUES"_qs, u"SET"_qs,   u"DISTINCTROW"_qs};
-    return words;
-}
-
-const QSet<QString>& aggregates() {
-    static const QSet<QString> words{u"COUNT"_qs, u"SUM"_qs, u"MIN"_qs, u"MAX"_qs, u"AVG"_qs};
-    return words;
-}
-
-bool isKeyword(const SqlToken& token) {
-    return token.kind == SqlToken::Word && keywords().contains(token.text.toUpper());
-}
-
-bool isComparison(const SqlToken& token) {
-    static const QStringList signs{u"="_qs, u"<>"_qs, u"<"_qs, u">"_qs, u"<="_qs, u">="_qs};
-    return token.kind == SqlToken::Symbol && signs.contains(token.text);
-}
-
-bool isArithmetic(const SqlToken& token) {
-    return token.isSymbol(u"+") || token.isSymbol(u"-") || token.isSymbol(u"*");
-}
-
-bool isSign(const SqlToken& token) { return token.isSymbol(u"+") || token.isSymbol(u"-"); }
-
-bool startsOperand(const SqlToken& token) {
-    switch (token.kind) {
-    case SqlToken::Name:
-    case SqlToken::String:
-    case SqlToken::Number:
-    case SqlToken::Date:
-        return true;
-    case SqlToken::Word:
-        return !isKeyword(token);
-    case SqlToken::Symbol:
-        return token.text == u"(" || isSign(token);
-    case SqlToken::End:
-        return false;
-    }
-    return false;
-}
-
-[[noreturn]] void raiseMismatch(const SqlToken& at) {
-    throw AppError(u"データ型が一致しません。（位置 %1）"_qs.arg(at.position + 1), u"SQL"_qs, 13);
-}
-
-// A number keeps its digits in both engines up to this many.
-constexpr int mostDigits = 15;
-
-int significantDigits(const QString& number) {
-    int digits = 0;
-    for (QChar c : number)
-        if (c.isDigit() && (digits > 0 || c != u'0')) ++digits;
-    return digits;
-}
-
-} // namespace
 
 SqlTranslator::SqlTranslator(const SqlDialect& dialect, QList<SqlToken> tokens)
     : m_dialect(dialect), m_tokens(std::move(tokens)) {
@@ -95,7 +23,7 @@ void SqlTranslator::collectTables() {
             expected = true;
             continue;
         }
-        if (isKeyword(token) && !token.is(u"AS") && !token.is(u"ON")) listed = false;
+        if (isSqlKeyword(token) && !token.is(u"AS") && !token.is(u"ON")) listed = false;
         if (const Schema::Table* table = expected && isName ? Schema::table(token.text) : nullptr) m_tables << table;
         expected = listed && token.isSymbol(u",");
     }
@@ -159,7 +87,7 @@ void SqlTranslator::expectSymbol(QStringView symbol) {
 
 QString SqlTranslator::takeName() {
     const SqlToken& token = at();
-    if (token.kind != SqlToken::Name && (token.kind != SqlToken::Word || isKeyword(token)))
+    if (token.kind != SqlToken::Name && (token.kind != SqlToken::Word || isSqlKeyword(token)))
         raiseSqlError(u"名前がありません。"_qs, token);
     take();
     return m_dialect.name(Schema::spelling(token.text));
@@ -184,7 +112,7 @@ void SqlTranslator::endSelectList(const SqlToken& at) {
     const qsizetype columns = qMin(m_list->first.size(), m_list->kinds.size());
     for (qsizetype i = 0; i < columns; ++i) {
         const Kind above = m_list->first.at(i), below = m_list->kinds.at(i);
-        if (above != below && above != Kind::Unknown && below != Kind::Unknown) raiseMismatch(at);
+        if (above != below && above != Kind::Unknown && below != Kind::Unknown) raiseSqlMismatch(at);
     }
     m_list->kinds.clear();
     m_list->open = true;
@@ -314,21 +242,21 @@ QString SqlTranslator::sortTerms() {
 
 QString SqlTranslator::expressionUntilComma() {
     const SqlToken start = at();
-    if (start.kind == SqlToken::Number || start.kind == SqlToken::String || isSign(start))
+    if (start.kind == SqlToken::Number || start.kind == SqlToken::String || isSqlSign(start))
         raiseSqlError(u"並べ替えに使えない値です。"_qs, start);
-    if (!startsOperand(start)) raiseSqlError(u"値がありません。"_qs, start);
+    if (!startsSqlOperand(start)) raiseSqlError(u"値がありません。"_qs, start);
     return operand().text;
 }
 
 // One keyword, sign or value of a clause, with what belongs to it.
 QString SqlTranslator::word() {
     const SqlToken token = at();
-    if (startsOperand(token)) return valueWord();
-    if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isArithmetic(token))) {
+    if (startsSqlOperand(token)) return valueWord();
+    if (token.kind == SqlToken::Symbol && (token.text == u"," || token.text == u"*" || isSqlArithmetic(token))) {
         take();
         return token.text;
     }
-    if (!isKeyword(token)) raiseSqlError(u"この語はここでは使えません。"_qs, token);
+    if (!isSqlKeyword(token)) raiseSqlError(u"この語はここでは使えません。"_qs, token);
     take();
     if (token.is(u"INTO") || token.is(u"VALUES") || token.is(u"LIKE") || token.is(u"BETWEEN") ||
         token.is(u"DISTINCTROW"))
@@ -351,13 +279,13 @@ QString SqlTranslator::valueWord() {
 
 // A value right behind a value would be taken as its new name, under which its column is not known any more.
 void SqlTranslator::refuseValue() const {
-    if (startsOperand(at())) raiseSqlError(u"この語はここでは使えません。"_qs, at());
+    if (startsSqlOperand(at())) raiseSqlError(u"この語はここでは使えません。"_qs, at());
 }
 
 // What may follow a value: a comparison, LIKE, IN or BETWEEN, whose literals take the kind of the value.
 QString SqlTranslator::comparison(Operand& left) {
     const SqlToken start = at();
-    if (isComparison(start)) {
+    if (isSqlComparison(start)) {
         take();
         if (accept(u"NULL")) return u" %1 NULL"_qs.arg(start.text);
         Operand right = operand(left.literal ? Kind::Unknown : left.kind);
@@ -395,7 +323,7 @@ void SqlTranslator::match(Operand& left, Operand& right, const SqlToken& at) con
         right.text = literalText(*right.literal, left.kind);
         right.kind = left.kind;
     }
-    if (left.kind != right.kind && left.kind != Kind::Unknown && right.kind != Kind::Unknown) raiseMismatch(at);
+    if (left.kind != right.kind && left.kind != Kind::Unknown && right.kind != Kind::Unknown) raiseSqlMismatch(at);
 }
 
 QString SqlTranslator::listOf(const Operand& left) {
@@ -451,221 +379,4 @@ QString SqlTranslator::likeOf(const SqlToken& token) const {
         }
     }
     return m_dialect.likePattern(escaped);
-}
-
-// --- values ---
-
-SqlTranslator::Operand SqlTranslator::operand(Kind expected) {
-    if (++m_depth > deepestNesting) raiseSqlError(u"かっこが深すぎます。"_qs, at());
-    const SqlToken start = at();
-    Operand value = joined(expected);
-    while (isArithmetic(at())) {
-        requireNumber(value, start);
-        const QString sign = take().text;
-        const SqlToken next = at();
-        Operand right = primary(Kind::Number);
-        requireNumber(right, next);
-        value = {value.text + u' ' + sign + u' ' + right.text, Kind::Number, {}, false};
-        if (at().isSymbol(u"&")) raiseSqlError(u"& の前後の計算はかっこで囲んで下さい。"_qs, at());
-    }
-    --m_depth;
-    return value;
-}
-
-void SqlTranslator::requireNumber(Operand& value, const SqlToken& at) const {
-    if (value.literal)
-        value.text = literalText(*value.literal, Kind::Number);
-    else if (value.kind != Kind::Number && value.kind != Kind::Unknown)
-        raiseMismatch(at);
-}
-
-SqlTranslator::Operand SqlTranslator::joined(Kind expected) {
-    const SqlToken start = at();
-    const Operand first = primary(expected);
-    if (!at().isSymbol(u"&")) return first;
-    QStringList parts;
-    const auto add = [&](const Operand& part) {
-        if (part.kind == Kind::Truth) raiseMismatch(start);
-        const bool mayBeNumber = part.kind == Kind::Number || part.kind == Kind::Unknown;
-        parts << (mayBeNumber ? m_dialect.numberAsText(part.text) : m_dialect.asText(part.text));
-    };
-    add(first);
-    while (acceptSymbol(u"&")) add(primary(Kind::Unknown));
-    if (isArithmetic(at())) raiseSqlError(u"& の前後の計算はかっこで囲んで下さい。"_qs, at());
-    return {m_dialect.caseBlind(u'(' + parts.join(u" || "_qs) + u')'), Kind::Text, {}, false};
-}
-
-SqlTranslator::Operand SqlTranslator::signedValue() {
-    const SqlToken sign = take();
-    const SqlToken next = at();
-    if (isSign(next)) raiseSqlError(u"値がありません。"_qs, next);
-    Operand value = primary(Kind::Number);
-    requireNumber(value, next);
-    return {u"(%1 %2)"_qs.arg(sign.text, value.text), Kind::Number, {}, false};
-}
-
-SqlTranslator::Operand SqlTranslator::primary(Kind expected) {
-    if (isSign(at()) && at(1).kind != SqlToken::Number) return signedValue();
-    const bool negative = at().isSymbol(u"-");
-    if (isSign(at())) take();
-    const SqlToken token = at();
-    switch (token.kind) {
-    case SqlToken::String:
-    case SqlToken::Number:
-    case SqlToken::Date: {
-        take();
-        const Literal literal{token, negative};
-        const Kind own = token.kind == SqlToken::String   ? Kind::Text
-                         : token.kind == SqlToken::Number ? Kind::Number
-                                                          : Kind::Date;
-        return {literalText(literal, expected), expected == Kind::Unknown ? own : expected, literal, false};
-    }
-    case SqlToken::Name:
-        return columnOperand();
-    case SqlToken::Word:
-        if (isKeyword(token)) break;
-        return at(1).isSymbol(u"(") ? function() : columnOperand();
-    case SqlToken::Symbol:
-        if (token.text == u"(") return bracket();
-        break;
-    case SqlToken::End:
-        break;
-    }
-    raiseSqlError(u"値がありません。"_qs, token);
-}
-
-// A select, a join, a condition, or a value, whose kind it keeps.
-SqlTranslator::Operand SqlTranslator::bracket() {
-    expectSymbol(u"(");
-    if (accept(u"SELECT")) {
-        Kind first = Kind::Unknown;
-        const QString inside = u"SELECT"_qs + selectStatement(&first);
-        expectSymbol(u")");
-        return {u'(' + inside + u')', first, {}, true};
-    }
-    SelectList* const outer = std::exchange(m_list, nullptr);
-    QStringList words;
-    Operand only;
-    bool isCondition = false, isJoin = false;
-    while (at().kind != SqlToken::End && !at().isSymbol(u")") && !at().isSymbol(u";")) {
-        const SqlToken token = at();
-        if (startsOperand(token)) {
-            only = operand();
-            const QString behind = comparison(only);
-            refuseValue();
-            isCondition = isCondition || !behind.isEmpty();
-            words << only.text + behind;
-            continue;
-        }
-        isCondition = isCondition || token.is(u"AND") || token.is(u"OR") || token.is(u"NOT") || token.is(u"IS");
-        isJoin = isJoin || token.is(u"JOIN");
-        words << word();
-    }
-    m_list = outer;
-    if (words.isEmpty()) raiseSqlError(u"かっこの中が空です。"_qs, at());
-    expectSymbol(u")");
-    const QString text = u'(' + words.join(u' ') + u')';
-    if (isCondition && !isJoin) return {text, Kind::Truth, {}, false};
-    if (words.size() > 1) return {text, Kind::Unknown, {}, false};
-    return {text, only.kind, only.literal, only.isSelect};
-}
-
-SqlTranslator::Operand SqlTranslator::function() {
-    const SqlToken called = take();
-    const QString name = called.text.toUpper();
-    expectSymbol(u"(");
-    Operand result;
-    if (name == u"NOW")
-        result = {QString(nowMark), Kind::Date, {}, false};
-    else if (name == u"ISNULL")
-        result = {u"(%1 IS NULL)"_qs.arg(operand().text), Kind::Truth, {}, false};
-    else if (name == u"IIF")
-        result = choice();
-    else if (aggregates().contains(name))
-        result = aggregate(called);
-    else
-        raiseSqlError(u"関数 %1 は使えません。"_qs.arg(called.text), called);
-    expectSymbol(u")");
-    return result;
-}
-
-SqlTranslator::Operand SqlTranslator::choice() {
-    QStringList condition;
-    SelectList* const outer = std::exchange(m_list, nullptr);
-    while (!at().isSymbol(u",") && !at().isSymbol(u")") && at().kind != SqlToken::End) condition << word();
-    m_list = outer;
-    if (condition.isEmpty()) raiseSqlError(u"条件がありません。"_qs, at());
-    expectSymbol(u",");
-    Operand yes = operand();
-    expectSymbol(u",");
-    const SqlToken start = at();
-    Operand no = operand();
-    match(yes, no, start);
-    const Kind kind = yes.kind == Kind::Unknown ? no.kind : yes.kind;
-    const QString text = m_dialect.choice(condition.join(u' '), yes.text, no.text);
-    return {kind == Kind::Text ? m_dialect.caseBlind(text) : text, kind, {}, false};
-}
-
-SqlTranslator::Operand SqlTranslator::aggregate(const SqlToken& called) {
-    const QString name = called.text.toUpper();
-    const QString distinct = accept(u"DISTINCT") ? u"DISTINCT "_qs : QString();
-    if (name == u"COUNT" && distinct.isEmpty() && acceptSymbol(u"*")) return {u"COUNT(*)"_qs, Kind::Number, {}, false};
-    const SqlToken start = at();
-    Operand inside = operand();
-    const bool ofNumbers = name == u"SUM" || name == u"AVG";
-    if (ofNumbers) requireNumber(inside, start);
-    const QString text = name + u'(' + distinct + inside.text + u')';
-    if (ofNumbers || name == u"COUNT") return {text, Kind::Number, {}, false};
-    return {inside.kind == Kind::Text ? m_dialect.caseBlind(text) : text, inside.kind, {}, false};
-}
-
-SqlTranslator::Operand SqlTranslator::columnOperand() {
-    const QString first = at().text;
-    QString text = takeName();
-    if (!acceptSymbol(u".")) return {text, kindOf(QString(), first), {}, false};
-    if (acceptSymbol(u"*")) return {text + u".*"_qs, Kind::Unknown, {}, false};
-    const QString second = at().text;
-    text += u'.' + takeName();
-    return {text, kindOf(first, second), {}, false};
-}
-
-SqlTranslator::Kind SqlTranslator::kindOf(const QString& table, const QString& name) const {
-    if (!table.isEmpty()) {
-        const Schema::Table* known = Schema::table(table);
-        return known ? kindOf(known->column(name)) : Kind::Unknown;
-    }
-    Kind found = Kind::Unknown;
-    for (const Schema::Table* candidate : m_tables) {
-        const Kind kind = kindOf(candidate->column(name));
-        if (kind == Kind::Unknown) continue;
-        if (found != Kind::Unknown && found != kind) return Kind::Unknown;
-        found = kind;
-    }
-    return found;
-}
-
-SqlTranslator::Kind SqlTranslator::kindOf(const Schema::Column* column) {
-    if (!column || column->type == Schema::Unknown) return Kind::Unknown;
-    if (column->isText()) return Kind::Text;
-    return column->isDate() ? Kind::Date : Kind::Number;
-}
-
-QString SqlTranslator::literalText(const Literal& literal, Kind kind) const {
-    const SqlToken& token = literal.token;
-    const QString text = (literal.negative ? u"-"_qs : QString()) + token.text;
-    if (kind == Kind::Unknown && token.kind == SqlToken::String) return m_dialect.text(text);
-    if (token.kind == SqlToken::Date && (kind == Kind::Unknown || kind == Kind::Date)) return dateLiteral(token);
-    if (kind == Kind::Date && token.kind == SqlToken::String) return dateLiteral(token);
-    if (kind == Kind::Text && token.kind != SqlToken::Date) return m_dialect.text(text);
-    const QString number = text.trimmed();
-    const bool asNumber = kind == Kind::Number || kind == Kind::Unknown;
-    if (!asNumber || token.kind == SqlToken::Date || !isPlainNumber(number)) raiseMismatch(token);
-    if (significantDigits(number) > mostDigits) raiseSqlError(u"数値の桁が多すぎます。"_qs, token);
-    return number;
-}
-
-QString SqlTranslator::dateLiteral(const SqlToken& token) const {
-    const auto value = parseDate(token.text);
-    if (!value) raiseSqlError(u"日付が正しくありません。"_qs, token);
-    return m_dialect.date(*value);
 }

@@ -99,6 +99,10 @@ private:
     Kind kindOf(const QString& table, const QString& name) const;
     void collectTables();
 
+    static constexpr int deepestNesting = 100;
+    // Stands in the text where NOW() belongs; the tokenizer lets no such sign out of a literal.
+    static constexpr QChar nowMark{u'\0'};
+
     const SqlDialect& m_dialect;
     QList<SqlToken> m_tokens;
     QList<const Schema::Table*> m_tables;

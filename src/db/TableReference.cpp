@@ -7,14 +7,21 @@ namespace {
 
 QString typeName(const Schema::Column& column) {
     switch (column.type) {
-    case Schema::Text: return u"text %1"_qs.arg(column.size);
-    case Schema::LongText: return u"memo"_qs;
+    case Schema::Text:
+        return u"text %1"_qs.arg(column.size);
+    case Schema::LongText:
+        return u"memo"_qs;
     case Schema::SmallInteger:
-    case Schema::Integer: return u"int"_qs;
-    case Schema::Double: return u"number"_qs;
-    case Schema::Currency: return u"money"_qs;
-    case Schema::Date: return u"date"_qs;
-    case Schema::Unknown: break;
+    case Schema::Integer:
+        return u"int"_qs;
+    case Schema::Double:
+        return u"number"_qs;
+    case Schema::Currency:
+        return u"money"_qs;
+    case Schema::Date:
+        return u"date"_qs;
+    case Schema::Unknown:
+        break;
     }
     return u"?"_qs;
 }

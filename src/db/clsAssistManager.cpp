@@ -23,8 +23,7 @@ void clsAssistManager::SaveData(clsAssist& assist) {
     } else {
         insert(assist);
         assist.AsstNo = largestNumber();
-        if (assist.AsstNo.isEmpty())
-            throw AppError(u"追加した管理Noの取得に失敗しました。"_qs, u"clsAssistManager"_qs);
+        if (assist.AsstNo.isEmpty()) throw AppError(u"追加した管理Noの取得に失敗しました。"_qs, u"clsAssistManager"_qs);
     }
     transaction.commit();
 }

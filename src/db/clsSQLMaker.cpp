@@ -13,18 +13,14 @@ namespace {
 const QString addDate = u"登録日"_qs;
 const QString updDate = u"更新日"_qs;
 
-// Sizes count characters, as the fields and the engines do: one that takes two units is one.
-QString cutTo(const QString& text, int size) {
-    qsizetype units = 0;
-    for (int i = 0; i < size && units < text.size(); ++i) units += text.at(units).isHighSurrogate() ? 2 : 1;
-    return text.left(units);
-}
-
 QString numberOf(const QString& text, Schema::TypeCode type) {
     switch (type) {
-    case Schema::SmallInteger: return QString::number(ToInt16(text));
-    case Schema::Integer: return QString::number(ToInt(text));
-    case Schema::Currency: return Money::parse(text).toText();
+    case Schema::SmallInteger:
+        return QString::number(ToInt16(text));
+    case Schema::Integer:
+        return QString::number(ToInt(text));
+    case Schema::Currency:
+        return Money::parse(text).toText();
     default:
         if (!isPlainNumber(text)) throw Errors::typeMismatch(u"clsSQLMaker"_qs);
         return text.startsWith(u'+') ? text.mid(1) : text;
@@ -51,7 +47,7 @@ Schema::Column clsSQLMaker::columnOf(const QString& name) const { return m_colum
 
 void clsSQLMaker::AddData(const QString& name, const QString& value) {
     const Schema::Column column = columnOf(name);
-    m_data << Entry{name, column.type == Schema::Text ? cutTo(value, column.size) : value, column.type};
+    m_data << Entry{name, column.type == Schema::Text ? Text::first(value, column.size) : value, column.type};
     m_addDateGiven = m_addDateGiven || name == addDate;
     m_updDateGiven = m_updDateGiven || name == updDate;
 }
@@ -67,12 +63,14 @@ QString clsSQLMaker::rendered(const Entry& entry, bool isKey) {
     case Schema::SmallInteger:
     case Schema::Integer:
     case Schema::Double:
-    case Schema::Currency: return numberOf(text, entry.type);
+    case Schema::Currency:
+        return numberOf(text, entry.type);
     case Schema::Date:
         if (!isKey && text.toUpper().contains(u"NOW"_qs)) return u"NOW()"_qs;
         if (!parseDate(text)) throw Errors::typeMismatch(u"clsSQLMaker"_qs);
         return u'#' + text + u'#';
-    default: return u'\'' + SqlQuote(text) + u'\'';
+    default:
+        return u'\'' + SqlQuote(text) + u'\'';
     }
 }
 

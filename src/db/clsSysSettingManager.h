@@ -24,7 +24,8 @@ inline constexpr int NameSide = 17;
 inline constexpr int NameGrantRepair = 18;
 inline constexpr int NamePickStyle = 19;
 inline constexpr int PriceYear = 20;
-// Of each kind of document, in the order of the kinds: 見積書 21, 内訳書 23 and so on, and behind it the form of its date.
+// Of each kind of document, in the order of the kinds: 見積書 21, 内訳書 23 and so on, and behind it the form of its
+// date.
 inline constexpr int PaperSizes = 21;
 inline constexpr int DateForms = 22;
 inline constexpr int TmpSetDays = 33; // from the casting date to the planned ones

@@ -53,8 +53,8 @@ QString unitPriceOf(const QString& amount, const QString& quantity) {
 } // namespace
 
 Composition composed(const EstimateRows& rows) {
-    Composition composition = CompositionRecords::compose(rows.items, itemRecord(), rows.make, makeRecord(),
-                                                          rows.parts, partsRecord(), oneTier);
+    Composition composition = CompositionRecords::compose(rows.items, itemRecord(), rows.make, makeRecord(), rows.parts,
+                                                          partsRecord(), oneTier);
     for (int row = 1; row <= composition.items().size(); ++row)
         for (const LineRules* rules : {&makeRules(), &partsRules()})
             for (Cells& line : composition.item(row).*rules->lines)

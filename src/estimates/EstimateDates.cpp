@@ -19,9 +19,9 @@ bool isDate(const QString& text) {
 const QList<QString clsCsEstimate::*>& workDates() {
     using Estimate = clsCsEstimate;
     static const QList<QString Estimate::*> dates{
-        &Estimate::RecvDate,      &Estimate::EstDate,      &Estimate::TickRsvDate,  &Estimate::PickPtnDate,
+        &Estimate::RecvDate,      &Estimate::EstDate,       &Estimate::TickRsvDate,  &Estimate::PickPtnDate,
         &Estimate::TmpSetPlnDate, &Estimate::TmpSetFinDate, &Estimate::CmpltPlnDate, &Estimate::CmpltFinDate,
-        &Estimate::DelvPlnDate,   &Estimate::DelvFinDate,  &Estimate::AskPlnDate,   &Estimate::AskFinDate,
+        &Estimate::DelvPlnDate,   &Estimate::DelvFinDate,   &Estimate::AskPlnDate,   &Estimate::AskFinDate,
         &Estimate::PayInPlnDate,  &Estimate::PayInFinDate};
     return dates;
 }

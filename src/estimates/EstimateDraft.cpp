@@ -109,8 +109,9 @@ private:
         const QString setting = gSysSettingManager.value(Setting::Tax).trimmed();
         const QString tax = estimate().Tax.trimmed();
         if (tax == setting) return true;
-        return ShowMessage(Message::QuestionNo, u"消費税相当額がシステム設定の値と異なります。\nこのまま登録しますか？\n\n"
-                                u"消費税相当額：%1\nシステム設定：%2"_qs.arg(tax, setting)) == AnswerYes;
+        return ShowMessage(Message::QuestionNo,
+                           u"消費税相当額がシステム設定の値と異なります。\nこのまま登録しますか？\n\n"
+                           u"消費税相当額：%1\nシステム設定：%2"_qs.arg(tax, setting)) == AnswerYes;
     }
 
     static void saveMaker(QString& number, const QString& name) {
@@ -231,9 +232,9 @@ void EstimateDraft::clearEstimate(Clearing level) {
     partialPayment.clear();
     composition.clear();
     if (level == Clearing::ContentsAndDates) return;
-    for (const auto text : {&clsCsEstimate::ProducerNm, &clsCsEstimate::LifeYear, &clsCsEstimate::LifeEnd,
-                            &clsCsEstimate::Category, &clsCsEstimate::Frame, &clsCsEstimate::Charge1Nm,
-                            &clsCsEstimate::Memo})
+    for (const auto text :
+         {&clsCsEstimate::ProducerNm, &clsCsEstimate::LifeYear, &clsCsEstimate::LifeEnd, &clsCsEstimate::Category,
+          &clsCsEstimate::Frame, &clsCsEstimate::Charge1Nm, &clsCsEstimate::Memo})
         (estimate.*text).clear();
     estimate.Discount1 = estimate.Discount2 = estimate.Discount3 = wholePrice;
 }

@@ -23,12 +23,12 @@ struct ClaimRow {
 struct EstimateDraft {
     clsCustomer customer;
     clsChart chart;
-    QString orderCd;               // code of the ordering party as typed
-    QList<ClaimRow> claims;        // the rows of the insurance grid, empty ones included
-    clsCsEstimate estimate;        // `UpdDate` is that of the last load
+    QString orderCd;        // code of the ordering party as typed
+    QList<ClaimRow> claims; // the rows of the insurance grid, empty ones included
+    clsCsEstimate estimate; // `UpdDate` is that of the last load
     Composition composition;
-    QString partialPayment;        // the advance payment, empty when not filled
-    bool uncollected = false;      // the operator's 未回収
+    QString partialPayment;   // the advance payment, empty when not filled
+    bool uncollected = false; // the operator's 未回収
 
     QList<ClaimRow> usedClaims() const;
     // The claim lines as they are stored: numbered from 1, with the advance payment in the first.

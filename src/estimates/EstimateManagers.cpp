@@ -4,6 +4,7 @@
 #include "base/Application.h"
 #include "customers/EstimateTables.h"
 #include "db/clsAutoIdsManager.h"
+#include "estimates/ListedLaws.h"
 
 clsCsEstimateManager gCsEstimateManager;
 clsCsItemManager gCsItemManager;
@@ -223,12 +224,10 @@ void clsCsEstimateManager::GetInsData(const QString& EstId, QString& InsList, co
                                      u" ON [顧客見積情報].[見積ID] = [顧客見積請求].[見積ID])"
                                      u" INNER JOIN [法別] ON [顧客見積請求].[法別No] = [法別].[法別No])"_qs,
                                      keyed({EstId}), u"[法別].[法別No]"_qs));
-    while (rows.next()) {
-        const QString name = rows.value(u"法別"_qs);
-        if (!InsList.isEmpty()) InsList += u',';
-        InsList += name.left(2);
-        if (!name.isEmpty() && strExcInsList.contains(name)) Excluded = true;
-    }
+    ListedLaws laws{InsList, Excluded};
+    while (rows.next()) laws.add(rows.value(u"法別"_qs), strExcInsList);
+    InsList = laws.shown;
+    Excluded = laws.excluded;
 }
 
 clsCsItemManager::clsCsItemManager()

@@ -26,8 +26,8 @@ struct clsCsEstimate {
 struct clsCsItem {
     QString EstId, EstItemNo;
     QString Item, PickKbn, Name, Form;
-    QString PickStyle;   // 管理No of 採型／採寸, "0" without the choice
-    QString GrantRepair; // 管理No of 交付／修理
+    QString PickStyle;              // 管理No of 採型／採寸, "0" without the choice
+    QString GrantRepair;            // 管理No of 交付／修理
     QString MkElmTotal, CpElmTotal; // written "0"
 };
 

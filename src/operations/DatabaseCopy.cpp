@@ -97,7 +97,8 @@ QList<Comparison> compare(Connection& from, Connection& to, const QStringList& t
 }
 
 QStringList report(const QList<Comparison>& comparisons) {
-    QStringList lines{line(u"表"_qs, {u"移行元 行数"_qs, u"移行先 行数"_qs, u"移行元 金額計"_qs, u"移行先 金額計"_qs}, {})};
+    QStringList lines{
+        line(u"表"_qs, {u"移行元 行数"_qs, u"移行先 行数"_qs, u"移行元 金額計"_qs, u"移行先 金額計"_qs}, {})};
     for (const Comparison& comparison : comparisons) lines << line(comparison);
     return lines;
 }

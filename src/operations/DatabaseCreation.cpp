@@ -20,7 +20,8 @@ namespace {
 QByteArray resource(const QString& path) {
     initResources();
     QFile file(u":/data/"_qs + path);
-    if (!file.open(QIODevice::ReadOnly)) throw AppError(u"配布データ %1 が読めません。"_qs.arg(path), u"DatabaseCreation"_qs);
+    if (!file.open(QIODevice::ReadOnly))
+        throw AppError(u"配布データ %1 が読めません。"_qs.arg(path), u"DatabaseCreation"_qs);
     return file.readAll();
 }
 
@@ -34,8 +35,10 @@ void loadTable(Connection& connection, const Schema::Table& table, const QString
         const auto fill = [&](bool keysApart) {
             maker.RemoveAll();
             for (int i = 0; i < heads.size(); ++i) {
-                if (keysApart && table.key.contains(heads.at(i))) maker.AddKey(heads.at(i), line.value(i));
-                else maker.AddData(heads.at(i), line.value(i));
+                if (keysApart && table.key.contains(heads.at(i)))
+                    maker.AddKey(heads.at(i), line.value(i));
+                else
+                    maker.AddData(heads.at(i), line.value(i));
             }
         };
         fill(true);
@@ -98,8 +101,9 @@ void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
     Connection server(administration);
     server.open();
     const QString quoted = u'"' + QString(settings.database).remove(u'"') + u'"';
-    const bool exists = !server.engineScalar(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(
-                                                 QString(settings.database).replace(u"'"_qs, u"''"_qs)))
+    const bool exists = !server
+                             .engineScalar(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(
+                                 QString(settings.database).replace(u"'"_qs, u"''"_qs)))
                              .isEmpty();
     if (!exists)
         server.engineExecute(
@@ -118,7 +122,8 @@ void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
 
 } // namespace
 
-void create(const ConnectionSettings& settings, Contents contents, const std::function<void(const QString&)>& progress) {
+void create(const ConnectionSettings& settings, Contents contents,
+            const std::function<void(const QString&)>& progress) {
     if (progress) progress(u"データベースを作成しています: "_qs + settings.description());
     createWith(settings, [contents](Connection& connection) {
         createTables(connection);
@@ -129,8 +134,10 @@ void create(const ConnectionSettings& settings, Contents contents, const std::fu
 }
 
 void createWith(const ConnectionSettings& settings, const Filler& fill) {
-    if (settings.provider == Provider::SQLite) createFile(settings, fill);
-    else createOnServer(settings, fill);
+    if (settings.provider == Provider::SQLite)
+        createFile(settings, fill);
+    else
+        createOnServer(settings, fill);
 }
 
 void createTables(Connection& connection) {

@@ -31,13 +31,13 @@ template <class Manager> Entry entry(Manager& manager) {
 
 const QList<Entry>& entries() {
     static const QList<Entry> list{
-        entry(gCustomerManager),   entry(gPrefectureManager), entry(gAssistManager),     entry(gAutoIdsManager),
-        entry(gProducerManager),   entry(gStaffManager),      entry(gChartManager),      entry(gOrderManager),
-        entry(gDoctorManager),     entry(gZipManager),        entry(gCsInsManager),      entry(gInsClaimManager),
-        entry(gInsManager),        entry(gClaimManager),      entry(gPriceAddManager),   entry(gPriceBaseManager),
-        entry(gPriceElmtManager),  entry(gPriceItemManager),  entry(gPricePartsManager), entry(gCsEstimateManager),
-        entry(gCsItemManager),     entry(gCsMakeElmtManager), entry(gCsCmpltElmtManager), entry(gCsEstAskManager),
-        entry(gProcKbnManager),    entry(gSysSettingManager), entry(gBaseElmtSelectManager), entry(gOfficeManager),
+        entry(gCustomerManager),  entry(gPrefectureManager), entry(gAssistManager),         entry(gAutoIdsManager),
+        entry(gProducerManager),  entry(gStaffManager),      entry(gChartManager),          entry(gOrderManager),
+        entry(gDoctorManager),    entry(gZipManager),        entry(gCsInsManager),          entry(gInsClaimManager),
+        entry(gInsManager),       entry(gClaimManager),      entry(gPriceAddManager),       entry(gPriceBaseManager),
+        entry(gPriceElmtManager), entry(gPriceItemManager),  entry(gPricePartsManager),     entry(gCsEstimateManager),
+        entry(gCsItemManager),    entry(gCsMakeElmtManager), entry(gCsCmpltElmtManager),    entry(gCsEstAskManager),
+        entry(gProcKbnManager),   entry(gSysSettingManager), entry(gBaseElmtSelectManager), entry(gOfficeManager),
         entry(gEquipmentManager),
     };
     return list;

@@ -17,20 +17,23 @@ struct FileForm {
 };
 
 const QList<FileForm>& forms() {
-    const QStringList prices{u"新価格１"_qs, u"新価格２"_qs, u"新価格３"_qs, u"旧価格１"_qs, u"旧価格２"_qs, u"旧価格３"_qs};
+    const QStringList prices{u"新価格１"_qs, u"新価格２"_qs, u"新価格３"_qs,
+                             u"旧価格１"_qs, u"旧価格２"_qs, u"旧価格３"_qs};
     const QStringList price{u"新価格"_qs, u"旧価格"_qs};
     static const QList<FileForm> list{
         {u"価格種目"_qs, u"Item.csv"_qs, {u"ID"_qs, u"種目"_qs, u"採型区分"_qs, u"名称"_qs, u"形式"_qs}},
         {u"価格基本"_qs, u"Base.csv"_qs,
          QStringList{u"ID"_qs, u"順番"_qs, u"種目"_qs, u"採型区分"_qs, u"名称"_qs, u"形式"_qs, u"適用"_qs,
-                     u"採型採寸区分"_qs} + prices},
+                     u"採型採寸区分"_qs} +
+             prices},
         {u"価格加算"_qs, u"Add.csv"_qs,
          QStringList{u"ID"_qs, u"順番"_qs, u"種目"_qs, u"採型区分"_qs, u"加算要素"_qs, u"交付修理区分"_qs} + price},
         {u"価格要素"_qs, u"Element.csv"_qs,
          QStringList{u"ID"_qs, u"順番"_qs, u"種目"_qs, u"採型区分"_qs, u"製作要素"_qs, u"原材料"_qs} + prices},
         {u"価格部品"_qs, u"Parts.csv"_qs,
          QStringList{u"ID"_qs, u"種目"_qs, u"名称"_qs, u"形式"_qs, u"メーカ名"_qs, u"部品コード"_qs, u"使用設定"_qs,
-                     u"使用設定文字"_qs, u"使用設定ダミー"_qs, u"備考"_qs} + price},
+                     u"使用設定文字"_qs, u"使用設定ダミー"_qs, u"備考"_qs} +
+             price},
     };
     return list;
 }

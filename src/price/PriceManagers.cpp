@@ -16,8 +16,9 @@ template <class Record> QList<Field<Record>> withStamps(QList<Field<Record>> fie
 }
 
 template <class Record> QList<Field<Record>> threePrices() {
-    return {{&Record::NewPrice1, u"新価格１"_qs}, {&Record::NewPrice2, u"新価格２"_qs}, {&Record::NewPrice3, u"新価格３"_qs},
-            {&Record::OldPrice1, u"旧価格１"_qs}, {&Record::OldPrice2, u"旧価格２"_qs}, {&Record::OldPrice3, u"旧価格３"_qs}};
+    return {{&Record::NewPrice1, u"新価格１"_qs}, {&Record::NewPrice2, u"新価格２"_qs},
+            {&Record::NewPrice3, u"新価格３"_qs}, {&Record::OldPrice1, u"旧価格１"_qs},
+            {&Record::OldPrice2, u"旧価格２"_qs}, {&Record::OldPrice3, u"旧価格３"_qs}};
 }
 
 } // namespace
@@ -48,16 +49,16 @@ void clsPriceItemManager::GetListSumForm(QList<clsPriceItem>& result, const QStr
 }
 
 clsPriceBaseManager::clsPriceBaseManager()
-    : PriceManager(u"価格基本"_qs, withStamps<clsPriceBase>(QList<Field<clsPriceBase>>{
-                                       {&clsPriceBase::ID, u"ID"_qs},
-                                       {&clsPriceBase::Seq, u"順番"_qs},
-                                       {&clsPriceBase::Item, u"種目"_qs},
-                                       {&clsPriceBase::PickKbn, u"採型区分"_qs},
-                                       {&clsPriceBase::Name, u"名称"_qs},
-                                       {&clsPriceBase::Form, u"形式"_qs},
-                                       {&clsPriceBase::Apply, u"適用"_qs},
-                                       {&clsPriceBase::PickStyle, u"採型採寸区分"_qs}} +
-                                   threePrices<clsPriceBase>())) {}
+    : PriceManager(u"価格基本"_qs,
+                   withStamps<clsPriceBase>(QList<Field<clsPriceBase>>{{&clsPriceBase::ID, u"ID"_qs},
+                                                                       {&clsPriceBase::Seq, u"順番"_qs},
+                                                                       {&clsPriceBase::Item, u"種目"_qs},
+                                                                       {&clsPriceBase::PickKbn, u"採型区分"_qs},
+                                                                       {&clsPriceBase::Name, u"名称"_qs},
+                                                                       {&clsPriceBase::Form, u"形式"_qs},
+                                                                       {&clsPriceBase::Apply, u"適用"_qs},
+                                                                       {&clsPriceBase::PickStyle, u"採型採寸区分"_qs}} +
+                                            threePrices<clsPriceBase>())) {}
 
 clsPriceAddManager::clsPriceAddManager()
     : PriceManager(u"価格加算"_qs, withStamps<clsPriceAdd>({{&clsPriceAdd::ID, u"ID"_qs},

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// The rows of the price tables. Prices are whole yen; 1 is 大人 (15歳以上), 2 中人 (6～14歳), 3 小人 (0～5歳). An ID above
-// 9000000 is a user's own row, all others come from the yearly price files.
+// The rows of the price tables. Prices are whole yen; 1 is 大人 (15歳以上), 2 中人 (6～14歳), 3 小人 (0～5歳). An ID
+// above 9000000 is a user's own row, all others come from the yearly price files.
 
 struct clsPriceItem {
     QString ID;

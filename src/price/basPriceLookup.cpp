@@ -25,9 +25,7 @@ struct Line {
     QString item, pickKbn, name, form, pickStyle, makeElmt, materials;
 
     bool isBase() const { return makeElmt == basePrice; }
-    bool isAdjustment() const {
-        return makeElmt == addition && isWheelchair(item) && materials.left(4) == adjustment;
-    }
+    bool isAdjustment() const { return makeElmt == addition && isWheelchair(item) && materials.left(4) == adjustment; }
 };
 
 bool isComplete(const Line& line) {
@@ -37,10 +35,6 @@ bool isComplete(const Line& line) {
     if (line.materials.isEmpty()) return false;
     return !(isWheelchair(line.item) && line.makeElmt == addition) || named;
 }
-
-QString term(const QString& column, const QString& value) { return u'[' + column + u"] = "_qs + sqlText(value); }
-
-QString allOf(const QStringList& terms) { return terms.join(u" AND "_qs); }
 
 // The `適用` of a wheelchair line; nothing when its material names none.
 std::optional<int> manualApply(const Line& line) {
@@ -55,22 +49,21 @@ std::optional<int> manualApply(const Line& line) {
 }
 
 // The filter on `価格基本`; nothing when the line cannot be looked up there.
-std::optional<QString> baseFilter(const Line& line) {
-    const QString item = term(u"種目"_qs, line.item);
-    const QString pickKbn = term(u"採型区分"_qs, line.pickKbn);
-    const QString form = term(u"形式"_qs, line.form);
-    if (isShellOrFrame(line.item)) return allOf({item, pickKbn, form});
+std::optional<SqlTerm> baseFilter(const Line& line) {
+    using Row = clsPriceBase;
+    const auto has = [](QString Row::*member, const QString& value) { return gPriceBaseManager.equal(member, value); };
+    const SqlTerm item = has(&Row::Item, line.item);
+    if (isShellOrFrame(line.item))
+        return SqlAllOf({item, has(&Row::PickKbn, line.pickKbn), has(&Row::Form, line.form)});
     if (hasPickStyle(line.item)) {
         const qint32 style = ToInt(Val(line.pickStyle));
         if (style == 0) return std::nullopt;
-        return allOf({item, pickKbn, u"[採型採寸区分] = %1"_qs.arg(style)});
+        return SqlAllOf({item, has(&Row::PickKbn, line.pickKbn), has(&Row::PickStyle, QString::number(style))});
     }
-    const QString other = allOf({item, term(u"名称"_qs, line.name), form});
-    if (isManualWheelchair(line.item)) {
-        const auto apply = manualApply(line);
-        return apply ? std::optional(other + u" AND [適用] = %1 "_qs.arg(*apply)) : std::nullopt;
-    }
-    return line.isAdjustment() ? other + u" AND [適用] = 3"_qs : other;
+    const SqlTerm other = SqlAllOf({item, has(&Row::Name, line.name), has(&Row::Form, line.form)});
+    const auto apply = isManualWheelchair(line.item) ? manualApply(line) : std::optional(line.isAdjustment() ? 3 : 0);
+    if (!apply) return std::nullopt;
+    return *apply == 0 ? other : SqlAllOf({other, has(&Row::Apply, QString::number(*apply))});
 }
 
 // The price of the first row; rows of several that differ set the code. The comparison passes over prices of 0 at the
@@ -102,13 +95,13 @@ template <class Record> QString Record::*tierColumn(const QString& ageKbn) {
 }
 
 template <class Record>
-Money tieredPrice(PriceManager<Record>& manager, const QString& filter, const QString& ageKbn, qint16& ResultCode) {
+Money tieredPrice(PriceManager<Record>& manager, const SqlTerm& filter, const QString& ageKbn, qint16& ResultCode) {
     QList<Record> rows;
     manager.GetList(rows, filter, u"[ID]"_qs);
     return firstPrice(rows, &Record::NewPrice1, tierColumn<Record>(ageKbn), ResultCode);
 }
 
-template <class Record> Money singlePrice(PriceManager<Record>& manager, const QString& filter, qint16& ResultCode) {
+template <class Record> Money singlePrice(PriceManager<Record>& manager, const SqlTerm& filter, qint16& ResultCode) {
     QList<Record> rows;
     manager.GetList(rows, filter, u"[ID]"_qs);
     return firstPrice(rows, &Record::NewPrice, &Record::NewPrice, ResultCode);
@@ -136,19 +129,23 @@ Money GetElementPrice(const QString& Item, const QString& PickKbn, const QString
     }
     if (MakeElmt == addition)
         return singlePrice(gPriceAddManager,
-                           allOf({term(u"種目"_qs, Item), term(u"加算要素"_qs, Materials), term(u"採型区分"_qs, PickKbn)}),
+                           SqlAllOf({gPriceAddManager.equal(&clsPriceAdd::Item, Item),
+                                     gPriceAddManager.equal(&clsPriceAdd::AddElmt, Materials),
+                                     gPriceAddManager.equal(&clsPriceAdd::PickKbn, PickKbn)}),
                            ResultCode);
     return tieredPrice(gPriceElmtManager,
-                       allOf({term(u"種目"_qs, Item), term(u"製作要素"_qs, MakeElmt), term(u"原材料"_qs, Materials),
-                              term(u"採型区分"_qs, PickKbn)}),
+                       SqlAllOf({gPriceElmtManager.equal(&clsPriceElmt::Item, Item),
+                                 gPriceElmtManager.equal(&clsPriceElmt::MakeElmt, MakeElmt),
+                                 gPriceElmtManager.equal(&clsPriceElmt::Materials, Materials),
+                                 gPriceElmtManager.equal(&clsPriceElmt::PickKbn, PickKbn)}),
                        AgeKbn, ResultCode);
 }
 
 Money GetPartsPrice(const QString& Item, const QString& PartsNm, const QString& Form, const QString& PartsCd,
                     qint16& ResultCode) {
     const QString filter =
-        u"[種目] = %1 AND [名称] = %2 AND [形式] = %3 AND IIF(ISNULL([部品コード]), '', [部品コード]) = %4 AND [使用設定] = 1"_qs.arg(
-            sqlText(Item), sqlText(PartsNm), sqlText(Form), sqlText(PartsCd));
+        u"[種目] = %1 AND [名称] = %2 AND [形式] = %3 AND IIF(ISNULL([部品コード]), '', [部品コード]) = %4 AND [使用設定] = 1"_qs
+            .arg(sqlText(Item), sqlText(PartsNm), sqlText(Form), sqlText(PartsCd));
     return singlePrice(gPricePartsManager, filter, ResultCode);
 }
 

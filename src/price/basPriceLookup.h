@@ -8,8 +8,8 @@
 // to tell, so the caller clears it before each call: 1 no row matched, 2 several rows matched with different prices
 // (the first one counts). A missing argument gives 0 yen and leaves the code alone.
 
-// One make element line: 基本価格 and 調整加算 of wheelchairs from `価格基本`, other 加算 from `価格加算`, all else from
-// `価格要素`. `AgeKbn` is 小人, 中人, or anything else for 大人.
+// One make element line: 基本価格 and 調整加算 of wheelchairs from `価格基本`, other 加算 from `価格加算`, all else
+// from `価格要素`. `AgeKbn` is 小人, 中人, or anything else for 大人.
 Money GetElementPrice(const QString& Item, const QString& PickKbn, const QString& Name, const QString& Form,
                       const QString& PickStyle, const QString& MakeElmt, const QString& Materials,
                       const QString& AgeKbn, qint16& ResultCode);

@@ -145,10 +145,11 @@ template <class Record> void CodedManager<Record>::putInUse(Record& record) {
 
 template <class Record> qint16 PartyManager<Record>::askWhichName(const Record& typed, const Record& master) const {
     const QString what = this->table();
-    return ShowMessage(Message::QuestionCancel, u"入力された%1はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n"
-                            u"　　%1コード：%2\n　　(入力)%3\n　　(マスタ)%4\n\n"
-                            u"※「いいえ」ボタンを選択するとマスタの内容が上書きされます。"_qs.arg(
-                                what, typed.*this->code(), typed.*this->name(), master.*this->name()));
+    return ShowMessage(Message::QuestionCancel,
+                       u"入力された%1はマスタ登録内容と異なります。\nマスタの内容に置き換えますか？\n\n"
+                       u"　　%1コード：%2\n　　(入力)%3\n　　(マスタ)%4\n\n"
+                       u"※「いいえ」ボタンを選択するとマスタの内容が上書きされます。"_qs.arg(
+                           what, typed.*this->code(), typed.*this->name(), master.*this->name()));
 }
 
 template <class Record> Reconciled PartyManager<Record>::ReconcileData(Record& record) {
@@ -204,7 +205,8 @@ template <class Record> void PersonManager<Record>::AddByName(Record& record) {
 
     const QString code = gAutoIdsManager.GetNewId(this->table() + u"コード"_qs);
     if (code.isEmpty()) {
-        ShowMessage(Message::Information, this->table() + u"コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+        ShowMessage(Message::Information,
+                    this->table() + u"コードを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
         return;
     }
     record.*this->code() = code;

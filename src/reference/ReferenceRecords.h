@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// The rows of the small code tables. `Seq` is the order text (順番), the time of creation until a row is moved; `UseFlg`
-// is "0" for a row in use and anything else for a retired one.
+// The rows of the small code tables. `Seq` is the order text (順番), the time of creation until a row is moved;
+// `UseFlg` is "0" for a row in use and anything else for a retired one.
 
 struct clsPrefecture {
     QString PrefNo, Pref, City, Seq;

@@ -35,7 +35,8 @@ bool hasTick(const PrintGridRow& row) {
 // A paper for a row without its 法別 belongs to nobody, unless the order has no claim at all.
 std::optional<DocumentOrder> missingLaw(const QList<PrintGridRow>& rows) {
     for (int row = 0; row < rows.size(); ++row)
-        if (hasTick(rows.at(row)) && !rows.at(row).hasLaw) return refused(u"法別を選択して下さい。"_qs, Field::AskPrice, row);
+        if (hasTick(rows.at(row)) && !rows.at(row).hasLaw)
+            return refused(u"法別を選択して下さい。"_qs, Field::AskPrice, row);
     return std::nullopt;
 }
 

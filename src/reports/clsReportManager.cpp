@@ -7,6 +7,7 @@
 #include "db/clsAssistManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateManagers.h"
+#include "estimates/ListedLaws.h"
 #include "reference/ReferenceManagers.h"
 #include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
@@ -18,23 +19,12 @@ namespace {
 constexpr int yes = 1;
 constexpr int wholeDate = 1;
 
-// The laws of an estimate's claims as lists show them.
-struct ListLaws {
-    QString shown; // two characters of each name, in the order of 法別No
-    bool excluded = false;
-};
-
-ListLaws listLaws(QList<clsCsEstAsk> claims, const InsNames& names, const QString& exclusions) {
+ListedLaws listedLaws(QList<clsCsEstAsk> claims, const InsNames& names, const QString& exclusions) {
     std::stable_sort(claims.begin(), claims.end(),
                      [](const clsCsEstAsk& a, const clsCsEstAsk& b) { return Val(a.InsNo) < Val(b.InsNo); });
-    ListLaws laws;
-    for (const clsCsEstAsk& claim : claims) {
-        const auto name = names.constFind(claim.InsNo);
-        if (name == names.constEnd()) continue;
-        if (!laws.shown.isEmpty()) laws.shown += u',';
-        laws.shown += name->left(2);
-        laws.excluded = laws.excluded || (!name->isEmpty() && exclusions.contains(*name));
-    }
+    ListedLaws laws;
+    for (const clsCsEstAsk& claim : claims)
+        if (const auto name = names.constFind(claim.InsNo); name != names.constEnd()) laws.add(*name, exclusions);
     return laws;
 }
 
@@ -48,7 +38,6 @@ template <class Work> auto underSource(const QString& source, Work&& work) {
         throw AppError(QString::fromLocal8Bit(error.what()), source);
     }
 }
-
 
 bool insurersOff(DocumentKind kind) {
     return kind == DocumentKind::Invoice &&
@@ -129,7 +118,7 @@ void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm
         const bool leavesOut = member == 2 || member == 3;
         ReportRecordset records = reportClass(u"repCsEstList"_qs).recordset();
         const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-            const ListLaws laws = listLaws(claims.value(estimate.EstId), names, exclusions);
+            const ListedLaws laws = listedLaws(claims.value(estimate.EstId), names, exclusions);
             if (laws.excluded && leavesOut) return;
             records.AddNew();
             records.Set(u"Order"_qs, chart.OrderNm);

@@ -35,8 +35,7 @@ protected:
 } // namespace
 
 Grid::Grid(QWidget* parent)
-    : QTableView(parent), m_model(new GridModel(this)),
-      m_letters(std::make_unique<GridLetters>(Style::gridFont())) {
+    : QTableView(parent), m_model(new GridModel(this)), m_letters(std::make_unique<GridLetters>(Style::gridFont())) {
     setHorizontalHeader(new GridHeading(this));
     setModel(m_model);
     setItemDelegate(new GridDelegate(this));

@@ -58,8 +58,7 @@ public:
     void setRowValues(int row, const QStringList& values, int first = 0);
     // Takes into a row what follows from the edit of a cell that held `before`. When that fails the cell gets its text
     // back, and the failure rises.
-    void followEdit(int row, int column, const QString& before,
-                    const std::function<void(QStringList& values)>& rules);
+    void followEdit(int row, int column, const QString& before, const std::function<void(QStringList& values)>& rules);
     // True when no column but tick boxes and row numbers holds a text.
     bool isRowEmpty(int row) const;
 

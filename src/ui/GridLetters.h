@@ -8,8 +8,8 @@
 class QPainter;
 
 // Paints the texts of a grid, one line each. A letter of its font is as wide anywhere as it is alone: widths are added
-// up and nothing is shaped, which takes longer than the drawing. A text with a letter that the font lacks, or that joins
-// another, goes the toolkit's way.
+// up and nothing is shaped, which takes longer than the drawing. A text with a letter that the font lacks, or that
+// joins another, goes the toolkit's way.
 class GridLetters {
 public:
     explicit GridLetters(const QFont& font);

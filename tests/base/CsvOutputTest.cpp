@@ -76,8 +76,9 @@ private slots:
     void lackingCharactersAreToldByRowPersonAndField() {
         const CsvRow plain{{u"髙橋"_qs, u"①"_qs}, u"1 髙橋"_qs};
         const CsvRow row{{u"①髙🙂"_qs, u"𠮷田ビル"_qs}, u"2024000013 髙橋　信二"_qs};
-        QCOMPARE(lacking({u"住所1"_qs, u"住所2"_qs}, {plain, row}).told(),
-                 u"2行目（2024000013 髙橋　信二） 住所1：🙂\n2行目（2024000013 髙橋　信二） 住所2：𠮷"_qs);
+        QCOMPARE(
+            lacking({u"住所1"_qs, u"住所2"_qs}, {plain, row}).told(),
+            u"2行目（2024000013 髙橋　信二） 住所1：🙂\n2行目（2024000013 髙橋　信二） 住所2：𠮷"_qs);
     }
 
     void signsThatNobodySeesAreToldByTheirCodePoint() {

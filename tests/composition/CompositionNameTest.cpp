@@ -31,7 +31,8 @@ private:
     }
 
     QString numberOf(const QString& shown) {
-        return m_database->connection().scalar(u"SELECT [管理No] FROM [補助設定] WHERE [表示名] = '"_qs + shown + u"'"_qs);
+        return m_database->connection().scalar(u"SELECT [管理No] FROM [補助設定] WHERE [表示名] = '"_qs + shown +
+                                               u"'"_qs);
     }
 
 private slots:
@@ -63,8 +64,11 @@ private slots:
     }
 
     void sideStandsWhereTheKindHasOne() {
-        const auto named = [](const Named& item, const QString& side) { return nameOf({item}, {side, {}, false, true}); };
-        QCOMPARE(named({u"殻構造義足"_qs, u"大腿義足"_qs, u"吸着式"_qs, {}, {}}, u"左"_qs), u"殻構造左大腿義足吸着式"_qs);
+        const auto named = [](const Named& item, const QString& side) {
+            return nameOf({item}, {side, {}, false, true});
+        };
+        QCOMPARE(named({u"殻構造義足"_qs, u"大腿義足"_qs, u"吸着式"_qs, {}, {}}, u"左"_qs),
+                 u"殻構造左大腿義足吸着式"_qs);
         QCOMPARE(named({u"体幹装具"_qs, u"胸椎装具"_qs, {}, {}, {}}, u"左"_qs), u"胸椎装具"_qs);
         QCOMPARE(named({u"車椅子"_qs, u"普通型"_qs, u"＊"_qs, {}, {}}, u"両"_qs), u"普通型車椅子両"_qs);
         QCOMPARE(named({u"下肢装具"_qs, u"短下肢装具"_qs, {}, {}, {}}, {}), u"短下肢装具"_qs);
@@ -79,7 +83,8 @@ private slots:
     }
 
     void itemWithAStarDoesNotCount() {
-        QCOMPARE(nameOf({{u"＊"_qs, u"A"_qs, {}, {}, {}}, {u"歩行器"_qs, u"*"_qs, u"四輪"_qs, {}, {}}}, {}), u"四輪歩行器"_qs);
+        QCOMPARE(nameOf({{u"＊"_qs, u"A"_qs, {}, {}, {}}, {u"歩行器"_qs, u"*"_qs, u"四輪"_qs, {}, {}}}, {}),
+                 u"四輪歩行器"_qs);
         QCOMPARE(nameOf({}, {}), QString());
     }
 };

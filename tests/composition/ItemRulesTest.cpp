@@ -86,7 +86,8 @@ private slots:
     void clearedKindClearsTheRow() {
         Cells row = shortLegBrace();
         choose(row, ItemRules::Item, {});
-        for (int column = ItemRules::Item; column <= ItemRules::GrantRepair; ++column) QCOMPARE(row.at(column), QString());
+        for (int column = ItemRules::Item; column <= ItemRules::GrantRepair; ++column)
+            QCOMPARE(row.at(column), QString());
     }
 
     void castingOrMeasuringIsAskedOfOrthosesAlone() {

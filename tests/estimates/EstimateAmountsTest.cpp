@@ -26,8 +26,7 @@ private slots:
     }
 
     void taxThatIsNoNumberCountsAs0AndIsStoredSo() {
-        const EstimateAmounts amounts =
-            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"abc"_qs}, {u"1000"_qs}, {});
+        const EstimateAmounts amounts = recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"abc"_qs}, {u"1000"_qs}, {});
         QCOMPARE(amounts.tax, 0);
         QCOMPARE(storedTax(u"abc"_qs), u"0"_qs);
         QCOMPARE(storedTax(u"6"_qs), u"6"_qs);
@@ -65,15 +64,15 @@ private slots:
     void emptyAmountCounts0InASum() { QCOMPARE(sumOfAmounts({u"1,000"_qs, {}, u"500"_qs, {}}).toYen(), 1500); }
 
     void textThatIsNoNumberCountsWithTheNumberAtItsStart() {
-        const EstimateAmounts amounts = recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs},
-                                                      {u"1,200円"_qs, u"約300"_qs, u"50"_qs}, {});
+        const EstimateAmounts amounts =
+            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs}, {u"1,200円"_qs, u"約300"_qs, u"50"_qs}, {});
         QCOMPARE(amounts.makeElements, 1250);
     }
 
     void sumBeyond32BitsOverflows() {
-        QVERIFY_EXCEPTION_THROWN(recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs},
-                                               {u"2000000000"_qs, u"2000000000"_qs}, {}),
-                                 AppError);
+        QVERIFY_EXCEPTION_THROWN(
+            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs}, {u"2000000000"_qs, u"2000000000"_qs}, {}),
+            AppError);
     }
 
     void percentageOfARemainderRoundsTiesToEven() {

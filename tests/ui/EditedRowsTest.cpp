@@ -26,8 +26,8 @@ private:
         const auto note = [this](const QString& what) {
             return [this, what](int row) { m_written << what + u' ' + m_grid->value(row, Name); };
         };
-        return m_rows->write({[this, refused](int row) { return m_grid->value(row, Name) != refused; }, note(u"save"_qs),
-                              note(u"remove"_qs), note(u"place"_qs)});
+        return m_rows->write({[this, refused](int row) { return m_grid->value(row, Name) != refused; },
+                              note(u"save"_qs), note(u"remove"_qs), note(u"place"_qs)});
     }
 
 private slots:

@@ -16,8 +16,8 @@ constexpr int itemRows = 5;
 
 QList<GridColumn> itemColumns() {
     const auto text = [](const QString& title, int width) { return GridColumn::of(title, width).typed(); };
-    return {GridColumn::rowNumber(),  quickEntry(),           text(u"種目"_qs, 20),      text(u"採型区分"_qs, 18),
-            text(u"名称"_qs, 34),     text(u"型式"_qs, 30),   text(u"採型/採寸"_qs, 10), text(u"交付/修理"_qs, 10)};
+    return {GridColumn::rowNumber(), quickEntry(),         text(u"種目"_qs, 20),      text(u"採型区分"_qs, 18),
+            text(u"名称"_qs, 34),    text(u"型式"_qs, 30), text(u"採型/採寸"_qs, 10), text(u"交付/修理"_qs, 10)};
 }
 
 // The file of an item below the folder of an INI section, by its texts; empty when it has none.

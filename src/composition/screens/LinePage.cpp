@@ -30,8 +30,7 @@ LineForm makeForm() {
             u"種目別製作要素合計："_qs,
             MakeLine::Materials,
             {GridColumn::rowNumber(), quickEntry(), text(u"製作要素"_qs, 34), text(u"原材料等"_qs, 60),
-             number(u"数量"_qs, 8).typed(), number(u"ﾏｽﾀ価格"_qs, 12).unseen(),
-             number(u"価格"_qs, 14).typed().grey()}};
+             number(u"数量"_qs, 8).typed(), number(u"ﾏｽﾀ価格"_qs, 12).unseen(), number(u"価格"_qs, 14).typed().grey()}};
 }
 
 LineForm partsForm() {

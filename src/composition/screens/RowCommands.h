@@ -11,8 +11,8 @@ class RowCommands;
 
 class Grid;
 
-// 行挿入, 行複写, 行削除, 全行削除, up and down over the rows of one grid, whose number of rows stays the same. `index` is
-// the place of the buttons in the control arrays: 1 items, 2 make elements, 3 parts.
+// 行挿入, 行複写, 行削除, 全行削除, up and down over the rows of one grid, whose number of rows stays the same. `index`
+// is the place of the buttons in the control arrays: 1 items, 2 make elements, 3 parts.
 class RowCommands : public QWidget {
     Q_OBJECT
 

@@ -29,10 +29,10 @@ struct PersonControls {
     MemoField* memo;
 
     template <class Ui> static PersonControls of(const Ui& ui) {
-        return {ui.txtName1, ui.txtName2,  ui.txtKana1, ui.txtKana2, ui.idtBirth, ui.lblEra,   ui.lblAge,
-                ui.cboSex,   ui.cboFamilyType, ui.txtInsured, ui.optIns_0, ui.optIns_1, ui.txtZip, ui.cmdSetZip,
-                ui.cboPref,  ui.cboCity,   ui.txtAddr1, ui.txtAddr2, ui.txtTelNo,  ui.txtFax,   ui.lblPriceKbn,
-                ui.txtCsMemo};
+        return {ui.txtName1, ui.txtName2,  ui.txtKana1,      ui.txtKana2,   ui.idtBirth, ui.lblEra,
+                ui.lblAge,   ui.cboSex,    ui.cboFamilyType, ui.txtInsured, ui.optIns_0, ui.optIns_1,
+                ui.txtZip,   ui.cmdSetZip, ui.cboPref,       ui.cboCity,    ui.txtAddr1, ui.txtAddr2,
+                ui.txtTelNo, ui.txtFax,    ui.lblPriceKbn,   ui.txtCsMemo};
     }
 };
 
@@ -66,5 +66,5 @@ private:
     PersonControls m_fields;
     QWidget* m_form;
     QString m_unlistedFamilyType; // of the record, until another one is chosen
-    bool m_showing = false; // while a record, or a code found for an address, is put into the fields
+    bool m_showing = false;       // while a record, or a code found for an address, is put into the fields
 };

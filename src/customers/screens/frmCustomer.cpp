@@ -177,8 +177,9 @@ bool frmCustomer::save(CustomerSaveAs as) {
     CustSubId = draft.customer.CustSubId;
     Updated = true;
     clearEdited();
-    ShowMessage(Message::Information, EditMode == Add ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
-                                             : u"保存しました。"_qs);
+    ShowMessage(Message::Information, EditMode == Add
+                                          ? u"顧客番号:%1 で新規登録しました。"_qs.arg(draft.customer.CustNo)
+                                          : u"保存しました。"_qs);
     if (as == CustomerSaveAs::NewBranch) EditMode = Add;
     return true;
 }

@@ -113,7 +113,7 @@ bool frmCustomerChart::save() {
     if (!leaveField()) return false;
     if (isCodeOfAnother()) {
         ShowMessage(Message::Warning, u"受注先コードは　%1　で登録済みです。\n受注先コードを変更してください。"_qs.arg(
-                                      ui->txtOrderCd->value()));
+                                          ui->txtOrderCd->value()));
         ui->txtOrderCd->setFocus();
         return false;
     }

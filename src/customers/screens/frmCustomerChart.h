@@ -10,8 +10,8 @@ class frmCustomerChart;
 
 // Edits one chart for its caller, who stores it: nothing is written here. `Chart` goes in and comes back; `Order` and
 // `Doctor` are its ordering party and doctor as entered, without a number when they are not registered. The code of an
-// `Order` that is not registered yet goes in with its chart. `Updated` tells that the chart was taken over, or in mode 2
-// that it is to be deleted.
+// `Order` that is not registered yet goes in with its chart. `Updated` tells that the chart was taken over, or in mode
+// 2 that it is to be deleted.
 class frmCustomerChart : public EditScreen {
     Q_OBJECT
 

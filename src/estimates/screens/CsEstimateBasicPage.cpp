@@ -178,9 +178,7 @@ bool CsEstimateBasicPage::hasClaims() const {
     return std::any_of(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
 }
 
-QString CsEstimateBasicPage::partialPayment() const {
-    return hasClaims() ? ui->numPartialPayment->value() : QString();
-}
+QString CsEstimateBasicPage::partialPayment() const { return hasClaims() ? ui->numPartialPayment->value() : QString(); }
 
 QList<ClaimRow> CsEstimateBasicPage::insuranceRows() const { return m_insurances->rows(); }
 

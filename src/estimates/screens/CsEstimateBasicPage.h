@@ -76,5 +76,5 @@ private:
     QString m_orderCd;      // as it was shown
     clsChart m_chart;
     QString m_category, m_frame; // as they were shown
-    bool m_showing = false; // while a record is put into the fields
+    bool m_showing = false;      // while a record is put into the fields
 };

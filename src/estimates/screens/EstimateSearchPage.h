@@ -27,8 +27,8 @@ public:
     void showNames(const QString& name1, const QString& name2);
     void tickAllStatuses();
 
-    // Every field whose Return searches: not those that open a selection list, and not the first date of a period, which
-    // the second one follows.
+    // Every field whose Return searches: not those that open a selection list, and not the first date of a period,
+    // which the second one follows.
     QList<QWidget*> fields() const;
     // The focus goes to the field that had it last, at first to the reading.
     void returnToField();

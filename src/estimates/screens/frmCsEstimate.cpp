@@ -114,12 +114,8 @@ void frmCsEstimate::connectCommands() {
     QList<QWidget*> changing{ui->fraHeader, ui->cmdExec, ui->cmdNew, ui->cmdClear, ui->cmdPrivateClear};
     for (int page = 0; page < ui->tabCsEst->count(); ++page)
         changing << findChild<QWidget*>(u"fraData_%1"_qs.arg(page));
-    setUpEditing({changing,
-                  {ui->cmdNewPrice, ui->cmdReCome},
-                  ui->cmdCancel,
-                  ui->cmdDel,
-                  ui->cmdClose,
-                  ui->lblModeTitle});
+    setUpEditing(
+        {changing, {ui->cmdNewPrice, ui->cmdReCome}, ui->cmdCancel, ui->cmdDel, ui->cmdClose, ui->lblModeTitle});
     onClick(ui->cmdExec, [this] { execute(); });
     onClick(ui->cmdNew, [this] { clearAll(); });
     onClick(ui->cmdPrivateClear, [this] { clearPerson(); });
@@ -228,9 +224,10 @@ bool frmCsEstimate::save() {
     if (!leaveField()) return false;
     EstimateDraft draft = collect();
     SetWaitCursor(true);
-    const SaveResult result = saveEstimate(
-        gDbManager.Connection(), draft,
-        [this](const clsCustomer& stored, const clsCustomer& typed) { return frmCsUpdConf::ask(this, stored, typed); });
+    const SaveResult result =
+        saveEstimate(gDbManager.Connection(), draft, [this](const clsCustomer& stored, const clsCustomer& typed) {
+            return frmCsUpdConf::ask(this, stored, typed);
+        });
     SetWaitCursor(false);
     if (result != SaveResult::Saved) return false;
     Updated = true;
@@ -329,7 +326,8 @@ void frmCsEstimate::receiveAgain() {
 
 void frmCsEstimate::chooseEstimate() {
     if (frmCsEstimateList::isOpen()) {
-        ShowMessage(Message::Information, u"検索画面は既に開いています。\n「閉じる」ボタンで、一覧画面に戻ってください"_qs);
+        ShowMessage(Message::Information,
+                    u"検索画面は既に開いています。\n「閉じる」ボタンで、一覧画面に戻ってください"_qs);
         return;
     }
     if (const auto choice = frmCsEstimateList::choose(this)) openStored(choice->EstId, choice->EditMode);

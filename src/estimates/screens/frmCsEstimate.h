@@ -69,7 +69,7 @@ private:
     bool confirmPrinting(EstimatePrinting::To to);
 
     std::unique_ptr<Ui::frmCsEstimate> ui;
-    EstimateDraft m_draft; // as loaded or saved last, with the composition and the amounts as they are now
+    EstimateDraft m_draft;        // as loaded or saved last, with the composition and the amounts as they are now
     bool m_warnedUnsaved = false; // within one printing command
     bool m_suppressed = false;    // while the program refills the screen
 };

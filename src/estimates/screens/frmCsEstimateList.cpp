@@ -28,10 +28,15 @@ enum EstimateColumn { Id, Number, Name, EstNo, PickPtn, DelvFin, Product, EstNam
 
 QList<GridColumn> customerColumns() {
     const auto column = [](const QString& title, int width) { return GridColumn::of(title, width); };
-    return {GridColumn::of(u"選択"_qs, 5, GridColumn::Check).typed(), column(u"顧客ID"_qs, 12),
-            GridColumn::of(u"顧客枝番"_qs, 8, GridColumn::Number), column(u"顧客番号"_qs, 11),
-            column(u"氏名"_qs, 24), column(u"フリガナ"_qs, 26), column(u"電話番号"_qs, 15),
-            column(u"都道府県"_qs, 9), column(u"市区郡"_qs, 14)};
+    return {GridColumn::of(u"選択"_qs, 5, GridColumn::Check).typed(),
+            column(u"顧客ID"_qs, 12),
+            GridColumn::of(u"顧客枝番"_qs, 8, GridColumn::Number),
+            column(u"顧客番号"_qs, 11),
+            column(u"氏名"_qs, 24),
+            column(u"フリガナ"_qs, 26),
+            column(u"電話番号"_qs, 15),
+            column(u"都道府県"_qs, 9),
+            column(u"市区郡"_qs, 14)};
 }
 
 const ListColumns& estimateColumns() {
@@ -91,7 +96,8 @@ GridEntries statusEntries() {
 
 } // namespace
 
-frmCsEstimateList::frmCsEstimateList(QWidget* parent) : ListScreen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
+frmCsEstimateList::frmCsEstimateList(QWidget* parent)
+    : ListScreen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
     ++s_open;
     ui->setupUi(this);
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);

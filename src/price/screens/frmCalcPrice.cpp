@@ -45,6 +45,7 @@ void frmCalcPrice::showPrice() {
 void frmCalcPrice::takeOver() {
     const qint32 price = ToInt(formatWhole(ui->lblPrice->text()));
     AskPrice = QString::number(price);
-    Edited = price != 0 || ShowMessage(Message::Question, u"金額 [　0] が設定されますがよろしいですか？"_qs) == AnswerYes;
+    Edited =
+        price != 0 || ShowMessage(Message::Question, u"金額 [　0] が設定されますがよろしいですか？"_qs) == AnswerYes;
     close();
 }
