@@ -29,6 +29,7 @@ public:
     Money operator+(Money other) const;
     Money operator-(Money other) const;
     Money& operator+=(Money other) { return *this = *this + other; }
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the 0 of the compiler's own comparison for ours
     auto operator<=>(const Money&) const = default;
 
 private:

@@ -17,6 +17,7 @@
 #include <QThread>
 #include <QUuid>
 
+#include <chrono>
 #include <exception>
 
 namespace {
@@ -249,7 +250,7 @@ void Connection::begin() {
 // try, and the pauses are short and random, so that all who wait have the same chance.
 void Connection::beginInTurn() {
     if (m_private->letGoJustNow()) pauseForOthers();
-    const QDeadlineTimer deadline(m_settings.timeout * 1000);
+    const QDeadlineTimer deadline(std::chrono::seconds{m_settings.timeout});
     run(m_private->engine->waitForLocks(0));
     QSqlQuery query(m_private->database());
     const auto begun = [&] { return query.exec(m_private->engine->beginTransaction()); };

@@ -3,6 +3,8 @@
 #include "base/Seams.h"
 #include "db/SqlTranslator.h"
 
+#include <memory>
+
 namespace {
 constexpr int statementsKept = 512;
 }
@@ -12,12 +14,12 @@ SqlDialect::SqlDialect() : m_seen(statementsKept) {}
 SqlDialect::~SqlDialect() = default;
 
 QString SqlDialect::translate(const QString& statement) {
-    Translation* known = m_seen.object(statement);
-    if (!known) {
-        known = new Translation{SqlTranslator(*this, tokenizeSql(statement)).run()};
-        m_seen.insert(statement, known);
-    }
-    return known->pieces.join(date(currentDateTime()));
+    const QString today = date(currentDateTime());
+    if (const Translation* known = m_seen.object(statement)) return known->pieces.join(today);
+    auto made = std::make_unique<Translation>(SqlTranslator(*this, tokenizeSql(statement)).run());
+    const QString translated = made->pieces.join(today);
+    m_seen.insert(statement, made.release());
+    return translated;
 }
 
 QString SqlDialect::text(const QString& value) const {

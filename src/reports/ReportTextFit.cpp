@@ -121,8 +121,8 @@ QStringList evened(const Pieced& text, const QStringList& lines, double room, co
     if (lines.size() == 2)
         if (const QStringList parted = partedAtBlank(text.text, room, font, measure); !parted.isEmpty()) return parted;
     QStringList even = lines;
-    for (double narrower = room * 0.95; narrower > room / 2; narrower -= room * 0.05) {
-        const QStringList tried = wrapped(text, narrower, font, measure);
+    for (int percent = 95; percent > 50; percent -= 5) {
+        const QStringList tried = wrapped(text, room * percent / 100, font, measure);
         if (tried.size() > lines.size() || widest(tried, font, measure) > room) break;
         even = tried;
     }
