@@ -14,8 +14,8 @@ QStringList groupsOf(const ReportClass& report, const ReportRecordset& records) 
     return groups;
 }
 
-int linesOnPage(const ReportClass& report, int setting) {
-    return setting > report.fewerLines ? setting - report.fewerLines : setting;
+int linesOnPage(const ReportClass& report, const ReportLayout& layout, int setting) {
+    return rowsOfForm(layout, setting > report.fewerLines ? setting - report.fewerLines : setting);
 }
 
 } // namespace
@@ -33,7 +33,7 @@ const ReportClass& reportClass(const QString& name) {
 
 QList<ReportPage> reportPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
                               const ReportHeader& header, const ReportMeasure& measure) {
-    const int lines = linesOnPage(report, header.linesPerPage);
+    const int lines = linesOnPage(report, layout, header.linesPerPage);
     return composePages(layout, {records, groupsOf(report, records), report.plan, header.values, lines}, measure);
 }
 

@@ -4,10 +4,20 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 QList<ReportRow> plainRows(int records) {
     QList<ReportRow> rows;
     for (int record = 0; record < records; ++record) rows.append({record, false});
     return rows;
+}
+
+int rowsOfForm(const ReportLayout& layout, int linesPerPage) {
+    int room = layout.paperHeight - layout.margins.top - layout.margins.bottom;
+    for (const auto kind : {ReportBandKind::PageHeader, ReportBandKind::GroupHeader, ReportBandKind::GroupFooter,
+                            ReportBandKind::PageFooter})
+        room -= layout.band(kind).height;
+    return std::min(linesPerPage, std::max(1, room / std::max(1, layout.band(ReportBandKind::Detail).height)));
 }
 
 QList<ReportRow> paddedRows(const QStringList& documentOfRecord, int linesPerPage) {
@@ -35,9 +45,9 @@ public:
         : m_layout(layout), m_rows(rows), m_linesPerPage(linesPerPage), m_isForm(plan == ReportRowPlan::Form) {}
 
     void startGroup(const ReportSpan& group) {
-        const bool room = fits(height(ReportBandKind::GroupHeader) + height(ReportBandKind::Detail));
-        const bool onNewPage = m_layout.groupOnNewPage || m_isForm;
         m_group = group;
+        const bool room = fits(height(ReportBandKind::GroupHeader) + heightWithTotals(group.first));
+        const bool onNewPage = m_layout.groupOnNewPage || m_isForm;
         if (onNewPage) m_documents.append(0);
         if (onNewPage || m_pages.isEmpty() || !room) openPage(group.first);
         place(ReportBandKind::GroupHeader, group.first);
@@ -46,7 +56,7 @@ public:
     void detail(int at) {
         const bool full = m_linesPerPage > 0 && m_details >= m_linesPerPage;
         const bool started = m_details > 0;
-        if (started && (full || !fits(height(ReportBandKind::Detail)))) {
+        if (started && (full || !fits(heightWithTotals(at)))) {
             if (fits(height(ReportBandKind::GroupContinued))) placeAny(ReportBandKind::GroupContinued);
             goOn(at);
         }
@@ -76,6 +86,14 @@ private:
     int height(ReportBandKind kind) const { return m_layout.band(kind).height; }
     int bottom() const { return m_layout.paperHeight - m_layout.margins.bottom - height(ReportBandKind::PageFooter); }
     bool fits(int needed) const { return m_isForm || m_y + needed <= bottom(); }
+
+    // Totals never stand without a row above them: the last row goes where they have room.
+    int heightWithTotals(int at) const {
+        int needed = height(ReportBandKind::Detail);
+        if (at + 1 == m_group.end) needed += height(ReportBandKind::GroupFooter);
+        if (at + 1 == m_rows.size()) needed += height(ReportBandKind::ReportFooter);
+        return needed;
+    }
 
     // The margin of a form is its play: offices move it until it meets the printed lines.
     void place(ReportBandKind kind, int at) {

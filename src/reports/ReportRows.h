@@ -27,6 +27,10 @@ struct ReportSpan {
 // Every record once, without padding.
 QList<ReportRow> plainRows(int records);
 
+// The rows that each page of a document takes: as many as asked for, but never so many that its totals would need
+// another page.
+int rowsOfForm(const ReportLayout& layout, int linesPerPage);
+
 // Every record once, with blank rows behind each document so that it ends on a full page of `linesPerPage` rows. The
 // texts tell the document of each record; a document is one unbroken run. Lines per page below 1 raise an error.
 QList<ReportRow> paddedRows(const QStringList& documentOfRecord, int linesPerPage);

@@ -69,18 +69,36 @@ private slots:
               "count");
     }
 
-    // Header, rows and footer stand on one page for every setting that an office would choose.
-    void twentyFiveLinesFitOnOnePageOfEveryLayout() {
+    // Header, rows and totals stand on one page for every setting that an office would choose.
+    void whatTheFormHoldsStandsOnOnePageOfEveryLayout() {
         for (const ReportClass& report : estimateDocuments())
-            for (int lines = 1; lines <= 25; ++lines) {
+            for (int lines = 1; lines <= 28; ++lines) {
+                const int rows = lines > report.fewerLines ? lines - report.fewerLines : lines;
                 const QList<ReportPage> made =
-                    pages(report.name, ReportSamples::rows(1), ReportSamples::ordinarySetup(lines));
-                QVERIFY2(made.size() == 1, qPrintable(u"%1 with %2 lines"_qs.arg(report.name).arg(lines)));
+                    pages(report.name, ReportSamples::rows(rows), ReportSamples::ordinarySetup(lines));
+                const QString told = u"%1 with %2 lines"_qs.arg(report.name).arg(lines);
+                QVERIFY2(made.size() == 1, qPrintable(told));
+                QVERIFY2(textsOf(made.first(), u"txtSuryo"_qs).size() == rows, qPrintable(told));
+                QVERIFY2(textsOf(made.first(), u"lblEstSum"_qs).size() == 1, qPrintable(told));
             }
     }
 
-    void moreLinesThanThePaperHoldsGoOnOnTheNextPage() {
-        QVERIFY(pages(u"repCsEstimateA4"_qs, ReportSamples::rows(60), ReportSamples::ordinarySetup(60)).size() > 1);
+    void moreLinesThanThePaperHoldsGoOverTheLeafWithTheirTotals() {
+        for (const ReportClass& report : estimateDocuments())
+            for (const int rows : {29, 34, 35, 36, 37, 60}) {
+                const QList<ReportPage> made =
+                    pages(report.name, ReportSamples::rows(rows), ReportSamples::ordinarySetup(60));
+                qsizetype printed = 0;
+                for (const ReportPage& page : made) {
+                    const bool last = &page == &made.last();
+                    const QString told = u"%1 with %2 rows"_qs.arg(report.name).arg(rows);
+                    QVERIFY2(textsOf(page, u"lblContinued"_qs).isEmpty() == last, qPrintable(told));
+                    QVERIFY2(textsOf(page, u"lblEstSum"_qs).isEmpty() != last, qPrintable(told));
+                    QVERIFY2(!textsOf(page, u"txtSuryo"_qs).isEmpty(), qPrintable(told));
+                    printed += textsOf(page, u"txtSuryo"_qs).size();
+                }
+                QCOMPARE(printed, rows);
+            }
     }
 
     void everyPageRepeatsTheHeaderAndTellsItsNumber() {

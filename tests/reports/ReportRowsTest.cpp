@@ -68,6 +68,18 @@ private slots:
         QCOMPARE(spelled(planPages(layout(100, true), documents, rows, 3)), u"QPHDDD 1/2, QPHDDDF 2/2"_qs);
     }
 
+    // Paper of 1000 twips: what header and totals leave, but no more than was asked for.
+    void aFormTakesNoMoreRowsThanItsTotalsLeaveRoomFor() {
+        QCOMPARE(rowsOfForm(layout(100, true), 9), 8);
+        QCOMPARE(rowsOfForm(layout(100, true), 7), 7);
+        QCOMPARE(rowsOfForm(layout(100, true, 100, 101), 9), 7);
+        QCOMPARE(rowsOfForm(layout(900, true), 9), 1);
+        QCOMPARE(rowsOfForm(layout(100, true), 0), 0);
+        ReportLayout paper = layout(100, true);
+        paper.margins = {50, 60, 0, 0};
+        QCOMPARE(rowsOfForm(paper, 9), 6);
+    }
+
     void linesPerPageOfZeroIsAnErrorThatNamesTheSetting() {
         for (const int lines : {0, -1}) {
             try {
@@ -92,7 +104,14 @@ private slots:
         QTest::newRow("a group goes on below") << layout(100, false) << u"A B B"_qs << 0 << u"QPHDFHDDF 1/1"_qs;
         QTest::newRow("no room for header and detail")
             << layout(300, false) << u"A B C"_qs << 0 << u"QPHDFHDF 1/2, QPHDF 2/2"_qs;
-        QTest::newRow("footer without room") << layout(450, true) << u"A A"_qs << 0 << u"QPHDD 1/2, QPHF 2/2"_qs;
+        QTest::newRow("no room for header, sole detail and footer")
+            << layout(300, false) << u"A A B"_qs << 0 << u"QPHDDF 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("header and detail just fit")
+            << layout(350, false) << u"A B B"_qs << 0 << u"QPHDFHD 1/2, QPHDF 2/2"_qs;
+        QTest::newRow("header fits, detail does not")
+            << layout(351, false) << u"A B B"_qs << 0 << u"QPHDF 1/2, QPHDDF 2/2"_qs;
+        QTest::newRow("footer without room takes the last row along")
+            << layout(450, true) << u"A A"_qs << 0 << u"QPHD 1/2, QPHDF 2/2"_qs;
         QTest::newRow("a detail higher than the paper")
             << layout(2000, true) << u"A A"_qs << 0 << u"QPHD 1/3, QPHD 2/3, QPHF 3/3"_qs;
     }
@@ -122,14 +141,13 @@ private slots:
         QCOMPARE(spelled(planPages(paper, groups, plainRows(3), 2)), u"QPHDD 1/2, QPHDF 2/2"_qs);
     }
 
-    // The group has ended: its head does not stand over the sum of the report.
-    void aReportFooterWithoutRoomStandsBelowThePageHeaderAlone() {
+    void aReportFooterWithoutRoomTakesTheLastRowAlong() {
         ReportLayout paper = layout(400, false, 100, 200);
         paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 300;
-        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHDD 1/2, QPHFR 2/2"_qs);
+        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHD 1/2, QPHDFR 2/2"_qs);
         paper = layout(200, false);
         paper.bands.at(static_cast<size_t>(ReportBandKind::ReportFooter)).height = 500;
-        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHDDF 1/2, QPR 2/2"_qs);
+        QCOMPARE(spelled(planPages(paper, {u"A"_qs, u"A"_qs}, plainRows(2))), u"QPHD 1/2, QPHDFR 2/2"_qs);
     }
 
     void aGroupThatGoesOverTheLeafRepeatsItsHead() {
