@@ -104,7 +104,7 @@ private:
     static Values amounts(const QString& suryo, const QString& price) {
         const double quantity = Val(suryo);
         Values values{{u"Suryo"_qs, suryo}, {u"Price"_qs, Val(price)}};
-        if (quantity >= 1) values.append({u"Unit"_qs, roundHalfEven(Val(price) / quantity)});
+        if (quantity > 0) values.append({u"Unit"_qs, roundHalfEven(Val(price) / quantity)});
         return values;
     }
 

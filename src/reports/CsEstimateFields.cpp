@@ -14,7 +14,7 @@ ReportRecordset csEstimateRecordset() {
         {u"Elmt"_qs, Text, 20},        {u"Item"_qs, Text, 18},      {u"PickKbn"_qs, Text, 12},
         {u"Name"_qs, Text, 20},        {u"PickStyle"_qs, Text, 4},  {u"Materials"_qs, Text, 50},
         {u"PartsForm"_qs, Text, 34},   {u"MakerNm"_qs, Text, 16},   {u"PartsCd"_qs, Text, 16},
-        {u"SumTitle"_qs, Text, 10},    {u"SumCal"_qs, Text, 30},    {u"Suryo"_qs, Integer},
+        {u"SumTitle"_qs, Text, 10},    {u"SumCal"_qs, Text, 30},    {u"Suryo"_qs, Currency},
         {u"Unit"_qs, Currency},        {u"Price"_qs, Currency},     {u"Ins1"_qs, Text, 10},
         {u"Ins2"_qs, Text, 10},        {u"Ins3"_qs, Text, 10},      {u"Ins4"_qs, Text, 10},
         {u"AskPrice1"_qs, Currency},   {u"AskPrice2"_qs, Currency}, {u"AskPrice3"_qs, Currency},

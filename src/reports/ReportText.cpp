@@ -13,7 +13,7 @@ namespace ReportText {
 
 namespace {
 
-const std::array<QString, 3> patterns{u"#,##0"_qs, u"#,###"_qs, u"0"_qs};
+const std::array<QString, 4> patterns{u"#,##0"_qs, u"#,###.#"_qs, u"#,###"_qs, u"0"_qs};
 
 const QString* patternIn(const QString& form) {
     for (const QString& pattern : patterns)
@@ -42,10 +42,10 @@ QString number(const QVariant& value, const QString& form) {
     if (value.isNull() || value.toString().isEmpty()) return {};
     const QString* pattern = patternIn(form);
     if (!pattern) return value.toString();
-    const qint64 whole = std::llround(value.toDouble());
-    if (whole == 0 && *pattern == patterns[1]) return {};
-    const QString digits = *pattern == patterns[2] ? QString::number(whole) : formatThousands(whole);
-    return QString(form).replace(*pattern, digits);
+    const bool decimals = *pattern == patterns[1];
+    const QString digits = decimals ? numberText(value.toDouble()) : QString::number(std::llround(value.toDouble()));
+    if (digits == u"0" && pattern->startsWith(u"#,###")) return {};
+    return QString(form).replace(*pattern, *pattern == patterns[3] ? digits : groupThousands(digits));
 }
 
 bool isDateForm(const QString& form) { return isEraForm(form) || form.contains(u"yy") || form.contains(u"mm"); }

@@ -6,9 +6,9 @@
 // How numbers and dates read on paper.
 namespace ReportText {
 
-// A number in a form with one of "#,##0", "#,###" (zero prints as nothing) or "0" in it and fixed words around, such
-// as "#,##0円"; ties round away from zero. A null value gives the empty text; an empty form gives the value as it
-// stands.
+// A number in a form with one of "#,##0", "#,###" (zero prints as nothing), "#,###.#" (the same with its decimals) or
+// "0" in it and fixed words around, such as "#,##0円"; ties round away from zero. A null value gives the empty text; an
+// empty form gives the value as it stands.
 QString number(const QVariant& value, const QString& form);
 // True when the form holds one of the number patterns.
 bool isNumberForm(const QString& form);

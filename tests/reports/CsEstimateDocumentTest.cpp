@@ -126,6 +126,35 @@ private slots:
         QTEST(header(source, u"Unit"_qs), "unit");
     }
 
+    void theLineOfABrokenQuantityMultiplies_data() {
+        QTest::addColumn<QString>("quantity");
+        QTest::addColumn<QString>("price");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("1.5") << u"1.5"_qs << u"44700"_qs << u"ソケット|1.5|29800|44700"_qs;
+        QTest::newRow("0.5") << u"0.5"_qs << u"1000"_qs << u"ソケット|0.5|2000|1000"_qs;
+        QTest::newRow("2.25") << u"2.25"_qs << u"450"_qs << u"ソケット|2.25|200|450"_qs;
+    }
+    void theLineOfABrokenQuantityMultiplies() {
+        QFETCH(QString, quantity);
+        QFETCH(QString, price);
+        CsEstimateSource source = sample();
+        source.makeElements = {make(u"ソケット"_qs, {}, quantity, price)};
+        QTEST(details(source).first(), "row");
+    }
+
+    // More than the whole price is taken: that too is told line by line.
+    void aRateAbove100HasItsSubtotal() {
+        CsEstimateSource source = sample();
+        source.estimate.Discount1 = u"110"_qs;
+        source.makeElements = {make(u"ソケット"_qs, {}, u"1"_qs, u"1000"_qs)};
+        QCOMPARE(details(source),
+                 (QStringList{u"ソケット|1|1000|1000"_qs, u"小　　　計|1000"_qs, u"( 小計 × 110/100 )|1100"_qs}));
+        source.estimate.Discount1 = u"100"_qs;
+        source.estimate.Discount3 = u"120"_qs;
+        source.completeElements = {part(u"*"_qs, u"1"_qs, u"500"_qs)};
+        QCOMPARE(details(source).mid(4), (QStringList{u"小　　　計|500"_qs, u"( 小計 × 120/100 )|600"_qs}));
+    }
+
     void aQuantityOf0LeavesTheUnitPriceEmptyAndPrintsThePrice() {
         CsEstimateSource source = sample();
         source.makeElements = {make(u"ソケット"_qs, {}, u"0"_qs, u"500"_qs)};

@@ -52,6 +52,10 @@ private slots:
         QTest::newRow("zero amount") << QVariant(0) << u"#,##0"_qs << u"0"_qs;
         QTest::newRow("zero quantity") << QVariant(0) << u"#,###"_qs << QString();
         QTest::newRow("zero quantity with words") << QVariant(0) << u"#,###個"_qs << QString();
+        QTest::newRow("quantity with decimals") << QVariant(1234.5) << u"#,###.#"_qs << u"1,234.5"_qs;
+        QTest::newRow("quantity with two decimals") << QVariant(0.25) << u"#,###.#"_qs << u"0.25"_qs;
+        QTest::newRow("whole quantity") << QVariant(1234.0) << u"#,###.#"_qs << u"1,234"_qs;
+        QTest::newRow("no quantity") << QVariant(0.0) << u"#,###.#"_qs << QString();
         QTest::newRow("yen behind") << QVariant(1000) << u"#,##0円"_qs << u"1,000円"_qs;
         QTest::newRow("negative") << QVariant(-1234) << u"#,##0"_qs << u"-1,234"_qs;
         QTest::newRow("half rounds away from zero") << QVariant(2.5) << u"#,##0"_qs << u"3"_qs;
