@@ -46,11 +46,12 @@ public:
     }
 
 private:
-    // Without a claim the papers are made out over the whole estimate, or what was typed for them.
+    // Without a claim the papers are made out to the person over the whole estimate, or what was typed for them.
     clsCsEstAsk temporaryClaim() const {
         clsCsEstAsk claim;
         claim.EstId = m_job.draft.estimate.EstId;
         claim.AskNo = u"1"_qs;
+        claim.ClaimNm = JoinWithSpace(m_job.draft.customer.CustNm1, m_job.draft.customer.CustNm2);
         const auto amount = [&](Money typed) {
             return typed == Money() ? m_job.draft.estimate.EstSum : typed.toText();
         };
@@ -121,6 +122,13 @@ QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>&
         rows << row;
     }
     return rows;
+}
+
+bool refusesEmpty(const EstimateDraft& draft) {
+    const EstimateRows rows = rowsOf(draft.composition, draft.estimate.EstId);
+    const bool empty = rows.make.isEmpty() && rows.parts.isEmpty();
+    if (empty) ShowMessage(901, u"印刷する明細がありません。基本・製作要素か完成要素を入力して下さい。"_qs);
+    return empty;
 }
 
 void run(const Job& job) {

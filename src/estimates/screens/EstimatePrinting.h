@@ -22,6 +22,9 @@ struct TickedRow {
 };
 QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>& ticks);
 
+// True for an order without a line, which has nothing to print; the operator is told.
+bool refusesEmpty(const EstimateDraft& draft);
+
 // Makes the documents one after the other, each kind once for all its claims. Failures rise.
 void run(const Job& job);
 

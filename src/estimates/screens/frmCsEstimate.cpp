@@ -376,6 +376,7 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
         ShowMessage(Message::Warning, order.message);
         return ui->pagPrint->goTo(order.field, order.row);
     }
+    if (EstimatePrinting::refusesEmpty(draft)) return;
     // With several payers the amounts are theirs; with one alone the receipt follows the order.
     const bool soleReceipt = order.outcome == DocumentOrder::Outcome::Print && draft.usedClaims().size() == 1 &&
                              !order.claimsOf(DocumentKind::Receipt).isEmpty();
@@ -384,7 +385,7 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
 }
 
 void frmCsEstimate::printReceipt() {
-    if (!leaveField()) return;
+    if (!leaveField() || EstimatePrinting::refusesEmpty(collect())) return;
     m_warnedUnsaved = false;
     const bool wholeSum = setReceiptAmount();
     const EstimateDraft draft = collect();
