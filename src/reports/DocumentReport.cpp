@@ -27,7 +27,7 @@ QString groupKeyOf(const ReportRecordset& records, int row) {
 QString blankDate() { return FormatEraDate(dateText(currentDate()), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
 
 struct BankAccount {
-    QString bank, account;
+    QString bank, account, holder;
 };
 
 // Where the second field holds a bare number, the three fields tell of one account: its bank, number and holder.
@@ -36,23 +36,41 @@ bool hasOneAccount(const clsOffice& office) {
     return bareNumber.match(office.AcntNo).hasMatch() && !office.AcntNo.trimmed().isEmpty();
 }
 
-// An office with three accounts writes each into one field, the bank and behind a "／" or line break the account.
-std::array<BankAccount, 3> accountsOf(const clsOffice& office) {
+// An office with three accounts writes each into one field: bank, account and holder, parted by "／" or line breaks, or
+// by the word that tells the kind of account.
+BankAccount accountIn(const QString& field) {
     static const QRegularExpression divider(u"／|\\r?\\n"_qs);
-    if (hasOneAccount(office)) return {{{(office.Bank + u' ' + office.AcntNo).trimmed(), office.ChkAcnt}, {}, {}}};
-    const auto split = [](const QString& field) {
-        return BankAccount{field.section(divider, 0, 0), field.section(divider, 1)};
-    };
-    return {split(office.Bank), split(office.AcntNo), split(office.ChkAcnt)};
+    static const QRegularExpression byKind(u"^(.+?)\\s*((?:普通|当座|貯蓄)\\s*[\\d\\-－]+)\\s*(.*)$"_qs,
+                                           QRegularExpression::UseUnicodePropertiesOption);
+    const auto found = byKind.match(field);
+    if (!field.contains(divider) && found.hasMatch()) return {found.captured(1), found.captured(2), found.captured(3)};
+    const auto part = [&](int first, int last) { return field.section(divider, first, last).trimmed(); };
+    return {part(0, 0), part(1, 1), part(2, -1)};
+}
+
+std::array<BankAccount, 3> accountsOf(const clsOffice& office) {
+    if (hasOneAccount(office)) return {{{office.Bank, office.AcntNo, office.ChkAcnt}, {}, {}}};
+    return {accountIn(office.Bank), accountIn(office.AcntNo), accountIn(office.ChkAcnt)};
 }
 
 void addAccounts(ReportParameters& parameters, const clsOffice& office) {
     int number = 0;
-    for (const auto& [bank, account] : accountsOf(office)) {
+    for (const auto& [bank, account, holder] : accountsOf(office)) {
         ++number;
         parameters.insert(u"Bank%1"_qs.arg(number), bank);
         parameters.insert(u"Account%1"_qs.arg(number), account);
+        parameters.insert(u"Holder%1"_qs.arg(number), holder);
     }
+}
+
+QString accountKindWord(const QString& setting) {
+    return setting == u"1" ? u"当座"_qs : setting == u"2" ? u"普通"_qs : QString();
+}
+
+// A bare number takes the office's kind of account, one that tells its own keeps it.
+QString withKind(const QString& account, const QString& kind) {
+    const bool bare = !account.isEmpty() && account.front().isDigit();
+    return bare ? (kind + u' ' + account).trimmed() : account;
 }
 
 ReportParameters officeBlock(const clsOffice& office) {
@@ -70,10 +88,10 @@ ReportHeader readHeader() { return documentHeader(readDocumentSetup()); }
 
 // What the office may have written into its labels.
 QHash<QString, int> officeSizes() {
-    const QHash<QString, int> others{{u"lblUserNm"_qs, 31}, {u"lblTel"_qs, 20},    {u"lblFax"_qs, 20},
-                                     {u"lblBank"_qs, 60},   {u"lblAcntNo"_qs, 60}, {u"lblChkAcnt"_qs, 60},
-                                     {u"Bank1"_qs, 30},     {u"Bank2"_qs, 30},     {u"Bank3"_qs, 30},
-                                     {u"Account1"_qs, 29},  {u"Account2"_qs, 29},  {u"Account3"_qs, 29}};
+    const QHash<QString, int> others{
+        {u"lblUserNm"_qs, 31},  {u"lblTel"_qs, 20},   {u"lblFax"_qs, 20},  {u"lblBank"_qs, 60}, {u"lblAcntNo"_qs, 60},
+        {u"lblChkAcnt"_qs, 60}, {u"Bank1"_qs, 30},    {u"Bank2"_qs, 30},   {u"Bank3"_qs, 30},   {u"Account1"_qs, 20},
+        {u"Account2"_qs, 20},   {u"Account3"_qs, 20}, {u"Holder1"_qs, 30}, {u"Holder2"_qs, 30}, {u"Holder3"_qs, 30}};
     QHash<QString, int> sizes;
     for (const QString& label : officeBlock({}).keys()) sizes.insert(label, others.value(label, 40));
     return sizes;
@@ -90,7 +108,8 @@ ReportSample sample() {
         {{u"AskNo"_qs, u"1"_qs},
          {u"Copy"_qs, u"2"_qs},
          {u"TaxRate"_qs, u"10.5"_qs},
-         {u"AccountKind"_qs, u"2"_qs},
+         {u"Suryo"_qs, u"9999.75"_qs},
+         {u"AccountKind"_qs, u"普通"_qs},
          {u"InsBox"_qs, u"1"_qs},
          {u"BlankDate"_qs, u"令和　　年　　月　　日"_qs}},
         officeSizes(),
@@ -125,7 +144,10 @@ QString documentGroupKey(int askNo, int copy, const QString& estNo) {
 
 ReportHeader documentHeader(const DocumentSetup& setup) {
     ReportHeader header{setup.office, setup.linesPerPage};
-    header.values.insert(u"AccountKind"_qs, setup.accountKind);
+    const QString kind = accountKindWord(setup.accountKind);
+    header.values.insert(u"AccountKind"_qs, kind);
+    for (const QString& account : {u"Account1"_qs, u"Account2"_qs, u"Account3"_qs})
+        header.values[account] = withKind(header.values.value(account), kind);
     header.values.insert(u"InsBox"_qs, setup.insurersInHeader ? u"1"_qs : QString());
     header.values.insert(u"PrtType"_qs, u"0"_qs);
     header.values.insert(u"BlankDate"_qs, blankDate());

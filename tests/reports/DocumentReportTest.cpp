@@ -178,6 +178,25 @@ private slots:
             QTEST(textsOf(pages(report, ReportSamples::ordinary(), setup).first(), u"lblAccountKind"_qs), "printed");
     }
 
+    void aBareNumberAmongThreeAccountsTakesTheKindOfTheSetting() {
+        const ReportPage page =
+            pages(u"repCsEstAskA4NoM2"_qs, ReportSamples::ordinary(), ReportSamples::ordinarySetup()).first();
+        QCOMPARE(textsOf(page, u"lblAcntNo"_qs), QStringList{u"普通 1234567"_qs});
+        QCOMPARE(textsOf(page, u"lblAcntNo3"_qs), QStringList{u"普通 1122334"_qs});
+        QCOMPARE(textsOf(page, u"lblChkAcnt3"_qs), QStringList{u"ハルノ　フウタ"_qs});
+        for (const QString& head : {u"lblChkAcntHead"_qs, u"lblChkAcntHead2"_qs, u"lblChkAcntHead3"_qs})
+            QCOMPARE(textsOf(page, head), QStringList{u"口座名義"_qs});
+    }
+
+    void anAccountThatIsNotThereLeavesItsPlaceEmpty() {
+        DocumentSetup setup = ReportSamples::ordinarySetup();
+        for (const QString& value : {u"Bank3"_qs, u"Account3"_qs, u"Holder3"_qs}) setup.office[value].clear();
+        const ReportPage page = pages(u"repCsEstAskA4NoM2"_qs, ReportSamples::ordinary(), setup).first();
+        QVERIFY(!textsOf(page, u"lblBankHead2"_qs).isEmpty());
+        for (const QString& control : {u"lblBankHead3"_qs, u"lblAcntNo3"_qs, u"lblChkAcntHead3"_qs, u"lblChkAcnt3"_qs})
+            QVERIFY2(textsOf(page, control).isEmpty(), qPrintable(control));
+    }
+
     void theInsurersInTheHeaderRepeatTheClaimBoxUnlessTurnedOff() {
         DocumentSetup setup = ReportSamples::ordinarySetup();
         const ReportPage on = pages(u"repCsEstAskA4NoM"_qs, ReportSamples::ordinary(), setup).first();

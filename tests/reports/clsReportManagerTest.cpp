@@ -167,16 +167,18 @@ private slots:
     void theThreeAccountsOfAnInvoiceAreReadFromTheOffice_data() {
         QTest::addColumn<QStringList>("fields");
         QTest::addColumn<QString>("printed");
-        QTest::newRow("three accounts") << QStringList{u"みなと銀行／普通 1"_qs, u"やま銀行／普通 2"_qs,
-                                                       u"かわ銀行／当座 3"_qs}
-                                        << u"みなと銀行=普通 1|やま銀行=普通 2|かわ銀行=当座 3"_qs;
-        QTest::newRow("without dividers") << QStringList{u"みなと銀行 普通 1"_qs, u"やま銀行 普通 2"_qs, {}}
-                                          << u"みなと銀行 普通 1=|やま銀行 普通 2=|="_qs;
+        QTest::newRow("three accounts")
+            << QStringList{u"みなと銀行／普通 1／ハルカゼ"_qs, u"やま銀行 ／ 普通 2"_qs,
+                           u"かわ銀行\n当座 3\nハルノ／フウタ"_qs}
+            << u"みなと銀行=普通 1=ハルカゼ|やま銀行=普通 2=|かわ銀行=当座 3=ハルノ／フウタ"_qs;
+        QTest::newRow("without dividers")
+            << QStringList{u"みなと銀行 028店 普通 123-4567　カ）ハルカゼ"_qs, u"やま銀行当座２"_qs, u"かわ銀行"_qs}
+            << u"みなと銀行 028店=普通 123-4567=カ）ハルカゼ|やま銀行=当座２=|かわ銀行=="_qs;
         QTest::newRow("one account") << QStringList{u"みなと銀行"_qs, u"123-4567"_qs, u"ハルカゼ"_qs}
-                                     << u"みなと銀行 123-4567=ハルカゼ|=|="_qs;
+                                     << u"みなと銀行=123-4567=ハルカゼ|==|=="_qs;
         QTest::newRow("one account without a holder")
-            << QStringList{u"みなと銀行"_qs, u"１２３４５６７"_qs, {}} << u"みなと銀行 １２３４５６７=|=|="_qs;
-        QTest::newRow("only the third") << QStringList{{}, {}, u"かわ銀行／当座 3"_qs} << u"=|=|かわ銀行=当座 3"_qs;
+            << QStringList{u"みなと銀行"_qs, u"１２３４５６７"_qs, {}} << u"みなと銀行=１２３４５６７=|==|=="_qs;
+        QTest::newRow("only the third") << QStringList{{}, {}, u"かわ銀行／当座 3"_qs} << u"==|==|かわ銀行=当座 3="_qs;
     }
     void theThreeAccountsOfAnInvoiceAreReadFromTheOffice() {
         QFETCH(QStringList, fields);
@@ -186,7 +188,9 @@ private slots:
         const ReportParameters office = readDocumentSetup().office;
         QStringList accounts;
         for (const QString& number : {u"1"_qs, u"2"_qs, u"3"_qs})
-            accounts << office.value(u"Bank"_qs + number) + u'=' + office.value(u"Account"_qs + number);
+            accounts << QStringList{office.value(u"Bank"_qs + number), office.value(u"Account"_qs + number),
+                                    office.value(u"Holder"_qs + number)}
+                            .join(u'=');
         QTEST(accounts.join(u'|'), "printed");
     }
 

@@ -3,6 +3,9 @@
 #include "reports/CsEstimateFields.h"
 
 #include <algorithm>
+#include <array>
+
+#include <iconv.h>
 
 namespace ReportSamples {
 
@@ -162,6 +165,27 @@ ReportRecordset rows(int count) {
     return records;
 }
 
+QString japaneseStandard() {
+    const iconv_t converter = iconv_open("UTF-32LE", "EUC-JISX0213");
+    QString all;
+    for (const bool secondPlane : {false, true})
+        for (int row = 0xA1; row < 0xFF; ++row)
+            for (int cell = 0xA1; cell < 0xFF; ++cell) {
+                std::array<char, 3> code{char(0x8F), char(row), char(cell)};
+                std::array<char32_t, 4> signs{};
+                char* in = code.data() + (secondPlane ? 0 : 1);
+                char* out = reinterpret_cast<char*>(signs.data());
+                size_t inLeft = secondPlane ? 3 : 2, outLeft = sizeof signs;
+                iconv(converter, nullptr, nullptr, nullptr, nullptr);
+                const bool known = iconv(converter, &in, &inLeft, &out, &outLeft) != size_t(-1) &&
+                                   iconv(converter, nullptr, nullptr, &out, &outLeft) != size_t(-1);
+                const auto count = qsizetype((sizeof signs - outLeft) / sizeof(char32_t));
+                if (known && count == 1) all += QString::fromUcs4(signs.data(), count);
+            }
+    iconv_close(converter);
+    return all;
+}
+
 DocumentSetup ordinarySetup(int linesPerPage) {
     DocumentSetup setup;
     setup.linesPerPage = linesPerPage;
@@ -183,7 +207,10 @@ DocumentSetup ordinarySetup(int linesPerPage) {
         {u"Bank2"_qs, u"山手信用金庫　本店"_qs},
         {u"Account2"_qs, u"普通 7654321"_qs},
         {u"Bank3"_qs, u"ゆうちょ銀行　〇二八"_qs},
-        {u"Account3"_qs, u"普通 1122334"_qs},
+        {u"Account3"_qs, u"1122334"_qs},
+        {u"Holder1"_qs, u"ハルカゼギシセイサクショ"_qs},
+        {u"Holder2"_qs, u"ハルカゼギシセイサクショ"_qs},
+        {u"Holder3"_qs, u"ハルノ　フウタ"_qs},
     };
     return setup;
 }

@@ -16,6 +16,9 @@ ReportHeader longestHeader(const ReportClass& report, const ReportParameters& gi
 // `rows` rows of one document that show their number as quantity.
 ReportRecordset rows(int rows);
 
+// Every character of JIS X 0213 that stands alone, in its order.
+QString japaneseStandard();
+
 DocumentSetup ordinarySetup(int linesPerPage = 20);
 
 } // namespace ReportSamples
