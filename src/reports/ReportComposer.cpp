@@ -48,6 +48,7 @@ public:
         m_page.paperWidth = m_layout.paperWidth;
         m_page.paperHeight = m_layout.paperHeight;
         for (const PlacedBand& placed : planned.bands) addBand(placed);
+        m_page.texts = inReadingOrder(std::move(m_page.texts));
         return std::move(m_page);
     }
 

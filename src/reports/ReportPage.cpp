@@ -3,9 +3,10 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <tuple>
 
 namespace {
+
+int middleOf(const ReportPageText& text) { return text.room.y + text.room.height / 2; }
 
 bool continues(const ReportPageText& text, const ReportPageText& before) {
     return text.control == before.control && text.room == before.room;
@@ -13,18 +14,30 @@ bool continues(const ReportPageText& text, const ReportPageText& before) {
 
 } // namespace
 
-QString ReportPage::plainText() const {
-    QList<ReportPageText> whole;
-    for (const ReportPageText& text : texts) {
-        if (!whole.isEmpty() && continues(text, whole.last()))
-            whole.last().text += text.text;
-        else
-            whole.append(text);
+// Controls whose middles are nearer to each other than the lines of any paper stand on one line.
+QList<ReportPageText> inReadingOrder(QList<ReportPageText> texts) {
+    constexpr int nearest = 90;
+    std::stable_sort(texts.begin(), texts.end(),
+                     [](const auto& a, const auto& b) { return middleOf(a) < middleOf(b); });
+    for (auto line = texts.begin(); line != texts.end();) {
+        const auto end = std::find_if(
+            line, texts.end(), [&](const ReportPageText& text) { return middleOf(text) > middleOf(*line) + nearest; });
+        std::stable_sort(line, end, [](const auto& a, const auto& b) { return a.room.x < b.room.x; });
+        line = end;
     }
-    std::stable_sort(whole.begin(), whole.end(), [](const ReportPageText& a, const ReportPageText& b) {
-        return std::tie(a.baseline, a.x) < std::tie(b.baseline, b.x);
-    });
+    return texts;
+}
+
+QString ReportPage::plainText() const {
     QStringList words;
-    for (const ReportPageText& text : whole) words.append(text.text);
+    const ReportPageText* before = nullptr;
+    const QList<ReportPageText> ordered = inReadingOrder(texts);
+    for (const ReportPageText& text : ordered) {
+        if (before && continues(text, *before))
+            words.last() += text.text;
+        else
+            words.append(text.text);
+        before = &text;
+    }
     return words.join(u'\n');
 }

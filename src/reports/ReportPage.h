@@ -29,6 +29,9 @@ struct ReportPageBox {
     int shade = 0;
 };
 
+// Line by line from top to bottom, each from left to right; the lines inside of one control stay together.
+QList<ReportPageText> inReadingOrder(QList<ReportPageText> texts);
+
 struct ReportPage {
     int paperWidth = 0, paperHeight = 0;
     QList<ReportPageText> texts;
