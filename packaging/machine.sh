@@ -16,6 +16,7 @@ program_packages=(
     fonts-noto-cjk              # letters on the screen
     fonts-morisawa-bizud-gothic # letters in grids
     fonts-ipaexfont             # letters on paper
+    fonts-ipamj-mincho          # rare kanji of names, which the letters on paper lack
 )
 server_packages=(
     postgresql-15         # the server that the tests start for themselves

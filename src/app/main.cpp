@@ -12,6 +12,7 @@
 #include "ui/Style.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 
 #include <cstdio>
 #include <functional>
@@ -98,6 +99,7 @@ int runScreens(int argc, char** argv) {
         assertPaperFonts();
     });
     if (!equipped) return EXIT_FAILURE;
+    if (const QString notice = standInNotice(QFontDatabase::families()); !notice.isEmpty()) ShowMessage(902, notice);
     return Main() ? QApplication::exec() : EXIT_FAILURE;
 }
 

@@ -5,25 +5,6 @@
 
 #include <algorithm>
 
-PrintedCharacters::PrintedCharacters(const QRawFont& font, const QString& texts) : m_font(font) {
-    for (const char32_t character : texts.toUcs4()) {
-        if (m_printed.contains(character)) continue;
-        m_printed.insert(character);
-        m_byGlyph.insert(glyphOf(character), character);
-    }
-}
-
-char32_t PrintedCharacters::printedFor(char32_t character) const {
-    if (m_printed.contains(character)) return character;
-    const quint32 glyph = glyphOf(character);
-    return glyph == 0 ? character : m_byGlyph.value(glyph, character);
-}
-
-quint32 PrintedCharacters::glyphOf(char32_t character) const {
-    const QList<quint32> glyphs = m_font.glyphIndexesForString(QString::fromUcs4(&character, 1));
-    return glyphs.isEmpty() ? 0 : glyphs.first();
-}
-
 namespace {
 
 struct Edit {
@@ -90,56 +71,48 @@ private:
     QList<qsizetype> m_offsets;
 };
 
-QByteArray hex(char32_t character) {
+QByteArray hex(const QString& text) {
     QByteArray digits;
-    for (const QChar unit : QString::fromUcs4(&character, 1))
-        digits += QByteArray::number(unit.unicode(), 16).rightJustified(4, '0').toUpper();
+    for (const QChar unit : text) digits += QByteArray::number(unit.unicode(), 16).rightJustified(4, '0').toUpper();
     return '<' + digits + '>';
 }
 
-// A table line is "<first> <last> <character of the first>" or "<first> <last> [<character> <character> ...]".
-QByteArray mendedLine(const QString& line, const PrintedCharacters& printed) {
-    static const QRegularExpression number(u"<([0-9A-Fa-f]{4})>"_qs);
-    QList<char32_t> numbers;
-    for (auto found = number.globalMatch(line); found.hasNext();)
-        numbers.append(found.next().captured(1).toUInt(nullptr, 16));
-    if (numbers.size() < 3) return line.toLatin1();
-    const bool list = line.contains(u'[');
-    QByteArray characters;
-    for (char32_t code = numbers.at(0); code <= numbers.at(1); ++code) {
-        const char32_t step = code - numbers.at(0);
-        const char32_t named = list ? numbers.value(2 + static_cast<qsizetype>(step), 0) : numbers.at(2) + step;
-        characters += hex(printed.printedFor(named)) + ' ';
+// Lines "<number> <text>" in blocks, which hold no more than a hundred.
+QByteArray tableLines(const QStringList& texts) {
+    constexpr qsizetype longestBlock = 100;
+    QByteArrayList lines;
+    for (qsizetype number = 1; number < texts.size(); ++number)
+        if (!texts.at(number).isEmpty())
+            lines.append(hex(QChar(static_cast<char16_t>(number))) + ' ' + hex(texts.at(number)) + '\n');
+    QByteArray blocks;
+    for (qsizetype start = 0; start < lines.size(); start += longestBlock) {
+        const QByteArrayList block = lines.mid(start, longestBlock);
+        blocks += QByteArray::number(block.size()) + " beginbfchar\n" + block.join() + "endbfchar\n";
     }
-    return hex(numbers.at(0)) + ' ' + hex(numbers.at(1)) + " [" + characters + ']';
+    return blocks;
 }
 
-QByteArray mendedTable(const QByteArray& table, const PrintedCharacters& printed) {
-    QByteArrayList lines;
-    bool inRanges = false;
-    for (const QByteArray& line : table.split('\n')) {
-        if (line.endsWith("endbfrange")) inRanges = false;
-        lines.append(inRanges ? mendedLine(QString::fromLatin1(line), printed) : line);
-        if (line.endsWith("beginbfrange")) inRanges = true;
-    }
-    return lines.join('\n');
+QByteArray withLines(const QByteArray& table, const QStringList& texts) {
+    static const QByteArray head("endcodespacerange\n");
+    const qsizetype start = table.indexOf(head) + head.size();
+    return table.left(start) + tableLines(texts) + table.mid(table.indexOf("endcmap", start));
 }
 
 // The edits of the length and of the content of a stream that is not compressed.
-QList<Edit> streamEdits(const QByteArray& pdf, qsizetype object, const PrintedCharacters& printed) {
+QList<Edit> streamEdits(const QByteArray& pdf, qsizetype object, const QStringList& texts) {
     static const QByteArray lengthKey("/Length "), streamKey("stream\n");
     const qsizetype length = pdf.indexOf(lengthKey, object) + lengthKey.size();
     const qsizetype lengthEnd = pdf.indexOf(' ', length);
     const qsizetype content = pdf.indexOf(streamKey, length) + streamKey.size();
     const QByteArray oldLength = pdf.mid(length, lengthEnd - length);
     const QByteArray table = pdf.mid(content, oldLength.toLongLong());
-    const QByteArray mended = mendedTable(table, printed);
+    const QByteArray mended = withLines(table, texts);
     return {{length, oldLength.size(), QByteArray::number(mended.size())}, {content, table.size(), mended}};
 }
 
 } // namespace
 
-QByteArray withPrintedCharacters(const QByteArray& pdf, const QMap<QByteArray, PrintedCharacters>& fonts) {
+QByteArray withPrintedTexts(const QByteArray& pdf, const PdfTexts& fonts) {
     static const QRegularExpression fontObject(
         u"^\\d+ 0 obj\\s*<< /Type /Font\\s+/Subtype /Type0\\s+/BaseFont /(\\S+).*?/ToUnicode (\\d+) 0 R"_qs,
         QRegularExpression::DotMatchesEverythingOption);
@@ -148,9 +121,9 @@ QByteArray withPrintedCharacters(const QByteArray& pdf, const QMap<QByteArray, P
     QList<Edit> edits;
     for (qsizetype object = 1; object < objects.count(); ++object) {
         const auto found = fontObject.match(QString::fromLatin1(pdf.mid(objects.offset(object), longestFontObject)));
-        const auto printed = fonts.constFind(found.captured(1).toLatin1());
-        if (!found.hasMatch() || printed == fonts.constEnd()) continue;
-        edits += streamEdits(pdf, objects.offset(found.captured(2).toLongLong()), *printed);
+        const auto texts = fonts.constFind(found.captured(1).toLatin1());
+        if (!found.hasMatch() || texts == fonts.constEnd()) continue;
+        edits += streamEdits(pdf, objects.offset(found.captured(2).toLongLong()), *texts);
     }
     return edits.isEmpty() ? pdf : objects.edited(edits);
 }

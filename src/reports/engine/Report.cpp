@@ -1,7 +1,7 @@
 #include "reports/engine/Report.h"
 
 #include "base/clsProfile.h"
-#include "reports/engine/ReportFonts.h"
+#include "reports/engine/PaperGlyphs.h"
 
 #include <QRegularExpression>
 

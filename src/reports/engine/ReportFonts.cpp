@@ -3,61 +3,35 @@
 #include "base/AppError.h"
 
 #include <QFontDatabase>
-#include <QFontMetricsF>
-#include <QHash>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <numeric>
 
 namespace {
 
-struct PaperFace {
-    QString family;   // as the platform lists it
-    QString japanese; // its other name
-};
-
-const PaperFace& face(bool gothic) {
-    static const PaperFace mincho{u"IPAexMincho"_qs, u"IPAex明朝"_qs};
-    static const PaperFace gothicFace{u"IPAexGothic"_qs, u"IPAexゴシック"_qs};
+const PaperFace& paperFace(bool gothic) {
+    static const PaperFace mincho{u"IPAexMincho"_qs, u"IPAex明朝"_qs, "IPAexMincho"};
+    static const PaperFace gothicFace{u"IPAexGothic"_qs, u"IPAexゴシック"_qs, "IPAexGothic"};
     return gothic ? gothicFace : mincho;
 }
 
-int pixelSize(const ReportFont& font) { return static_cast<int>(std::lround(font.size * 20)); }
-
-double shapedWidth(const QString& text, const ReportFont& font) {
-    return QFontMetricsF(paperFont(font)).horizontalAdvance(text);
+// Rare kanji of names from the hand that drew the type of paper, then what other countries write.
+const QList<PaperFace>& standIns() {
+    static const QList<PaperFace> faces{{u"IPAmjMincho"_qs, u"IPAmj明朝"_qs, "IPAmjMincho"},
+                                        {u"Noto Serif CJK JP"_qs, u"Noto Serif CJK JP"_qs, "NotoSerifCJKjp-Regular"}};
+    return faces;
 }
 
-// A letter that joins no other, so that it is as wide anywhere as it is alone.
-bool standsAlone(QChar letter) { return letter.isPrint() && !letter.isMark() && !letter.isSurrogate(); }
-
-// Fitting asks for the same letters again and again, and shaping is what costs: the widths are kept.
-double letterWidth(QChar letter, const ReportFont& font) {
-    static std::array<QHash<std::pair<int, QChar>, double>, 2> families;
-    auto& known = families.at(font.gothic);
-    const std::pair key{pixelSize(font), letter};
-    auto found = known.constFind(key);
-    if (found == known.constEnd()) found = known.insert(key, shapedWidth(letter, font));
-    return *found;
-}
-
-double lettersWidth(const QString& text, const ReportFont& font) {
-    if (!std::all_of(text.begin(), text.end(), standsAlone)) return shapedWidth(text, font);
-    return std::accumulate(text.begin(), text.end(), 0.0,
-                           [&](double width, QChar letter) { return width + letterWidth(letter, font); });
+bool isAmong(const QStringList& families, const PaperFace& face) {
+    return families.contains(face.family) || families.contains(face.japanese);
 }
 
 } // namespace
 
 QStringList missingFonts(const QStringList& installedFamilies) {
     QStringList missing;
-    for (const bool gothic : {false, true}) {
-        const PaperFace& wanted = face(gothic);
-        if (!installedFamilies.contains(wanted.family) && !installedFamilies.contains(wanted.japanese))
-            missing.append(wanted.japanese);
-    }
+    for (const bool gothic : {false, true})
+        if (!isAmong(installedFamilies, paperFace(gothic))) missing.append(paperFace(gothic).japanese);
     return missing;
 }
 
@@ -69,17 +43,27 @@ void assertPaperFonts() {
                    u"assertPaperFonts"_qs);
 }
 
-QFont paperFont(const ReportFont& font) {
-    const PaperFace& wanted = face(font.gothic);
-    QFont type;
-    type.setFamilies({wanted.family, wanted.japanese});
-    type.setPixelSize(pixelSize(font));
-    type.setHintingPreference(QFont::PreferNoHinting);
-    type.setKerning(false);
-    return type;
+QString standInNotice(const QStringList& installedFamilies) {
+    const PaperFace& rareKanji = standIns().first();
+    if (isAmong(installedFamilies, rareKanji)) return {};
+    return u"氏名などの珍しい漢字（𠮷 など）を印刷する書体「%1」がありません。ほかの書体で印刷するか、枠だけになります。"_qs
+        .arg(rareKanji.japanese);
 }
 
-double measurePaperText(const QString& text, const ReportFont& font) {
-    const auto gaps = std::max(qsizetype(0), text.size() - 1);
-    return lettersWidth(text, font) + double(gaps) * font.spacing;
+QList<PaperFace> paperFaces(bool gothic) {
+    const QStringList installed = QFontDatabase::families();
+    QList<PaperFace> faces{paperFace(gothic)};
+    std::copy_if(standIns().begin(), standIns().end(), std::back_inserter(faces),
+                 [&](const PaperFace& face) { return isAmong(installed, face); });
+    return faces;
+}
+
+QFont faceFont(const PaperFace& face, double size) {
+    QFont type;
+    type.setFamilies({face.family, face.japanese});
+    type.setPixelSize(static_cast<int>(std::lround(size * 20)));
+    type.setHintingPreference(QFont::PreferNoHinting);
+    type.setStyleStrategy(QFont::NoFontMerging);
+    type.setKerning(false);
+    return type;
 }

@@ -1,7 +1,8 @@
 #include "reports/engine/ReportPainter.h"
 
-#include "reports/engine/ReportFonts.h"
+#include "reports/engine/PaperGlyphs.h"
 
+#include <QGlyphRun>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
@@ -31,24 +32,25 @@ void paintBox(QPainter& painter, const ReportPageBox& box) {
 }
 
 // The types have no bold cut, so the outline of the letters is drawn over them.
-void thicken(QPainter& painter, const QPointF& at, const QString& text, const ReportFont& font) {
+void thicken(QPainter& painter, const PaperRun& run, const ReportFont& font) {
     QPainterPath letters;
-    letters.addText(at, paperFont(font), text);
+    for (const PaperGlyph& glyph : run.glyphs)
+        letters.addPath(run.font.pathForGlyph(glyph.number).translated(glyph.at));
     painter.strokePath(letters, QPen(Qt::black, font.size * boldness, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
 }
 
-void paintLetters(QPainter& painter, const QPointF& at, const QString& text, const ReportFont& font) {
-    painter.drawText(at, text);
-    if (font.bold) thicken(painter, at, text, font);
-}
-
-// Letter by letter, as a PDF loses the places of letters that the type itself spaces.
-void paintSpaced(QPainter& painter, const QString& text, const ReportFont& font) {
-    double x = 0;
-    for (const QChar letter : text) {
-        paintLetters(painter, QPointF(x, 0), letter, font);
-        x += measurePaperText(letter, font) + font.spacing;
+void paintRun(QPainter& painter, const PaperRun& run) {
+    QList<quint32> numbers;
+    QList<QPointF> places;
+    for (const PaperGlyph& glyph : run.glyphs) {
+        numbers.append(glyph.number);
+        places.append(glyph.at);
     }
+    QGlyphRun glyphs;
+    glyphs.setRawFont(run.font);
+    glyphs.setGlyphIndexes(numbers);
+    glyphs.setPositions(places);
+    painter.drawGlyphRun({}, glyphs);
 }
 
 void paintText(QPainter& painter, const ReportPageText& text) {
@@ -56,11 +58,10 @@ void paintText(QPainter& painter, const ReportPageText& text) {
     painter.translate(text.x, text.baseline);
     painter.scale(text.squeeze, 1);
     painter.setPen(Qt::black);
-    painter.setFont(paperFont(text.font));
-    if (text.font.spacing == 0)
-        paintLetters(painter, QPointF(0, 0), text.text, text.font);
-    else
-        paintSpaced(painter, text.text, text.font);
+    for (const PaperRun& run : paperRuns(text.text, text.font)) {
+        paintRun(painter, run);
+        if (text.font.bold) thicken(painter, run, text.font);
+    }
     painter.restore();
 }
 

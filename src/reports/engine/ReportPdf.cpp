@@ -2,14 +2,14 @@
 
 #include "base/AppError.h"
 #include "base/WholeFile.h"
+#include "reports/engine/PaperGlyphs.h"
 #include "reports/engine/PdfTextTable.h"
-#include "reports/engine/ReportFonts.h"
 #include "reports/engine/ReportPainter.h"
 
 #include <QBuffer>
+#include <QHash>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QRawFont>
 
 namespace {
 
@@ -31,21 +31,52 @@ QByteArray written(const QList<ReportPage>& pages, const QString& title) {
     return buffer.data();
 }
 
-// Several characters share a glyph, and the file names only one of them: here is the one that was really printed.
-PrintedCharacters printedCharacters(const QList<ReportPage>& pages, bool gothic) {
-    QString texts;
+// Of the texts that share a letter the ordinary one: 月 and not the radical that looks like it.
+bool isPlainer(const QString& text, const QString& other) {
+    if (text.isEmpty() || other.isEmpty()) return other.isEmpty();
+    const auto isPlain = [](const QString& each) { return each == each.normalized(QString::NormalizationForm_KC); };
+    if (isPlain(text) != isPlain(other)) return isPlain(text);
+    return text.size() < other.size();
+}
+
+// The writer numbers the letters of each font in the order in which they are drawn first.
+class PrintedTexts {
+public:
+    void add(const PaperRun& run) {
+        QStringList& texts = m_texts[run.pdfName];
+        if (texts.isEmpty()) texts.append(QString());
+        for (const PaperGlyph& glyph : run.glyphs) {
+            if (glyph.number == 0) continue;
+            qsizetype& number = m_numbers[{run.pdfName, glyph.number}];
+            if (number == 0) {
+                number = texts.size();
+                texts.append(glyph.text);
+            } else if (isPlainer(glyph.text, texts.at(number))) {
+                texts[number] = glyph.text;
+            }
+        }
+    }
+
+    const PdfTexts& texts() const { return m_texts; }
+
+private:
+    PdfTexts m_texts;
+    QHash<std::pair<QByteArray, quint32>, qsizetype> m_numbers;
+};
+
+PdfTexts printedTexts(const QList<ReportPage>& pages) {
+    PrintedTexts printed;
     for (const ReportPage& page : pages)
         for (const ReportPageText& text : page.texts)
-            if (text.font.gothic == gothic) texts += text.text;
-    return PrintedCharacters(QRawFont::fromFont(paperFont({gothic, 10, false})), texts);
+            for (const PaperRun& run : paperRuns(text.text, text.font)) printed.add(run);
+    return printed.texts();
 }
 
 } // namespace
 
 QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title) {
     if (pages.isEmpty()) throw AppError(u"保存するページがありません。"_qs, u"pdfOfPages"_qs);
-    return withPrintedCharacters(written(pages, title), {{"IPAexMincho", printedCharacters(pages, false)},
-                                                         {"IPAexGothic", printedCharacters(pages, true)}});
+    return withPrintedTexts(written(pages, title), printedTexts(pages));
 }
 
 void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path) {

@@ -1,10 +1,10 @@
 #include "HalvaneTest.h"
 
 #include "reports/ReportClasses.h"
+#include "reports/engine/PaperGlyphs.h"
 #include "reports/engine/ReportFonts.h"
 #include "support/ReportSamples.h"
 
-#include <QFontMetricsF>
 #include <QRectF>
 
 namespace {
@@ -17,7 +17,9 @@ QList<ReportPage> longestPages(const QString& name, const ReportParameters& give
 
 // Where the ink of a text stands on the page.
 QRectF inkOf(const ReportPageText& text) {
-    const QRectF ink = QFontMetricsF(paperFont(text.font)).tightBoundingRect(text.text);
+    QRectF ink;
+    for (const PaperRun& run : paperRuns(text.text, text.font))
+        for (const PaperGlyph& glyph : run.glyphs) ink |= run.font.boundingRect(glyph.number).translated(glyph.at);
     return {text.x + ink.x() * text.squeeze, text.baseline + ink.y(), ink.width() * text.squeeze, ink.height()};
 }
 
@@ -116,6 +118,41 @@ private slots:
         for (const ReportPage& page : longestPages(report, given))
             for (const ReportPageText& text : page.texts)
                 if (sizes.contains(text.control)) QCOMPARE(text.font.size, sizes.value(text.control));
+    }
+
+    void threeOrdinaryAccountsStandAtNinePoints() {
+        ReportHeader header = documentHeader(ReportSamples::ordinarySetup());
+        for (const QString& number : {u"1"_qs, u"2"_qs, u"3"_qs}) {
+            header.values[u"Bank"_qs + number] = u"架空信用金庫　名古屋中央支店"_qs;
+            header.values[u"Account"_qs + number] = u"普通 1234567"_qs;
+            header.values[u"Holder"_qs + number] = u"カ）ミホンギシソウグセイサクシヨ"_qs;
+        }
+        const QString name = u"repCsEstAskA4NoM2"_qs;
+        const QList<ReportPage> pages =
+            reportPages(reportClass(name), loadReportLayout(name), ReportSamples::ordinary(), header, measurePaperText);
+        int found = 0;
+        for (const ReportPageText& text : pages.first().texts)
+            if (text.control.startsWith(u"lblBank") || text.control.contains(u"Acnt")) {
+                QVERIFY2(text.font.size >= 9 && text.squeeze == 1, qPrintable(told(text)));
+                ++found;
+            }
+        QCOMPARE(found, 15);
+    }
+
+    // A person reads a page line by line, and so does who copies its text.
+    void textsStandInReadingOrder_data() { everyReport(); }
+    void textsStandInReadingOrder() {
+        QFETCH(QString, report);
+        QFETCH(ReportParameters, given);
+        const auto middle = [](const ReportRect& room) { return room.y + room.height / 2; };
+        for (const ReportPage& page : longestPages(report, given))
+            for (qsizetype i = 0; i < page.texts.size(); ++i)
+                for (qsizetype j = i + 1; j < page.texts.size(); ++j) {
+                    const ReportRect &a = page.texts.at(i).room, &b = page.texts.at(j).room;
+                    const bool above = b.bottom() <= a.y, sameLine = std::abs(middle(a) - middle(b)) < 30;
+                    QVERIFY2(!above && !(sameLine && b.x < a.x),
+                             qPrintable(told(page.texts.at(i)) + u" / "_qs + told(page.texts.at(j))));
+                }
     }
 
     // Smaller than this nobody reads; what is left to do is narrow the letters, and not by much.

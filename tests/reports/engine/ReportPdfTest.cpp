@@ -1,6 +1,7 @@
 #include "HalvaneTest.h"
 
 #include "base/AppError.h"
+#include "reports/engine/PaperGlyphs.h"
 #include "reports/engine/PdfTextTable.h"
 #include "reports/engine/ReportFonts.h"
 #include "reports/engine/ReportPdf.h"
@@ -51,17 +52,18 @@ QList<int> wordStarts(const QByteArray& pdf) {
     return starts;
 }
 
+quint32 glyphOf(char32_t character, bool gothic) {
+    return paperRuns(QString::fromUcs4(&character, 1), {gothic, 10}).first().glyphs.first().number;
+}
+
 // The characters of a font that share their glyph with a radical.
 QString ideographsWithRadicals(bool gothic) {
-    const QRawFont font = QRawFont::fromFont(paperFont({gothic, 10, false}));
-    const auto glyph = [&](char32_t character) {
-        return font.glyphIndexesForString(QString::fromUcs4(&character, 1)).value(0);
-    };
     QHash<quint32, char32_t> ideographs;
-    for (char32_t character = 0x4E00; character < 0xA000; ++character) ideographs.insert(glyph(character), character);
+    for (char32_t character = 0x4E00; character < 0xA000; ++character)
+        ideographs.insert(glyphOf(character, gothic), character);
     QString found;
     for (char32_t radical = 0x2E80; radical < 0x2FE0; ++radical)
-        if (const quint32 shared = glyph(radical); shared != 0 && ideographs.contains(shared))
+        if (const quint32 shared = glyphOf(radical, gothic); shared != 0 && ideographs.contains(shared))
             found += QString::fromUcs4(&ideographs[shared], 1);
     return found;
 }
@@ -82,6 +84,7 @@ private slots:
             QTest::addRow("signs %d", gothic) << u"〒￥−－～ー―・（円未満は切り捨て）"_qs << gothic;
             QTest::addRow("wave dash %d", gothic) << u"十時〜正午"_qs << gothic;
             QTest::addRow("names %d", gothic) << u"髙橋﨑濱邊齋藤廣"_qs << gothic;
+            QTest::addRow("rare names %d", gothic) << u"𠮷野家の𠮷田さんと𩸽、髙𣘺"_qs << gothic;
             QTest::addRow("kana and letters %d", gothic) << u"ｿｹｯﾄソケットABC-123/45%"_qs << gothic;
         }
     }
@@ -101,6 +104,34 @@ private slots:
         const QString text = ideographsWithRadicals(gothic);
         QVERIFY(text.size() > 100);
         QCOMPARE(textIn(pdfOfPages({pageOf(text, gothic)}, u"test"_qs)), text);
+    }
+
+    // Pasted from a file whose own table was wrong, it stays alone with its fault.
+    void aPastedRadicalChangesOnlyItself() {
+        for (const QString& text : {u"⽉曜と月曜"_qs, u"月曜と⽉曜"_qs})
+            QCOMPARE(textIn(pdfOfPages({pageOf(text, false)}, u"test"_qs)), u"月曜と月曜"_qs);
+        QCOMPARE(textIn(pdfOfPages({pageOf(u"⽉"_qs, false)}, u"test"_qs)), u"⽉"_qs);
+    }
+
+    void everyKanjiOfTheStandardIsFound() {
+        QString kanji;
+        for (const char32_t sign : ReportSamples::japaneseStandard().toUcs4())
+            if (sign >= 0x3400 && QChar::script(sign) == QChar::Script_Han) kanji += QString::fromUcs4(&sign, 1);
+        QVERIFY(kanji.size() > 10000);
+        QList<ReportPage> pages;
+        for (qsizetype start = 0; start < kanji.size();) {
+            qsizetype end = std::min(start + 1600, kanji.size());
+            if (end < kanji.size() && kanji.at(end).isLowSurrogate()) ++end;
+            ReportPage page = pageOf({}, false);
+            for (int baseline = 600; start < end; baseline += 300) {
+                qsizetype stop = std::min(start + 40, end);
+                if (stop < end && kanji.at(stop).isLowSurrogate()) ++stop;
+                page.texts.append({u"line"_qs, kanji.mid(start, stop - start), {}, 600, baseline, 8000, 1, {}});
+                start = stop;
+            }
+            pages.append(page);
+        }
+        QCOMPARE(textIn(pdfOfPages(pages, u"test"_qs)), kanji);
     }
 
     void spacedLettersStandApart() {
@@ -153,7 +184,7 @@ private slots:
     }
 
     void aFileWithoutTablesStaysAsItIs() {
-        QCOMPARE(withPrintedCharacters("no PDF at all", {{"IPAexMincho", {}}}), QByteArray("no PDF at all"));
+        QCOMPARE(withPrintedTexts("no PDF at all", {{"IPAexMincho", {}}}), QByteArray("no PDF at all"));
     }
 
     void noPagesAreAnError() { QVERIFY_EXCEPTION_THROWN(pdfOfPages({}, u"test"_qs), AppError); }
