@@ -4,7 +4,9 @@
 #include "base/Numbers.h"
 #include "base/clsProfile.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -48,6 +50,35 @@ private:
     QString m_name;
 };
 
+int contentWidth(const ReportLayout& layout) {
+    int width = 0;
+    for (const ReportBand& band : layout.bands) {
+        for (const ReportTextItem& text : band.texts) width = std::max(width, text.at.right());
+        for (const ReportBoxItem& box : band.boxes) width = std::max(width, box.at.right());
+        for (const ReportLineItem& line : band.lines) width = std::max({width, line.x1, line.x2});
+    }
+    return width;
+}
+
+// Heads, totals and one row between them.
+int leastHeight(const ReportLayout& layout) {
+    return std::accumulate(layout.bands.begin(), layout.bands.end(), 0,
+                           [](int height, const ReportBand& band) { return height + band.height; }) -
+           layout.band(ReportBandKind::GroupContinued).height;
+}
+
+// Only what the office has set can be at fault.
+void refuse(const ReportLayout& layout, const QString& side,
+            const QList<std::pair<QString, std::optional<int>>>& lengths) {
+    QStringList set;
+    for (const auto& [key, length] : lengths)
+        if (length) set.append(key);
+    if (set.isEmpty()) return;
+    throw AppError(u"Halvane.ini の [%1] の %2 では、印刷の内容が用紙の%3に収まりません。値を直してください。"_qs.arg(
+                       layout.name, set.join(u"、"_qs), side),
+                   u"withPageSettings"_qs);
+}
+
 } // namespace
 
 int reportLength(const QString& text) {
@@ -79,10 +110,22 @@ ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QSt
     return settings;
 }
 
-ReportLayout withMargins(ReportLayout layout, const ReportPrintSettings& settings) {
+ReportLayout withPageSettings(ReportLayout layout, const ReportPrintSettings& settings) {
+    layout.paperHeight = settings.pageHeight.value_or(layout.paperHeight);
+    layout.paperWidth = settings.pageWidth.value_or(layout.paperWidth);
     layout.margins.top = settings.topMargin.value_or(layout.margins.top);
     layout.margins.bottom = settings.bottomMargin.value_or(layout.margins.bottom);
     layout.margins.left = settings.leftMargin.value_or(layout.margins.left);
     layout.margins.right = settings.rightMargin.value_or(layout.margins.right);
+    if (layout.margins.left + contentWidth(layout) + settings.rightMargin.value_or(0) > layout.paperWidth)
+        refuse(layout, u"幅"_qs,
+               {{u"PageWidth"_qs, settings.pageWidth},
+                {u"PageLeftMargin"_qs, settings.leftMargin},
+                {u"PageRightMargin"_qs, settings.rightMargin}});
+    if (layout.margins.top + leastHeight(layout) + layout.margins.bottom > layout.paperHeight)
+        refuse(layout, u"高さ"_qs,
+               {{u"PageHeight"_qs, settings.pageHeight},
+                {u"PageTopMargin"_qs, settings.topMargin},
+                {u"PageBottomMargin"_qs, settings.bottomMargin}});
     return layout;
 }

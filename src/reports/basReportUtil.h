@@ -22,7 +22,8 @@ struct ReportPrintSettings {
 // "297mm", "11inch" or twips as they stand; -1 for a text that is no length.
 int reportLength(const QString& text);
 
-// The layout with the margins that are set; positions are relative to them, so the whole page moves along.
-ReportLayout withMargins(ReportLayout layout, const ReportPrintSettings& settings);
+// The layout on the paper and with the margins that are set; positions are relative to them, so the whole page moves
+// along. What leaves no room for the layout's content raises an error that names section and keys.
+ReportLayout withPageSettings(ReportLayout layout, const ReportPrintSettings& settings);
 
 ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QString& reportClass);

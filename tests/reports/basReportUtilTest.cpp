@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 
+#include "base/AppError.h"
 #include "base/clsProfile.h"
 #include "reports/basReportUtil.h"
 
@@ -89,6 +90,47 @@ private slots:
     }
 
     void aCodeBeyondTheRangeLeavesThePrintersOwn() { QVERIFY(!settings("Copies=99999999999").copies); }
+
+    void marginsAndPaperMoveThePage() {
+        const ReportLayout moved =
+            withPageSettings(loadReportLayout(u"repCsEstimateA4"_qs),
+                             settings("PageSize=256\r\nPageWidth=250mm\r\nPageHeight=320mm\r\nPageTopMargin=20mm\r\n"
+                                      "PageBottomMargin=10mm\r\nPageLeftMargin=1587\r\nPageRightMargin=1000"));
+        QCOMPARE(moved.paperWidth, 14173);
+        QCOMPARE(moved.paperHeight, 18142);
+        QCOMPARE(moved.margins.top, 1134);
+        QCOMPARE(moved.margins.bottom, 567);
+        QCOMPARE(moved.margins.left, 1587);
+        QCOMPARE(moved.margins.right, 1000);
+    }
+
+    void aPageWithoutRoomForItsContentIsRefusedByKey_data() {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<QString>("told"); // empty: taken
+        QTest::newRow("left to the edge") << QByteArray("PageLeftMargin=1588") << QString();
+        QTest::newRow("left") << QByteArray("PageLeftMargin=1589") << u"PageLeftMargin"_qs;
+        QTest::newRow("right to the content") << QByteArray("PageRightMargin=794") << QString();
+        QTest::newRow("right") << QByteArray("PageRightMargin=795") << u"PageRightMargin"_qs;
+        QTest::newRow("both") << QByteArray("PageLeftMargin=700\r\nPageRightMargin=900")
+                              << u"PageLeftMargin、PageRightMargin"_qs;
+        QTest::newRow("narrow paper") << QByteArray("PageSize=256\r\nPageWidth=11111") << u"PageWidth"_qs;
+        QTest::newRow("low paper") << QByteArray("PageSize=256\r\nPageHeight=9706") << u"PageHeight"_qs;
+        QTest::newRow("one row") << QByteArray("PageSize=256\r\nPageHeight=9707") << QString();
+        QTest::newRow("top") << QByteArray("PageTopMargin=20cm\r\nPageBottomMargin=8000") << u"PageBottomMargin"_qs;
+        QTest::newRow("size not the user's own") << QByteArray("PageSize=9\r\nPageWidth=1") << QString();
+    }
+    void aPageWithoutRoomForItsContentIsRefusedByKey() {
+        QFETCH(QByteArray, lines);
+        QFETCH(QString, told);
+        QString error;
+        try {
+            withPageSettings(loadReportLayout(u"repCsEstimateA4"_qs), settings(lines));
+        } catch (const AppError& refused) {
+            error = refused.description();
+        }
+        QCOMPARE(error.isEmpty(), told.isEmpty());
+        if (!told.isEmpty()) QVERIFY2(error.contains(u"[repCsEstimateA4] の %1 では"_qs.arg(told)), qPrintable(error));
+    }
 
     void eachReportHasItsOwnSection() { QVERIFY(!settings("").copies); }
 };

@@ -11,7 +11,7 @@ ReportJob Report::job() const {
     static const QRegularExpression unfitForFiles(u"[\\\\/:*?\"<>|]"_qs);
     if (!m_records || m_records->isEmpty()) return {};
     const ReportPrintSettings settings = readReportPrintSettings(clsProfile(), m_class.name);
-    const ReportLayout layout = withMargins(loadReportLayout(m_class.name), settings);
+    const ReportLayout layout = withPageSettings(loadReportLayout(m_class.name), settings);
     ReportHeader header = m_class.readHeader();
     header.values.insert(m_values);
     return {m_class.name, reportPages(m_class, layout, *m_records, header, measurePaperText), settings,
