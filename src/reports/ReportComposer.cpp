@@ -152,7 +152,8 @@ private:
         const int printed = std::min(room.width, static_cast<int>(std::ceil(width)));
         const int slack = room.width - printed;
         const int x = item.align == ReportAlign::Left ? 0 : item.align == ReportAlign::Center ? slack / 2 : slack;
-        m_page.texts.append({item.name, line, font, room.x + x, baseline, printed, fitted.squeeze, room});
+        m_page.texts.append({item.name, line, font, room.x + x, baseline, printed, fitted.squeeze, room,
+                             m_placed.kind == ReportBandKind::Detail ? m_placed.done : 0});
     }
 
     const ReportLayout& m_layout;

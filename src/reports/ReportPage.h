@@ -14,6 +14,7 @@ struct ReportPageText {
     int width = 0;      // as printed
     double squeeze = 1; // horizontal scale, below 1 only when the smallest size is still too wide
     ReportRect room;    // the control on the page
+    int row = 0;        // the detail row that it is a part of, from 1; 0: none
 };
 
 struct ReportPageLine {

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -110,6 +111,44 @@ QList<Edit> streamEdits(const QByteArray& pdf, qsizetype object, const QStringLi
     return {{length, oldLength.size(), QByteArray::number(mended.size())}, {content, table.size(), mended}};
 }
 
+QByteArray spanHead(const PdfSpan& span) {
+    return "/Span <</ActualText " + hex(QChar(QChar::ByteOrderMark) + span.text) + ">> BDC";
+}
+
+QByteArray withMarks(const QByteArray& content, const QList<PdfSpan>& spans) {
+    QByteArrayList lines;
+    auto span = spans.begin();
+    qsizetype drawn = 0;
+    for (const QByteArray& line : content.split('\n')) {
+        if (line == "BT" && span != spans.end() && drawn++ == 0) lines.append(spanHead(*span));
+        lines.append(line);
+        if (line != "ET" || span == spans.end() || drawn < span->drawings) continue;
+        lines.append("EMC");
+        drawn = 0;
+        ++span;
+    }
+    return lines.join('\n');
+}
+
+// The compressed content of a page, whose length stands in an object of its own.
+struct PageContent {
+    qsizetype at = 0, length = 0, lengthAt = 0;
+    QByteArray content;
+};
+
+std::optional<PageContent> pageContentAt(const QByteArray& pdf, const ObjectTable& objects, qsizetype object) {
+    static const QRegularExpression head(u"^\\d+ 0 obj\n<<\n/Length (\\d+) 0 R\n/Filter /FlateDecode\n>>\nstream\n"_qs);
+    constexpr qsizetype longestHead = 100;
+    const auto found = head.match(QString::fromLatin1(pdf.mid(objects.offset(object), longestHead)));
+    if (!found.hasMatch()) return std::nullopt;
+    PageContent page;
+    page.at = objects.offset(object) + found.capturedLength();
+    page.lengthAt = pdf.indexOf('\n', objects.offset(found.captured(1).toLongLong())) + 1;
+    page.length = pdf.mid(page.lengthAt, pdf.indexOf('\n', page.lengthAt) - page.lengthAt).toLongLong();
+    page.content = qUncompress(QByteArray(4, '\0') + pdf.mid(page.at, page.length));
+    return page.content.contains("\nBT\n") ? std::optional(page) : std::nullopt;
+}
+
 } // namespace
 
 QByteArray withPrintedTexts(const QByteArray& pdf, const PdfTexts& fonts) {
@@ -124,6 +163,21 @@ QByteArray withPrintedTexts(const QByteArray& pdf, const PdfTexts& fonts) {
         const auto texts = fonts.constFind(found.captured(1).toLatin1());
         if (!found.hasMatch() || texts == fonts.constEnd()) continue;
         edits += streamEdits(pdf, objects.offset(found.captured(2).toLongLong()), *texts);
+    }
+    return edits.isEmpty() ? pdf : objects.edited(edits);
+}
+
+QByteArray withSpans(const QByteArray& pdf, const QList<QList<PdfSpan>>& pages) {
+    constexpr qsizetype sizeOfHead = 4; // before what the compressor gives
+    const ObjectTable objects(pdf);
+    QList<Edit> edits;
+    auto spans = pages.begin();
+    for (qsizetype object = 1; object < objects.count() && spans != pages.end(); ++object) {
+        const auto page = pageContentAt(pdf, objects, object);
+        if (!page) continue;
+        const QByteArray packed = qCompress(withMarks(page->content, *spans++)).mid(sizeOfHead);
+        edits.append({page->at, page->length, packed});
+        edits.append({page->lengthAt, QByteArray::number(page->length).size(), QByteArray::number(packed.size())});
     }
     return edits.isEmpty() ? pdf : objects.edited(edits);
 }

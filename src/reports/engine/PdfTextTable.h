@@ -12,3 +12,11 @@
 // Fonts are named as in the file; those not named stay as they are.
 using PdfTexts = QMap<QByteArray, QStringList>;
 QByteArray withPrintedTexts(const QByteArray& pdf, const PdfTexts& fonts);
+
+// What a reader takes together: letter-spaced words and the cells of a row, which it would tear apart into columns.
+struct PdfSpan {
+    qsizetype drawings = 0; // that follow each other
+    QString text;
+};
+// The file with the spans of each page told; they take all drawings of letters in their order.
+QByteArray withSpans(const QByteArray& pdf, const QList<QList<PdfSpan>>& pages);

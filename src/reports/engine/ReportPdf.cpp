@@ -72,11 +72,31 @@ PdfTexts printedTexts(const QList<ReportPage>& pages) {
     return printed.texts();
 }
 
+QList<QList<PdfSpan>> spansOf(const QList<ReportPage>& pages) {
+    QList<QList<PdfSpan>> all;
+    for (const ReportPage& page : pages) {
+        QList<PdfSpan> spans;
+        const ReportPageText* before = nullptr;
+        for (const ReportPageText& text : page.texts) {
+            const bool sameRow = before && text.row > 0 && text.row == before->row;
+            const bool sameCell = sameRow && text.room == before->room;
+            if (!sameRow) spans.append(PdfSpan{});
+            spans.last().drawings += paperRuns(text.text, text.font).size();
+            spans.last().text += (sameRow && !sameCell ? u" "_qs : QString()) + text.text;
+            before = &text;
+        }
+        // A text without a letter draws nothing; a page without any has no place to tell it.
+        spans.removeIf([](const PdfSpan& span) { return span.drawings == 0; });
+        if (!spans.isEmpty()) all.append(spans);
+    }
+    return all;
+}
+
 } // namespace
 
 QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title) {
     if (pages.isEmpty()) throw AppError(u"保存するページがありません。"_qs, u"pdfOfPages"_qs);
-    return withPrintedTexts(written(pages, title), printedTexts(pages));
+    return withSpans(withPrintedTexts(written(pages, title), printedTexts(pages)), spansOf(pages));
 }
 
 void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path) {
