@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -24,9 +25,10 @@ struct SizedFaces {
     QHash<QString, Letter> letters;
 };
 
+// They stay until the end of the process, since a font must not be taken down after the application.
 // Fitting asks for the same letters again and again, and shaping is what costs: they are kept.
 SizedFaces& sizedFaces(const ReportFont& font) {
-    static QHash<std::pair<bool, int>, SizedFaces> known;
+    static auto& known = *new QHash<std::pair<bool, int>, SizedFaces>;
     SizedFaces& sized = known[{font.gothic, static_cast<int>(std::lround(font.size * 20))}];
     if (!sized.faces.isEmpty()) return sized;
     sized.faces = paperFaces(font.gothic);
@@ -38,11 +40,15 @@ bool isVariationSelector(char32_t sign) {
     return (sign >= 0xFE00 && sign <= 0xFE0F) || (sign >= 0xE0100 && sign <= 0xE01EF);
 }
 
-// The types know no variants of a kanji: the selector would print as a box.
+bool isControl(char32_t sign) {
+    return QChar::category(sign) == QChar::Other_Control || QChar::category(sign) == QChar::Other_Format;
+}
+
+// The types know no variants of a kanji, nor line breaks: these would print as boxes.
 QString printable(const QString& letter) {
     QString signs;
     for (const char32_t sign : letter.toUcs4())
-        if (!isVariationSelector(sign)) signs += QString::fromUcs4(&sign, 1);
+        if (!isVariationSelector(sign) && !isControl(sign)) signs += QString::fromUcs4(&sign, 1);
     return signs;
 }
 
@@ -119,8 +125,8 @@ QList<PaperRun> paperRuns(const QString& text, const ReportFont& font) {
     double x = 0;
     forEachLetter(text, [&](const QString& sign) {
         const Letter& letter = letterOf(sized, sign, font.size);
-        if (letter.face != face) runs.append({sized.fonts.at(letter.face), sized.faces.at(letter.face).pdfName, {}});
-        face = letter.face;
+        if (!letter.glyphs.isEmpty() && std::exchange(face, letter.face) != letter.face)
+            runs.append({sized.fonts.at(letter.face), sized.faces.at(letter.face).pdfName, {}});
         for (const PaperGlyph& glyph : letter.glyphs)
             runs.last().glyphs.append({glyph.number, glyph.at + QPointF(x, 0), glyph.text});
         x += letter.width + font.spacing;

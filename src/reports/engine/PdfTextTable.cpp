@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 namespace {
@@ -111,6 +112,12 @@ QList<Edit> streamEdits(const QByteArray& pdf, qsizetype object, const QStringLi
     return {{length, oldLength.size(), QByteArray::number(mended.size())}, {content, table.size(), mended}};
 }
 
+bool drawsAll(const QByteArray& content, const QList<PdfSpan>& spans) {
+    const qsizetype drawings = std::accumulate(spans.begin(), spans.end(), qsizetype(0),
+                                               [](qsizetype sum, const PdfSpan& span) { return sum + span.drawings; });
+    return content.count("\nBT\n") == drawings;
+}
+
 QByteArray spanHead(const PdfSpan& span) {
     return "/Span <</ActualText " + hex(QChar(QChar::ByteOrderMark) + span.text) + ">> BDC";
 }
@@ -175,7 +182,9 @@ QByteArray withSpans(const QByteArray& pdf, const QList<QList<PdfSpan>>& pages) 
     for (qsizetype object = 1; object < objects.count() && spans != pages.end(); ++object) {
         const auto page = pageContentAt(pdf, objects, object);
         if (!page) continue;
-        const QByteArray packed = qCompress(withMarks(page->content, *spans++)).mid(sizeOfHead);
+        const QList<PdfSpan>& told = *spans++;
+        if (!drawsAll(page->content, told)) continue;
+        const QByteArray packed = qCompress(withMarks(page->content, told)).mid(sizeOfHead);
         edits.append({page->at, page->length, packed});
         edits.append({page->lengthAt, QByteArray::number(page->length).size(), QByteArray::number(packed.size())});
     }

@@ -18,5 +18,6 @@ struct PdfSpan {
     qsizetype drawings = 0; // that follow each other
     QString text;
 };
-// The file with the spans of each page told; they take all drawings of letters in their order.
+// The file with the spans of each page told; they take all drawings of letters in their order. A page whose drawings
+// they do not meet stays as it is.
 QByteArray withSpans(const QByteArray& pdf, const QList<QList<PdfSpan>>& pages);

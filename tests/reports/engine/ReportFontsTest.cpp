@@ -69,6 +69,14 @@ private slots:
         QCOMPARE(runs.first().glyphs.last().at, QPointF(200, 0));
     }
 
+    void whatIsNoLetterLeavesNoBox() {
+        QVERIFY(paperRuns(u"\n"_qs, {}).isEmpty());
+        const QList<PaperRun> runs = paperRuns(u"\u200B義\r\n肢"_qs, {});
+        QCOMPARE(runs.size(), 1);
+        QCOMPARE(runs.first().glyphs.size(), 2);
+        QCOMPARE(runs.first().glyphs.last().at, QPointF(200, 0));
+    }
+
     void theVariantOfAKanjiPrintsTheKanji() {
         const QList<PaperRun> runs = paperRuns(u"辻\U000E0100"_qs, {});
         QCOMPARE(runs.first().glyphs.size(), 1);
@@ -79,7 +87,7 @@ private slots:
     void aTextIsAsWideAsItsLetters_data() {
         QTest::addColumn<QString>("text");
         QTest::newRow("Japanese") << u"愛知県名古屋市、（栄）９丁目ソケット「型」・々ー"_qs;
-        QTest::newRow("Latin letters") << u"AVATo WAVE-100/45% (1,234.5)"_qs;
+        QTest::newRow("Latin letters") << u"AVATo ffi fl WAVE-100/45% (1,234.5)"_qs;
         QTest::newRow("half-width kana") << u"ｶﾞﾊﾟｿｹｯﾄ｡ﾞ"_qs;
         QTest::newRow("mark of its own") << u"か\u3099は\u309A"_qs;
         QTest::newRow("empty") << QString();

@@ -207,6 +207,20 @@ private slots:
         QCOMPARE(withPrintedTexts("no PDF at all", {{"IPAexMincho", {}}}), QByteArray("no PDF at all"));
     }
 
+    void aPageWithoutALetterIsAPage() {
+        ReportPage empty = pageOf({}, false);
+        const QByteArray pdf =
+            pdfOfPages({empty, pageOf(u"月\n⽉"_qs, false), empty, pageOf(u"𠮷"_qs, true)}, u"test"_qs);
+        QCOMPARE(textIn(pdf), u"月⽉𠮷"_qs);
+    }
+
+    void spansThatDoNotMeetThePageLeaveItAlone() {
+        const QByteArray pdf = pdfOfPages({pageOf(u"月"_qs, false)}, u"test"_qs);
+        QCOMPARE(withSpans(pdf, {{{2, u"火"_qs}}}), pdf);
+        QCOMPARE(textIn(withSpans(pdf, {{{1, u"火"_qs}}})), u"火"_qs);
+        QCOMPARE(withSpans("no PDF at all", {{{1, u"火"_qs}}}), QByteArray("no PDF at all"));
+    }
+
     void noPagesAreAnError() { QVERIFY_EXCEPTION_THROWN(pdfOfPages({}, u"test"_qs), AppError); }
 
     void aFolderThatIsNotThereIsNamedInTheError() {
