@@ -340,13 +340,13 @@ public:
 private:
     inline static const QString byReading = u"[フリガナ1] ASC, [フリガナ2] ASC, [顧客ID] ASC, [顧客枝番] ASC"_qs;
 
-    static Statements statements(const QString& where, const QString& order) {
+    static Statements statements(const QString& where, const QString& sort) {
         QString list = u"SELECT * FROM [顧客情報]"_qs;
         if (!where.isEmpty()) list += u" WHERE "_qs + where;
         return {list + u" ORDER BY "_qs + order, clsCustomerManager::Keys(where, order)};
     }
 
-    void compare(const QString& name, const QString& where, const QString& order, const std::function<void()>& start) {
+    void compare(const QString& name, const QString& where, const QString& sort, const std::function<void()>& start) {
         if (isWanted(name))
             print(name, bestOf([&](bool whole) { return play(*m_grid, m_painted, whole, start); }),
                   statements(where, order));
@@ -451,7 +451,7 @@ private:
         Fields fields;
     };
 
-    static Statements statements(const SqlTerm& where, const SqlTerm& order) {
+    static Statements statements(const SqlTerm& where, const SqlTerm& sort) {
         return {clsCsEstimateManager::ListWithMst(where, order), clsCsEstimateManager::KeysWithMst(where, order)};
     }
 

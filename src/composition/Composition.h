@@ -5,7 +5,7 @@
 #include <QStringList>
 
 // What an estimate is made of: its items, and under each item the base and make element lines and the complete part
-// lines. Orders and master estimates are composed alike.
+// lines. The estimates of customers and the master estimates are composed alike.
 
 // One row of a grid: its index is the column's number; cell 0 is the row number and plays no part.
 using Cells = QStringList;

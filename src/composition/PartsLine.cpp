@@ -16,9 +16,9 @@ SqlTerm has(QString Row::*member, const QString& value) { return gPricePartsMana
 
 SqlTerm usable(const LineContext& context) { return gPricePartsManager.usable(context.item); }
 
-QList<clsPriceParts> parts(const QList<SqlTerm>& terms, const QString& order = byId) {
+QList<clsPriceParts> parts(const QList<SqlTerm>& terms, const QString& sort = byId) {
     QList<clsPriceParts> rows;
-    gPricePartsManager.GetList(rows, SqlAllOf(terms), order);
+    gPricePartsManager.GetList(rows, SqlAllOf(terms), sort);
     return rows;
 }
 

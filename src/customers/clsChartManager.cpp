@@ -119,8 +119,8 @@ void clsChartManager::SaveFromEstimate(clsChart& chart, Mode mode) {
     SaveData(chart);
 }
 
-Recordset clsChartManager::GetSelectList(const SqlTerm& where, const SqlTerm& order) {
+Recordset clsChartManager::GetSelectList(const SqlTerm& where, const SqlTerm& sort) {
     return query(
         SqlSelect(u"SELECT [顧客ID], [顧客枝番], [カルテNo], [カルテ番号], [病名原因], [受注先] FROM [顧客カルテ]"_qs,
-                  where, order));
+                  where, sort));
 }

@@ -32,7 +32,7 @@ public:
     // The names in brackets of the fields that differ; empty when none does.
     static QString GetDiffText(const clsChart& chart, const clsChart& stored);
     // 顧客ID, 顧客枝番, カルテNo, カルテ番号, 病名原因, 受注先 for the selection screen.
-    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& order);
+    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& sort);
 
 private:
     bool findAlike(clsChart& chart);

@@ -211,37 +211,37 @@ SqlTerm clsCustomerManager::SelectContaining(const QString& text) {
     return SqlAnyOf(terms);
 }
 
-QString clsCustomerManager::SelectList(const SqlTerm& where, const SqlTerm& order) {
+QString clsCustomerManager::SelectList(const SqlTerm& where, const SqlTerm& sort) {
     return SqlSelect(u"SELECT [顧客ID], [顧客枝番], [顧客番号], [名前1] & '　' & [名前2] AS 顧客名,"
                      u" [都道府県] & [市区郡] & [住所1] & [住所2] AS 住所, [電話], [生年月日] FROM [顧客情報]"_qs,
-                     where, order);
+                     where, sort);
 }
 
-Recordset clsCustomerManager::GetSelectList(const SqlTerm& where, const SqlTerm& order) {
-    return query(SelectList(where, order));
+Recordset clsCustomerManager::GetSelectList(const SqlTerm& where, const SqlTerm& sort) {
+    return query(SelectList(where, sort));
 }
 
-QString clsCustomerManager::ListWithEst(const SqlTerm& where, const SqlTerm& order) {
+QString clsCustomerManager::ListWithEst(const SqlTerm& where, const SqlTerm& sort) {
     QStringList columns;
     for (const auto& field : shownWithEst()) columns << u"[顧客情報].[%1]"_qs.arg(field.column);
-    return SqlSelect(u"SELECT DISTINCT "_qs + columns.join(u", "_qs) + customersWithEstimates(where), where, order);
+    return SqlSelect(u"SELECT DISTINCT "_qs + columns.join(u", "_qs) + customersWithEstimates(where), where, sort);
 }
 
-void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const SqlTerm& where, const SqlTerm& order) {
-    Recordset rows = query(ListWithEst(where, order));
+void clsCustomerManager::GetListWithEst(QList<clsCustomer>& result, const SqlTerm& where, const SqlTerm& sort) {
+    Recordset rows = query(ListWithEst(where, sort));
     const RecordReader<clsCustomer> reader(rows, shownWithEst());
     while (rows.next()) result << reader.read();
 }
 
 // The few customers of an estimate number are found from their estimates, not by asking each customer for its own.
-QString clsCustomerManager::KeysWithEst(const SqlTerm& where, const SqlTerm& order) {
-    if (!where.names(SqlColumn{u"顧客見積情報"_qs, u"見積番号"_qs})) return Keys(havingEstimates(where), order);
-    const QString shown = rowKey + order.wrapped(u", "_qs, {}).text();
-    return SqlSelect(u"SELECT DISTINCT "_qs + shown + customersWithEstimates(where), where, order);
+QString clsCustomerManager::KeysWithEst(const SqlTerm& where, const SqlTerm& sort) {
+    if (!where.names(SqlColumn{u"顧客見積情報"_qs, u"見積番号"_qs})) return Keys(havingEstimates(where), sort);
+    const QString shown = rowKey + sort.wrapped(u", "_qs, {}).text();
+    return SqlSelect(u"SELECT DISTINCT "_qs + shown + customersWithEstimates(where), where, sort);
 }
 
-QString clsCustomerManager::Keys(const SqlTerm& where, const SqlTerm& order) {
-    return SqlSelect(u"SELECT "_qs + rowKey + u" FROM [顧客情報]"_qs, where, order);
+QString clsCustomerManager::Keys(const SqlTerm& where, const SqlTerm& sort) {
+    return SqlSelect(u"SELECT "_qs + rowKey + u" FROM [顧客情報]"_qs, where, sort);
 }
 
 QString clsCustomerManager::listKey(const QString& CustId, const QString& CustSubId) {

@@ -49,20 +49,20 @@ public:
     static bool IsChanged(const clsCustomer& customer, const clsCustomer& stored);
 
     // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
-    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& order);
-    static QString SelectList(const SqlTerm& where, const SqlTerm& order); // its statement
+    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& sort);
+    static QString SelectList(const SqlTerm& where, const SqlTerm& sort); // its statement
     // The condition of its rows that contain a text in a column that is shown, in either width and case.
     static SqlTerm SelectContaining(const QString& text);
     qint64 Count(const SqlTerm& where) { return count(where); }
     // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.
-    void GetListWithEst(QList<clsCustomer>& result, const SqlTerm& where, const SqlTerm& order);
+    void GetListWithEst(QList<clsCustomer>& result, const SqlTerm& where, const SqlTerm& sort);
 
-    static QString ListWithEst(const SqlTerm& where, const SqlTerm& order);
+    static QString ListWithEst(const SqlTerm& where, const SqlTerm& sort);
 
-    // The statement that gives the key of each of the same rows (`order`: columns without a direction), or of rows of
+    // The statement that gives the key of each of the same rows (`sort`: columns without a direction), or of rows of
     // the table alone, and the customers of such keys in any order.
-    static QString KeysWithEst(const SqlTerm& where, const SqlTerm& order);
-    static QString Keys(const SqlTerm& where, const SqlTerm& order);
+    static QString KeysWithEst(const SqlTerm& where, const SqlTerm& sort);
+    static QString Keys(const SqlTerm& where, const SqlTerm& sort);
     static QString listKey(const QString& CustId, const QString& CustSubId);
     static CustomerKey ofListKey(const QString& listKey);
     static QString listKey(const clsCustomer& customer) { return listKey(customer.CustId, customer.CustSubId); }

@@ -6,7 +6,7 @@
 
 void KeyedTable::Prepare(Connection& connection) {
     m_connection = &connection;
-    m_maker.Prepare(connection, m_table);
+    m_sql.Prepare(connection, m_table);
 }
 
 SqlTerm KeyedTable::byKey() const {

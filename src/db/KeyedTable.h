@@ -24,7 +24,7 @@ public:
 protected:
     // Raises an error before `Prepare` and after the connection closed.
     Connection& connection() const;
-    clsSQLMaker& maker() { return m_maker; }
+    clsSQLMaker& sql() { return m_sql; }
     const QStringList& key() const { return SqlKeyColumns(m_table); }
 
     qint64 count(const SqlTerm& where = {});
@@ -44,5 +44,5 @@ protected:
 private:
     QString m_table;
     Connection* m_connection = nullptr;
-    clsSQLMaker m_maker;
+    clsSQLMaker m_sql;
 };

@@ -92,6 +92,6 @@ SqlTerm SqlSorted(const QList<SqlColumn>& columns, bool upwards) {
     return SqlTerm::joined(terms, u", "_qs);
 }
 
-QString SqlSelect(const QString& head, const SqlTerm& where, const SqlTerm& order) {
-    return head + where.wrapped(u" WHERE "_qs, {}).text() + order.wrapped(u" ORDER BY "_qs, {}).text();
+QString SqlSelect(const QString& head, const SqlTerm& where, const SqlTerm& sort) {
+    return head + where.wrapped(u" WHERE "_qs, {}).text() + sort.wrapped(u" ORDER BY "_qs, {}).text();
 }

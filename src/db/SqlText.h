@@ -58,4 +58,4 @@ SqlTerm kanaRangeFilter(const SqlTerm& column, const QString& button);
 SqlTerm SqlSorted(const QList<SqlColumn>& columns, bool upwards);
 
 // What a statement begins with, and its WHERE and ORDER BY when they ask for something.
-QString SqlSelect(const QString& head, const SqlTerm& where, const SqlTerm& order = {});
+QString SqlSelect(const QString& head, const SqlTerm& where, const SqlTerm& sort = {});

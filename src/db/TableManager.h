@@ -48,10 +48,10 @@ public:
 
     TableManager(QString table, Fields fields) : KeyedTable(std::move(table)), m_fields(std::move(fields)) {}
 
-    // Appends a record for each row, in row order. `where` and `order` are clauses without their keyword; empty means
+    // Appends a record for each row, in row order. `where` and `sort` are clauses without their keyword; empty means
     // none.
-    void GetList(QList<Record>& result, const SqlTerm& where = {}, const SqlTerm& order = {}) {
-        readList(result, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where, order));
+    void GetList(QList<Record>& result, const SqlTerm& where = {}, const SqlTerm& sort = {}) {
+        readList(result, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where, sort));
     }
 
     // The rows of an owner, who is named by the first key columns, in the order of their key.
@@ -108,7 +108,7 @@ protected:
     void insert(const Record& record) { insert(record, newColumns()); }
     void insert(const Record& record, const QStringList& columns) {
         addData(record, columns);
-        execute(maker().GetSqlForInsert());
+        execute(sql().GetSqlForInsert());
     }
 
     // Writes columns of the row of the record's key, or of the given one.
@@ -116,8 +116,8 @@ protected:
     void update(const Record& record, const QStringList& columns) { update(record, columns, keyOf(record)); }
     void update(const Record& record, const QStringList& columns, const QStringList& keyValues) {
         addData(record, columns);
-        for (qsizetype i = 0; i < keyValues.size(); ++i) maker().AddKey(key().at(i), keyValues.at(i));
-        execute(maker().GetSqlForUpdate());
+        for (qsizetype i = 0; i < keyValues.size(); ++i) sql().AddKey(key().at(i), keyValues.at(i));
+        execute(sql().GetSqlForUpdate());
     }
 
     // What a new row is written with: all columns in member order but for those left out, the stamps, which are set by
@@ -162,9 +162,9 @@ protected:
 
     // The first row that agrees with a record in these members; an empty one asks for NULL.
     bool findLike(const Record& record, const QList<Member>& members, Record& found) {
-        maker().RemoveAll();
-        for (const Member member : members) maker().AddKey(column(member).name, record.*member);
-        return takeFirst(found, maker().GetSqlForSelect());
+        sql().RemoveAll();
+        for (const Member member : members) sql().AddKey(column(member).name, record.*member);
+        return takeFirst(found, sql().GetSqlForSelect());
     }
 
 private:
@@ -179,8 +179,8 @@ private:
     }
 
     void addData(const Record& record, const QStringList& columns) {
-        maker().RemoveAll();
-        for (const QString& column : columns) maker().AddData(column, valueOf(record, column));
+        sql().RemoveAll();
+        for (const QString& column : columns) sql().AddData(column, valueOf(record, column));
     }
 
     bool takeFirst(Record& record, const QString& sql) {

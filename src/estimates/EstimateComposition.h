@@ -3,7 +3,7 @@
 #include "composition/Composition.h"
 #include "estimates/EstimateRecords.h"
 
-// What an order is composed of, between its grids and its three tables.
+// What an estimate is composed of, between its grids and its three tables.
 
 struct EstimateRows {
     QList<clsCsItem> items;

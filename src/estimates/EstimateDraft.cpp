@@ -30,7 +30,7 @@ public:
         if (!mayOverwrite() || !saveCustomer() || !savePrefecture() || !saveClaims() ||
             !saveChart(shownId, shownBranch) || !confirmTax())
             return false;
-        saveMakers();
+        saveProducers();
         saveHeader();
         saveRows();
         return true;
@@ -114,7 +114,7 @@ private:
                            u"消費税相当額：%1\nシステム設定：%2"_qs.arg(tax, setting)) == AnswerYes;
     }
 
-    static void saveMaker(QString& number, const QString& name) {
+    static void saveProducer(QString& number, const QString& name) {
         number.clear();
         if (Text::rightTrimmed(name).isEmpty()) return;
         clsProducer producer;
@@ -123,9 +123,9 @@ private:
         number = producer.ProducerNo;
     }
 
-    void saveMakers() {
-        saveMaker(estimate().Charge1No, estimate().Charge1Nm);
-        saveMaker(estimate().ProducerNo, estimate().ProducerNm);
+    void saveProducers() {
+        saveProducer(estimate().Charge1No, estimate().Charge1Nm);
+        saveProducer(estimate().ProducerNo, estimate().ProducerNm);
     }
 
     void saveHeader() {
@@ -241,7 +241,7 @@ void EstimateDraft::clearEstimate(Clearing level) {
 
 void EstimateDraft::takeCurrentTax() { estimate.Tax = gSysSettingManager.value(Setting::Tax); }
 
-EstimateDraft newOrder() {
+EstimateDraft newEstimate() {
     EstimateDraft draft;
     draft.estimate.ProcKbnNo = WorkStatus::Nothing;
     draft.estimate.PriceSedYear = gPriceYear;
@@ -299,7 +299,7 @@ void deleteEstimate(Connection& connection, const QString& EstId) {
     transaction.commit();
 }
 
-QList<ClaimRow> insuranceRowsOf(const QString& CustId, const QString& CustSubId) {
+QList<ClaimRow> claimRowsOf(const QString& CustId, const QString& CustSubId) {
     QList<ClaimRow> rows;
     for (const clsCsIns& law : gCsInsManager.rowsOf({CustId, CustSubId}).mid(0, claimRowCount)) {
         clsCsEstAsk ask;

@@ -19,7 +19,7 @@ struct ClaimRow {
     bool isUsed() const { return !InsNo.isEmpty() && InsNo != u"0"; }
 };
 
-// One order as it stands on the screen: everything that one press of 反映 writes.
+// One estimate as it stands on the screen: everything that one press of 反映 writes.
 struct EstimateDraft {
     clsCustomer customer;
     clsChart chart;
@@ -49,8 +49,8 @@ struct EstimateDraft {
     void takeCurrentTax();
 };
 
-// An order to be filled in: whole prices, the tax of the settings.
-EstimateDraft newOrder();
+// An estimate to be filled in: whole prices, the tax of the settings.
+EstimateDraft newEstimate();
 
 enum class SaveResult { Saved, Refused };
 
@@ -67,6 +67,6 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft);
 void deleteEstimate(Connection& connection, const QString& EstId);
 
 // The insurance rows of a customer branch, at most 4, without payers.
-QList<ClaimRow> insuranceRowsOf(const QString& CustId, const QString& CustSubId);
+QList<ClaimRow> claimRowsOf(const QString& CustId, const QString& CustSubId);
 
 inline constexpr int claimRowCount = 4;

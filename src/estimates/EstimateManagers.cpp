@@ -40,11 +40,11 @@ const QList<Field<clsChart>>& listChartFields() {
 }
 
 // Columns of a list, of estimates joined with what the columns, the condition and the order name.
-QString selectListed(const SqlTerm& shown, const SqlTerm& where, const SqlTerm& order = {}) {
-    const SqlTerm asked = SqlTerm::joined({shown, where, order}, {});
+QString selectListed(const SqlTerm& shown, const SqlTerm& where, const SqlTerm& sort = {}) {
+    const SqlTerm asked = SqlTerm::joined({shown, where, sort}, {});
     const SqlReference customer = customerOfEstimate();
     const QString estimates = asked.names(customer.other) ? customer.leftJoin(estimateTable) : estimateTable;
-    return SqlSelect(u"SELECT "_qs + shown.text() + u" FROM "_qs + withNamedTables(estimates, asked), where, order);
+    return SqlSelect(u"SELECT "_qs + shown.text() + u" FROM "_qs + withNamedTables(estimates, asked), where, sort);
 }
 
 QString drawn(const QString& series) {
@@ -126,29 +126,28 @@ SqlTerm clsCsEstimateManager::ListOrder(const QList<SqlColumn>& columns, bool up
 }
 
 void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers,
-                                          QList<clsChart>& charts, const SqlTerm& where, const SqlTerm& order) {
-    ForEachWithMst(where, order,
-                   [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-                       estimates << estimate;
-                       customers << customer;
-                       charts << chart;
-                   });
+                                          QList<clsChart>& charts, const SqlTerm& where, const SqlTerm& sort) {
+    ForEachWithMst(where, sort, [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+        estimates << estimate;
+        customers << customer;
+        charts << chart;
+    });
 }
 
-QString clsCsEstimateManager::ListWithMst(const SqlTerm& where, const SqlTerm& order) {
+QString clsCsEstimateManager::ListWithMst(const SqlTerm& where, const SqlTerm& sort) {
     QList<SqlTerm> columns;
     for (const auto& field : listEstimateFields()) columns << gCsEstimateManager.column(field.member);
     for (const auto& field : listCustomerFields()) columns << gCustomerManager.column(field.member);
     for (const auto& field : listChartFields()) columns << gChartManager.column(field.member);
-    return selectListed(SqlTerm::joined(columns, u", "_qs), where, order);
+    return selectListed(SqlTerm::joined(columns, u", "_qs), where, sort);
 }
 
-QString clsCsEstimateManager::KeysWithMst(const SqlTerm& where, const SqlTerm& order) {
-    return selectListed(gCsEstimateManager.byKey(), where, order);
+QString clsCsEstimateManager::KeysWithMst(const SqlTerm& where, const SqlTerm& sort) {
+    return selectListed(gCsEstimateManager.byKey(), where, sort);
 }
 
-QStringList clsCsEstimateManager::IdsWithMst(const SqlTerm& where, const SqlTerm& order) {
-    Recordset rows = query(KeysWithMst(where, order));
+QStringList clsCsEstimateManager::IdsWithMst(const SqlTerm& where, const SqlTerm& sort) {
+    Recordset rows = query(KeysWithMst(where, sort));
     QStringList ids;
     while (rows.next()) ids << rows.value(0);
     return ids;
@@ -180,8 +179,8 @@ qint64 clsCsEstimateManager::CountWithMst(const SqlTerm& where) {
     return scalar(selectListed(SqlTerm(u"COUNT(*)"_qs, {}), where)).toLongLong();
 }
 
-void clsCsEstimateManager::ForEachWithMst(const SqlTerm& where, const SqlTerm& order, const ListRow& take) {
-    Recordset rows = query(ListWithMst(where, order));
+void clsCsEstimateManager::ForEachWithMst(const SqlTerm& where, const SqlTerm& sort, const ListRow& take) {
+    Recordset rows = query(ListWithMst(where, sort));
     const RecordReader<clsCsEstimate> estimates(rows, listEstimateFields());
     const RecordReader<clsCustomer> customers(rows, listCustomerFields());
     const RecordReader<clsChart> charts(rows, listChartFields());
@@ -285,11 +284,11 @@ QHash<QString, QList<clsCsEstAsk>> clsCsEstAskManager::ClaimsOf(const QStringLis
 }
 
 void clsCsEstAskManager::UpdPayDate(const QString& EstId, const QString& PayDate) {
-    maker().RemoveAll();
-    maker().AddData(u"入金日"_qs, PayDate);
-    maker().AddKey(u"見積ID"_qs, EstId);
-    maker().AddKey(u"入金日"_qs, QString());
-    execute(maker().GetSqlForUpdate());
+    sql().RemoveAll();
+    sql().AddData(u"入金日"_qs, PayDate);
+    sql().AddKey(u"見積ID"_qs, EstId);
+    sql().AddKey(u"入金日"_qs, QString());
+    execute(sql().GetSqlForUpdate());
 }
 
 void clsCsEstAskManager::UpdPayDate2(const QString& EstId, const QString& EstSum) {

@@ -23,18 +23,18 @@ public:
     // Headers with customer and chart for lists, in three parallel collections. A customer that is gone leaves empty
     // texts.
     void GetListWithMst(QList<clsCsEstimate>& estimates, QList<clsCustomer>& customers, QList<clsChart>& charts,
-                        const SqlTerm& where, const SqlTerm& order);
+                        const SqlTerm& where, const SqlTerm& sort);
     // The same one by one, for lists of any length.
     using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
-    void ForEachWithMst(const SqlTerm& where, const SqlTerm& order, const ListRow& take);
+    void ForEachWithMst(const SqlTerm& where, const SqlTerm& sort, const ListRow& take);
     // The same of estimates by their 見積ID, however many: in the order of the ids, a part at a time, so that nothing
     // is held between. Before each part `begin` gets its ids, after it `pause` runs, when given; false ends the walk.
     void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {},
                    const std::function<void(const QStringList&)>& begin = {});
-    QStringList IdsWithMst(const SqlTerm& where, const SqlTerm& order);
+    QStringList IdsWithMst(const SqlTerm& where, const SqlTerm& sort);
     // The statement of the list, the one that gives no more than the 見積ID of its rows, and how many they are.
-    static QString ListWithMst(const SqlTerm& where, const SqlTerm& order);
-    static QString KeysWithMst(const SqlTerm& where, const SqlTerm& order);
+    static QString ListWithMst(const SqlTerm& where, const SqlTerm& sort);
+    static QString KeysWithMst(const SqlTerm& where, const SqlTerm& sort);
     qint64 CountWithMst(const SqlTerm& where);
     // Their order by columns of the list, and of equal ones by the 見積ID.
     SqlTerm ListOrder(const QList<SqlColumn>& columns, bool upwards) const;

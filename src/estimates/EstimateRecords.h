@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// One order of one customer branch. All members are text; amounts are whole yen.
+// One estimate of one customer branch. All members are text; amounts are whole yen.
 
 struct clsCsEstimate {
     QString EstId, CustId, CustSubId, ChartNo, GrantNo, EstNo, EstNm;

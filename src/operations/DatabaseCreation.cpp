@@ -28,23 +28,23 @@ QByteArray resource(const QString& path) {
 // Writes the rows of a data file into its table; a row whose key stands already is overwritten.
 void loadTable(Connection& connection, const Schema::Table& table, const QString& path) {
     const QList<QStringList> lines = Csv::read(QString::fromUtf8(resource(path)));
-    clsSQLMaker maker;
-    maker.Prepare(connection, table.name);
+    clsSQLMaker sql;
+    sql.Prepare(connection, table.name);
     const QStringList heads = lines.value(0);
     for (const QStringList& line : lines.mid(1)) {
         const auto fill = [&](bool keysApart) {
-            maker.RemoveAll();
+            sql.RemoveAll();
             for (int i = 0; i < heads.size(); ++i) {
                 if (keysApart && table.key.contains(heads.at(i)))
-                    maker.AddKey(heads.at(i), line.value(i));
+                    sql.AddKey(heads.at(i), line.value(i));
                 else
-                    maker.AddData(heads.at(i), line.value(i));
+                    sql.AddData(heads.at(i), line.value(i));
             }
         };
         fill(true);
-        if (!table.key.isEmpty() && connection.execute(maker.GetSqlForUpdate()) > 0) continue;
+        if (!table.key.isEmpty() && connection.execute(sql.GetSqlForUpdate()) > 0) continue;
         fill(false);
-        connection.execute(maker.GetSqlForInsert());
+        connection.execute(sql.GetSqlForInsert());
     }
 }
 

@@ -68,14 +68,14 @@ QList<QStringList> read(const QString& table, const QByteArray& bytes) {
 
 void importInto(Connection& connection, const QString& table, const QByteArray& bytes) {
     const QStringList columns = formOf(table).columns;
-    clsSQLMaker maker;
-    maker.Prepare(connection, table);
+    clsSQLMaker sql;
+    sql.Prepare(connection, table);
     for (const QStringList& fields : read(table, bytes)) {
-        maker.RemoveAll();
-        for (int i = 0; i < columns.size(); ++i) maker.AddData(columns.at(i), fields.at(i));
-        maker.AddData(u"編集者No"_qs, QString::number(gUserNo));
-        maker.AddData(u"有効Flg"_qs, u"0"_qs);
-        connection.execute(maker.GetSqlForInsert());
+        sql.RemoveAll();
+        for (int i = 0; i < columns.size(); ++i) sql.AddData(columns.at(i), fields.at(i));
+        sql.AddData(u"編集者No"_qs, QString::number(gUserNo));
+        sql.AddData(u"有効Flg"_qs, u"0"_qs);
+        connection.execute(sql.GetSqlForInsert());
     }
 }
 

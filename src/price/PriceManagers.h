@@ -14,9 +14,9 @@ public:
     qint64 GetCount() { return this->count(); }
 
     // The order is not optional here: an empty one is an SQL failure.
-    void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& order) {
+    void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& sort) {
         this->readList(result,
-                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where) + u" ORDER BY "_qs + order.text());
+                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where) + u" ORDER BY "_qs + sort.text());
     }
 
     // The row of an ID; raises an error when there is none.
@@ -89,11 +89,11 @@ protected:
 
 private:
     void grouped(QList<Record>& result, Member member, const SqlTerm& where, const QString& number,
-                 const QString& order) {
+                 const QString& sort) {
         const QString name = this->column(member).name;
         Recordset rows =
             this->query(SqlSelect(u"SELECT [%1] , %2 AS 項番 FROM [%3]"_qs.arg(name, number, this->table()), where) +
-                        u" GROUP BY [%1] ORDER BY %2"_qs.arg(name, order));
+                        u" GROUP BY [%1] ORDER BY %2"_qs.arg(name, sort));
         const RecordReader<Record> reader(rows, {{&Record::ID, u"項番"_qs}, {member, name}});
         while (rows.next()) result << reader.read();
     }

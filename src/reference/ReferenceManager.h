@@ -10,7 +10,7 @@ enum class Direction { Descending = 1, Ascending = 2 };
 enum class SaveMode { Row = 1, OrderOnly = 2 };
 
 // The time as order text, "yyyymmddhhnnss".
-QString orderTextNow();
+QString sortTextNow();
 
 // The order in which a list was brought by hand.
 inline const QString bySeq = u"[順番]"_qs;
@@ -25,10 +25,10 @@ public:
     virtual ~ReferenceManager() = default;
 
     // By `bySeq` the rows in use come first; the direction binds to the given order alone.
-    virtual void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& order,
+    virtual void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& sort,
                          Direction direction = Direction::Ascending) {
         this->readList(result,
-                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where, directed(order, direction)));
+                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where, directed(sort, direction)));
     }
 
     // False when there is no such number.
@@ -39,7 +39,7 @@ public:
         const bool isNew = mode == SaveMode::Row && blank(record.*number());
         if (const Member seq = this->memberOf(u"順番"_qs);
             seq && blank(record.*seq) && (isNew || mode == SaveMode::OrderOnly))
-            record.*seq = orderTextNow();
+            record.*seq = sortTextNow();
         if (isNew)
             insertNew(record);
         else
@@ -60,9 +60,9 @@ protected:
     Member name() const { return this->memberOf(this->table()); }
     Member flag() const { return this->memberOf(u"有効Flg"_qs); }
 
-    SqlTerm directed(const SqlTerm& order, Direction direction) const {
-        const QString ahead = order == bySeq && flag() ? u"[有効Flg],"_qs : QString();
-        return order.wrapped(ahead, direction == Direction::Descending ? u" DESC ;"_qs : u" ASC ;"_qs);
+    SqlTerm directed(const SqlTerm& sort, Direction direction) const {
+        const QString ahead = sort == bySeq && flag() ? u"[有効Flg],"_qs : QString();
+        return sort.wrapped(ahead, direction == Direction::Descending ? u" DESC ;"_qs : u" ASC ;"_qs);
     }
 
     // Inserts and finds the issued number by the row's code.

@@ -17,7 +17,7 @@ clsProcKbnManager gProcKbnManager;
 clsInsClaimManager gInsClaimManager;
 clsEquipmentManager gEquipmentManager;
 
-QString orderTextNow() { return formatDate(currentDateTime(), u"yyyymmddhhnnss"_qs); }
+QString sortTextNow() { return formatDate(currentDateTime(), u"yyyymmddhhnnss"_qs); }
 
 namespace {
 
@@ -92,7 +92,7 @@ clsInsManager::clsInsManager()
 
 void clsInsManager::insertNew(clsIns& ins) {
     ins.InsNo = nextNumber(u"[法別No] <> 99"_qs);
-    if (blank(ins.Seq)) ins.Seq = orderTextNow();
+    if (blank(ins.Seq)) ins.Seq = sortTextNow();
     if (blank(ins.UseFlg)) ins.UseFlg = u"0"_qs;
     insert(ins);
 }
@@ -118,9 +118,9 @@ template <class Record> bool CodedManager<Record>::GetDataCd(const QString& code
     return this->readFirst(record, this->equal(this->code(), code));
 }
 
-template <class Record> Recordset CodedManager<Record>::GetSelectList(const SqlTerm& where, const SqlTerm& order) {
+template <class Record> Recordset CodedManager<Record>::GetSelectList(const SqlTerm& where, const SqlTerm& sort) {
     return this->query(SqlSelect(u"SELECT [%1No], [%1コード], [%1] FROM [%1]"_qs.arg(this->table()), where,
-                                 order.wrapped({}, u" DESC ;"_qs)));
+                                 sort.wrapped({}, u" DESC ;"_qs)));
 }
 
 template <class Record> QString CodedManager<Record>::CheckExistData(const QString& code, const QString& name) {
@@ -137,7 +137,7 @@ bool CodedManager<Record>::findLast(QString Record::*member, const QString& text
 }
 
 template <class Record> void CodedManager<Record>::putInUse(Record& record) {
-    record.Seq = orderTextNow();
+    record.Seq = sortTextNow();
     record.UseFlg = u"0"_qs;
 }
 
@@ -268,7 +268,7 @@ clsInsClaimManager::clsInsClaimManager()
                                             {&clsInsClaim::ClaimNo, u"請求先No"_qs},
                                             {&clsInsClaim::Seq, u"順番"_qs}}) {}
 
-void clsInsClaimManager::GetList(QList<clsInsClaim>& result, const SqlTerm& where, const SqlTerm& order,
+void clsInsClaimManager::GetList(QList<clsInsClaim>& result, const SqlTerm& where, const SqlTerm& sort,
                                  Direction direction) {
     const QString pairs =
         u"SELECT [法別請求対応].[法別請求先No] AS 法別請求先No, [法別請求対応].[法別No] AS 法別No, [法別].[法別] AS "
@@ -277,7 +277,7 @@ void clsInsClaimManager::GetList(QList<clsInsClaim>& result, const SqlTerm& wher
         u" [法別請求対応].[順番] AS 順番"
         u" FROM (([法別請求対応] LEFT JOIN [法別] ON [法別請求対応].[法別No] = [法別].[法別No])"
         u" LEFT JOIN [請求先] ON [法別請求対応].[請求先No] = [請求先].[請求先No])"_qs;
-    Recordset rows = query(SqlSelect(pairs, where, directed(order, direction)));
+    Recordset rows = query(SqlSelect(pairs, where, directed(sort, direction)));
     while (rows.next())
         result << clsInsClaim{rows.value(0), rows.value(1), rows.value(2), rows.value(3),
                               rows.value(4), rows.value(5), rows.value(6)};
@@ -308,7 +308,7 @@ void clsInsClaimManager::ReconcileData(const QString& insNo, const QString& clai
     pair.InsClaimNo = CheckExistData(insNo, claimNo);
     pair.InsNo = insNo;
     pair.ClaimNo = claimNo;
-    pair.Seq = orderTextNow();
+    pair.Seq = sortTextNow();
     if (pair.InsClaimNo == u"0")
         insertNew(pair);
     else

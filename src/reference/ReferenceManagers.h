@@ -45,7 +45,7 @@ public:
 
     bool GetDataCd(const QString& code, Record& record);
     // Number, code and name for the selection screen.
-    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& order);
+    Recordset GetSelectList(const SqlTerm& where, const SqlTerm& sort);
     // The number of a row with the code, and with the name if one is given; "0" when there is none.
     QString CheckExistData(const QString& code, const QString& name = {});
     // The rows whose code begins with a text.
@@ -121,7 +121,7 @@ public:
     clsInsClaimManager();
 
     // With the names of both sides; filters name the tables, as in "[法別請求対応].[法別No] = 1".
-    void GetList(QList<clsInsClaim>& result, const SqlTerm& where, const SqlTerm& order,
+    void GetList(QList<clsInsClaim>& result, const SqlTerm& where, const SqlTerm& sort,
                  Direction direction = Direction::Ascending) override;
     // The payers in use that are registered for a 法別, the last used first.
     QList<clsClaim> payersOf(const QString& insNo);

@@ -18,9 +18,9 @@ bool clsZipManager::GetZipData(clsZip& zip, const QString& strZip7, const QStrin
     return !where.isEmpty() && readFirst(zip, where);
 }
 
-Recordset clsZipManager::selectList(const SqlTerm& where, const SqlTerm& order) {
+Recordset clsZipManager::selectList(const SqlTerm& where, const SqlTerm& sort) {
     return query(SqlSelect(u"SELECT [郵便番号], [都道府県名], [市区町村名], [町域名] AS 住所 FROM [郵便番号簿]"_qs,
-                           where, order));
+                           where, sort));
 }
 
 QList<clsZip> clsZipManager::startingWith(const QString& zip) {
@@ -29,15 +29,15 @@ QList<clsZip> clsZipManager::startingWith(const QString& zip) {
     return found;
 }
 
-Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& order) {
+Recordset clsZipManager::GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& sort) {
     const SqlTerm where =
         SqlAllOf({equal(&clsZip::Pref, inPref), SqlStartsWith(u"([市区町村名] & [町域名])"_qs, inAdr)});
     if (count(where) == 0) ShowMessage(Message::Information, u"該当する郵便番号情報は登録されていません。"_qs);
-    return selectList(where, order);
+    return selectList(where, sort);
 }
 
-Recordset clsZipManager::GetSelectListFromZip(const QString& zip, const SqlTerm& order) {
-    return selectList(startsWith({{&clsZip::Zip, zip}}), order);
+Recordset clsZipManager::GetSelectListFromZip(const QString& zip, const SqlTerm& sort) {
+    return selectList(startsWith({{&clsZip::Zip, zip}}), sort);
 }
 
 void clsZipManager::ImportCsv(const QString& path) {

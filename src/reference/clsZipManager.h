@@ -16,14 +16,14 @@ public:
     QList<clsZip> startingWith(const QString& zip);
     // Rows for the selection screen (郵便番号, 都道府県名, 市区町村名, 住所): a prefecture and the start of an address.
     // Says so when nothing is found.
-    Recordset GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& order);
+    Recordset GetSelectListFromAddr(const QString& inPref, const QString& inAdr, const SqlTerm& sort);
     // The same for the start of a code.
-    Recordset GetSelectListFromZip(const QString& zip, const SqlTerm& order);
+    Recordset GetSelectListFromZip(const QString& zip, const SqlTerm& sort);
     // Replaces the book by that of a delivered file and makes its indexes anew. The transaction is the caller's.
     void ImportCsv(const QString& path);
 
 private:
-    Recordset selectList(const SqlTerm& where, const SqlTerm& order);
+    Recordset selectList(const SqlTerm& where, const SqlTerm& sort);
 };
 
 extern clsZipManager gZipManager;

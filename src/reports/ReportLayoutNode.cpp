@@ -41,8 +41,7 @@ QList<ReportLayoutNode> ReportLayoutNode::elements() const {
     if (!absent() && !m_value.isArray()) fail(u"[ ] で囲んでください。"_qs);
     QList<ReportLayoutNode> found;
     const QJsonArray array = m_value.toArray();
-    for (const QJsonValue element : array)
-        found.append({element, m_file, u"%1[%2]"_qs.arg(m_place).arg(found.size())});
+    for (const QJsonValue element : array) found.append({element, m_file, u"%1[%2]"_qs.arg(m_place).arg(found.size())});
     return found;
 }
 

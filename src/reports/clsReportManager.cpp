@@ -104,7 +104,7 @@ void clsReportManager::GetCsEstimateData(DocumentKind kind, int copies, const QL
     });
 }
 
-void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm& order, int member,
+void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm& sort, int member,
                                              const QString& exclusions, ReportRecordset& outRecordset,
                                              const std::function<bool()>& pause) {
     outRecordset = underSource(u"GetCsEstimateListData"_qs, [&] {
@@ -132,7 +132,7 @@ void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm
             records.Set(u"DelvFinDate"_qs, ReportText::issueDate(estimate.DelvFinDate, wholeDate, false));
             records.Set(u"Sort"_qs, laws.excluded ? u"1"_qs : u"0"_qs);
         };
-        estimates.ForEachOf(estimates.IdsWithMst(where, order), add, pause, begin);
+        estimates.ForEachOf(estimates.IdsWithMst(where, sort), add, pause, begin);
         return records;
     });
 }

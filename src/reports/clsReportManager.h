@@ -22,7 +22,7 @@ public:
 
     // The estimates of the list under its condition and order. The members 2 and 3 of the print command leave out each
     // one that has a 法別 of `exclusions`. `pause` runs from time to time.
-    void GetCsEstimateListData(const SqlTerm& where, const SqlTerm& order, int member, const QString& exclusions,
+    void GetCsEstimateListData(const SqlTerm& where, const SqlTerm& sort, int member, const QString& exclusions,
                                ReportRecordset& outRecordset, const std::function<bool()>& pause = {});
 
 private:

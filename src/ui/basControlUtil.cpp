@@ -67,15 +67,15 @@ void FillProducerList(ChoiceBox* list, const SqlTerm& where, ListHead head) {
     fill(list, head, rows, &clsProducer::ProducerNm, &clsProducer::ProducerNo);
 }
 
-void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& order, ListHead head) {
+void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& sort, ListHead head) {
     QList<clsIns> rows;
-    gInsManager.GetList(rows, where, order);
+    gInsManager.GetList(rows, where, sort);
     fill(list, head, rows, &clsIns::InsNm, &clsIns::InsNo);
 }
 
-void FillAssistList(ChoiceBox* list, int group, const SqlTerm& order, ListHead head) {
+void FillAssistList(ChoiceBox* list, int group, const SqlTerm& sort, ListHead head) {
     QList<clsAssist> rows;
-    gAssistManager.GetList(rows, gAssistManager.ofGroup(group), order.isEmpty() ? gAssistManager.byKey() : order);
+    gAssistManager.GetList(rows, gAssistManager.ofGroup(group), sort.isEmpty() ? gAssistManager.byKey() : sort);
     fill(list, head, rows, &clsAssist::AsstView, &clsAssist::AsstNo);
 }
 

@@ -45,10 +45,10 @@ void FillCityList(ChoiceBox* list, const QString& pref, ListHead head = {});
 // `where` is a condition of their manager such as `inUse`.
 void FillDoctorList(ChoiceBox* list, const SqlTerm& where = {}, ListHead head = {});
 void FillProducerList(ChoiceBox* list, const SqlTerm& where = {}, ListHead head = {});
-// `order` is that of the numbers or `bySeq`.
-void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& order, ListHead head = {});
+// `sort` is that of the numbers or `bySeq`.
+void FillInsList(ChoiceBox* list, const SqlTerm& where, const SqlTerm& sort, ListHead head = {});
 // The values of a group (see `AssistGroup`) in the order of their numbers unless another is given.
-void FillAssistList(ChoiceBox* list, int group, const SqlTerm& order = {}, ListHead head = {});
+void FillAssistList(ChoiceBox* list, int group, const SqlTerm& sort = {}, ListHead head = {});
 // The same with the 設定値 as item data, for columns that hold it.
 void FillAssistValueList(ChoiceBox* list, int group, ListHead head = {});
 // The values of numbered settings, such as "2,3" for the two tax rates.

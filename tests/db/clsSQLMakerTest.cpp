@@ -6,10 +6,10 @@
 
 namespace {
 
-clsSQLMaker makerOf(TestDatabase& database, const QString& table) {
-    clsSQLMaker maker;
-    maker.Prepare(database.connection(), table);
-    return maker;
+clsSQLMaker sqlOf(TestDatabase& database, const QString& table) {
+    clsSQLMaker sql;
+    sql.Prepare(database.connection(), table);
+    return sql;
 }
 
 // The first so many characters, one of two units counting once, without blanks behind.
@@ -30,62 +30,62 @@ private slots:
     void cleanupTestCase() { m_database.reset(); }
 
     void insertNamesItsColumnsInOrder() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番  "_qs);
-        maker.AddData(u"項目名"_qs, u"O'Neil  "_qs);
-        maker.AddData(u"桁"_qs, u" 6 "_qs);
-        maker.AddData(u"年度"_qs, u"   "_qs);
-        QCOMPARE(maker.GetSqlForInsert(), u"INSERT INTO 採番 ([項目名], [桁], [年度]) VALUES ('O''Neil', 6, NULL)"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"採番  "_qs);
+        sql.AddData(u"項目名"_qs, u"O'Neil  "_qs);
+        sql.AddData(u"桁"_qs, u" 6 "_qs);
+        sql.AddData(u"年度"_qs, u"   "_qs);
+        QCOMPARE(sql.GetSqlForInsert(), u"INSERT INTO 採番 ([項目名], [桁], [年度]) VALUES ('O''Neil', 6, NULL)"_qs);
     }
 
     void insertStampsBothDates() {
-        clsSQLMaker maker = makerOf(*m_database, u"顧客カルテ"_qs);
-        maker.AddData(u"顧客ID"_qs, u"1"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客カルテ"_qs);
+        sql.AddData(u"顧客ID"_qs, u"1"_qs);
         const QString expected = u"INSERT INTO 顧客カルテ ([顧客ID], [登録日], [更新日]) VALUES ('1', NOW(), NOW())"_qs;
-        QCOMPARE(maker.GetSqlForInsert(), expected);
-        QCOMPARE(maker.GetSqlForInsert(), expected);
+        QCOMPARE(sql.GetSqlForInsert(), expected);
+        QCOMPARE(sql.GetSqlForInsert(), expected);
     }
 
     void givenStampIsKept() {
-        clsSQLMaker maker = makerOf(*m_database, u"顧客カルテ"_qs);
-        maker.AddData(u"更新日"_qs, u"2005/03/01"_qs);
-        QCOMPARE(maker.GetSqlForInsert(),
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客カルテ"_qs);
+        sql.AddData(u"更新日"_qs, u"2005/03/01"_qs);
+        QCOMPARE(sql.GetSqlForInsert(),
                  u"INSERT INTO 顧客カルテ ([更新日], [登録日]) VALUES (#2005/03/01#, NOW())"_qs);
     }
 
     void updateStampsTheChangeOnly() {
-        clsSQLMaker maker = makerOf(*m_database, u"顧客カルテ"_qs);
-        maker.AddData(u"備考"_qs, u""_qs);
-        maker.AddKey(u"カルテNo"_qs, u"3"_qs);
-        maker.AddKey(u"顧客ID"_qs, u"O'N"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客カルテ"_qs);
+        sql.AddData(u"備考"_qs, u""_qs);
+        sql.AddKey(u"カルテNo"_qs, u"3"_qs);
+        sql.AddKey(u"顧客ID"_qs, u"O'N"_qs);
         const QString expected =
             u"UPDATE 顧客カルテ SET [備考] = NULL, [更新日] = NOW() WHERE [カルテNo] = 3 AND [顧客ID] = 'O''N'"_qs;
-        QCOMPARE(maker.GetSqlForUpdate(), expected);
-        QCOMPARE(maker.GetSqlForUpdate(), expected);
+        QCOMPARE(sql.GetSqlForUpdate(), expected);
+        QCOMPARE(sql.GetSqlForUpdate(), expected);
     }
 
     void tableWithoutStampsGetsNone() {
-        clsSQLMaker maker = makerOf(*m_database, u"スタッフ"_qs);
-        maker.AddData(u"従業員"_qs, u"a"_qs);
-        QCOMPARE(maker.GetSqlForInsert(), u"INSERT INTO スタッフ ([従業員]) VALUES ('a')"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"スタッフ"_qs);
+        sql.AddData(u"従業員"_qs, u"a"_qs);
+        QCOMPARE(sql.GetSqlForInsert(), u"INSERT INTO スタッフ ([従業員]) VALUES ('a')"_qs);
     }
 
     void selectWithAndWithoutColumnsAndKeys() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番"_qs);
-        QCOMPARE(maker.GetSqlForSelect(), u"SELECT * FROM 採番"_qs);
-        maker.AddKey(u"年度"_qs, u"  "_qs);
-        QCOMPARE(maker.GetSqlForSelect(), u"SELECT * FROM 採番 WHERE [年度] IS NULL"_qs);
-        maker.AddData(u"桁"_qs, {});
-        maker.AddData(u"項目名"_qs, {});
-        QCOMPARE(maker.GetSqlForSelect(), u"SELECT [桁], [項目名] FROM 採番 WHERE [年度] IS NULL"_qs);
-        maker.RemoveAll();
-        QCOMPARE(maker.GetSqlForSelect(), u"SELECT * FROM 採番"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"採番"_qs);
+        QCOMPARE(sql.GetSqlForSelect(), u"SELECT * FROM 採番"_qs);
+        sql.AddKey(u"年度"_qs, u"  "_qs);
+        QCOMPARE(sql.GetSqlForSelect(), u"SELECT * FROM 採番 WHERE [年度] IS NULL"_qs);
+        sql.AddData(u"桁"_qs, {});
+        sql.AddData(u"項目名"_qs, {});
+        QCOMPARE(sql.GetSqlForSelect(), u"SELECT [桁], [項目名] FROM 採番 WHERE [年度] IS NULL"_qs);
+        sql.RemoveAll();
+        QCOMPARE(sql.GetSqlForSelect(), u"SELECT * FROM 採番"_qs);
     }
 
     void updateAndDeleteWithoutAKeyAreRefused() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番"_qs);
-        maker.AddData(u"桁"_qs, u"1"_qs);
-        const auto update = errorOf([&] { maker.GetSqlForUpdate(); });
-        const auto removal = errorOf([&] { maker.GetSqlForDelete(); });
+        clsSQLMaker sql = sqlOf(*m_database, u"採番"_qs);
+        sql.AddData(u"桁"_qs, u"1"_qs);
+        const auto update = errorOf([&] { sql.GetSqlForUpdate(); });
+        const auto removal = errorOf([&] { sql.GetSqlForDelete(); });
         QVERIFY(update && removal);
         QCOMPARE(update->description(), u"安全のため全件の更新には対応していません。"_qs);
         QCOMPARE(removal->description(), u"安全のため全件の削除には対応していません。"_qs);
@@ -94,9 +94,9 @@ private slots:
     }
 
     void blankKeyIsAKey() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番"_qs);
-        maker.AddKey(u"年度"_qs, u" "_qs);
-        QCOMPARE(maker.GetSqlForDelete(), u"DELETE FROM 採番 WHERE [年度] IS NULL"_qs);
+        clsSQLMaker sql = sqlOf(*m_database, u"採番"_qs);
+        sql.AddKey(u"年度"_qs, u" "_qs);
+        QCOMPARE(sql.GetSqlForDelete(), u"DELETE FROM 採番 WHERE [年度] IS NULL"_qs);
     }
 
     void updateWithABlankKeyChangesOnlyRowsWhoseKeyIsNull() {
@@ -105,10 +105,10 @@ private slots:
         connection.execute(u"INSERT INTO 採番 ([項目名], [年度]) VALUES ('a', NULL)"_qs);
         connection.execute(u"INSERT INTO 採番 ([項目名], [年度]) VALUES ('b', '2024')"_qs);
         connection.execute(u"INSERT INTO 採番 ([項目名], [年度]) VALUES ('c', '')"_qs);
-        clsSQLMaker maker = makerOf(database, u"採番"_qs);
-        maker.AddData(u"最終値"_qs, u"x"_qs);
-        maker.AddKey(u"年度"_qs, u"   "_qs);
-        QCOMPARE(connection.execute(maker.GetSqlForUpdate()), 1);
+        clsSQLMaker sql = sqlOf(database, u"採番"_qs);
+        sql.AddData(u"最終値"_qs, u"x"_qs);
+        sql.AddKey(u"年度"_qs, u"   "_qs);
+        QCOMPARE(connection.execute(sql.GetSqlForUpdate()), 1);
         QCOMPARE(connection.scalar(u"SELECT [項目名] FROM [採番] WHERE [最終値] = 'x'"_qs), u"a"_qs);
     }
 
@@ -141,10 +141,10 @@ private slots:
         QFETCH(QString, value);
         QFETCH(QString, data);
         QFETCH(QString, key);
-        clsSQLMaker maker = makerOf(*m_database, u"顧客見積情報"_qs);
-        maker.AddData(column, value);
-        maker.AddKey(column, value);
-        QCOMPARE(maker.GetSqlForUpdate(),
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客見積情報"_qs);
+        sql.AddData(column, value);
+        sql.AddKey(column, value);
+        QCOMPARE(sql.GetSqlForUpdate(),
                  u"UPDATE 顧客見積情報 SET [%1] = %2, [更新日] = NOW() WHERE [%1] %3"_qs.arg(column, data, key));
     }
 
@@ -155,11 +155,11 @@ private slots:
     }
     void lettersOfNowAnywhereMeanTheCurrentTime() {
         QFETCH(QString, value);
-        clsSQLMaker maker = makerOf(*m_database, u"顧客情報"_qs);
-        maker.AddData(u"生年月日"_qs, value);
-        QVERIFY(maker.GetSqlForInsert().contains(u"VALUES (NOW(), NOW(), NOW())"_qs));
-        maker.AddKey(u"生年月日"_qs, value);
-        QVERIFY(errorOf([&] { maker.GetSqlForSelect(); }));
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客情報"_qs);
+        sql.AddData(u"生年月日"_qs, value);
+        QVERIFY(sql.GetSqlForInsert().contains(u"VALUES (NOW(), NOW(), NOW())"_qs));
+        sql.AddKey(u"生年月日"_qs, value);
+        QVERIFY(errorOf([&] { sql.GetSqlForSelect(); }));
     }
 
     void valueThatDoesNotFitItsColumnIsRefused_data() {
@@ -179,12 +179,12 @@ private slots:
         QFETCH(QString, column);
         QFETCH(QString, value);
         QFETCH(qint64, number);
-        clsSQLMaker maker = makerOf(*m_database, u"顧客見積情報"_qs);
-        maker.AddData(column, value);
-        maker.AddKey(column, value);
-        for (const auto& make : {std::function([&] { return maker.GetSqlForInsert(); }),
-                                 std::function([&] { return maker.GetSqlForUpdate(); }),
-                                 std::function([&] { return maker.GetSqlForDelete(); })}) {
+        clsSQLMaker sql = sqlOf(*m_database, u"顧客見積情報"_qs);
+        sql.AddData(column, value);
+        sql.AddKey(column, value);
+        for (const auto& make : {std::function([&] { return sql.GetSqlForInsert(); }),
+                                 std::function([&] { return sql.GetSqlForUpdate(); }),
+                                 std::function([&] { return sql.GetSqlForDelete(); })}) {
             const auto error = errorOf(make);
             QVERIFY(error);
             QCOMPARE(error->number(), number);
@@ -192,21 +192,21 @@ private slots:
     }
 
     void columnNamesAreFoundInAnyCase() {
-        clsSQLMaker maker = makerOf(*m_database, u"価格種目"_qs);
-        maker.AddKey(u"Id"_qs, u"5"_qs);
-        QCOMPARE(maker.GetSqlForSelect(), u"SELECT * FROM 価格種目 WHERE [Id] = 5"_qs);
-        QCOMPARE(m_database->connection().scalar(maker.GetSqlForSelect()), QString());
+        clsSQLMaker sql = sqlOf(*m_database, u"価格種目"_qs);
+        sql.AddKey(u"Id"_qs, u"5"_qs);
+        QCOMPARE(sql.GetSqlForSelect(), u"SELECT * FROM 価格種目 WHERE [Id] = 5"_qs);
+        QCOMPARE(m_database->connection().scalar(sql.GetSqlForSelect()), QString());
     }
 
     void tableThatIsNotThereIsTold() {
-        QCOMPARE(raised([&] { makerOf(*m_database, u"無い表"_qs); }), u"表 無い表 が見つかりません。"_qs);
+        QCOMPARE(raised([&] { sqlOf(*m_database, u"無い表"_qs); }), u"表 無い表 が見つかりません。"_qs);
     }
 
     void moreThanAHundredColumnsFit() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番"_qs);
-        for (int i = 0; i < 250; ++i) maker.AddData(u"c%1"_qs.arg(i), u"%1"_qs.arg(i));
-        QVERIFY(maker.GetSqlForInsert().contains(u"[c249]"_qs));
-        QVERIFY(maker.GetSqlForInsert().endsWith(u", '249')"_qs));
+        clsSQLMaker sql = sqlOf(*m_database, u"採番"_qs);
+        for (int i = 0; i < 250; ++i) sql.AddData(u"c%1"_qs.arg(i), u"%1"_qs.arg(i));
+        QVERIFY(sql.GetSqlForInsert().contains(u"[c249]"_qs));
+        QVERIFY(sql.GetSqlForInsert().endsWith(u", '249')"_qs));
     }
 
     void whatIsTypedComesBackFromEveryTextColumn_data() {
@@ -237,33 +237,33 @@ private slots:
         connection.begin();
         for (const Schema::Table& table : Schema::tables()) {
             connection.execute(u"DELETE FROM [%1]"_qs.arg(table.name));
-            clsSQLMaker maker = makerOf(*m_database, table.name);
+            clsSQLMaker sql = sqlOf(*m_database, table.name);
             for (const Schema::Column& column : table.columns) {
                 if (column.isText())
-                    maker.AddData(column.name, value);
+                    sql.AddData(column.name, value);
                 else if (table.key.contains(column.name))
-                    maker.AddData(column.name, u"1"_qs);
+                    sql.AddData(column.name, u"1"_qs);
             }
-            QCOMPARE(connection.execute(maker.GetSqlForInsert()), 1);
-            compareTexts(table, maker, value);
+            QCOMPARE(connection.execute(sql.GetSqlForInsert()), 1);
+            compareTexts(table, sql, value);
         }
         connection.rollback();
         QVERIFY(connection.scalar(u"SELECT COUNT(*) FROM [採番]"_qs).toInt() > 0);
     }
 
     void textWithAZeroSignIsRefused() {
-        clsSQLMaker maker = makerOf(*m_database, u"採番"_qs);
-        maker.AddData(u"項目名"_qs, u"a"_qs + QChar(u'\0') + u"b"_qs);
-        QVERIFY(errorOf([&] { m_database->connection().execute(maker.GetSqlForInsert()); }));
+        clsSQLMaker sql = sqlOf(*m_database, u"採番"_qs);
+        sql.AddData(u"項目名"_qs, u"a"_qs + QChar(u'\0') + u"b"_qs);
+        QVERIFY(errorOf([&] { m_database->connection().execute(sql.GetSqlForInsert()); }));
     }
 
 private:
     // The row's texts, and the row found by them.
-    void compareTexts(const Schema::Table& table, clsSQLMaker& maker, const QString& value) {
-        maker.RemoveAll();
+    void compareTexts(const Schema::Table& table, clsSQLMaker& sql, const QString& value) {
+        sql.RemoveAll();
         for (const Schema::Column& column : table.columns)
-            if (column.isText()) maker.AddKey(column.name, asCut(value, column.size));
-        Recordset rows = m_database->connection().query(maker.GetSqlForSelect());
+            if (column.isText()) sql.AddKey(column.name, asCut(value, column.size));
+        Recordset rows = m_database->connection().query(sql.GetSqlForSelect());
         QVERIFY2(rows.next(), qUtf8Printable(table.name));
         for (const Schema::Column& column : table.columns)
             if (column.isText()) QCOMPARE(rows.value(column.name), asCut(value, column.size));

@@ -1,5 +1,5 @@
 #include "HalvaneTest.h"
-#include "support/OrderSamples.h"
+#include "support/EstimateSamples.h"
 #include "support/TestDatabase.h"
 
 #include <QProcess>
@@ -49,14 +49,14 @@ private:
         return counts;
     }
 
-    static int wholeOrders(Connection& connection) {
+    static int wholeEstimates(Connection& connection) {
         const QHash<QString, int> lines = rowsByOrder(connection, u"顧客見積基本製作要素"_qs);
         const QHash<QString, int> claims = rowsByOrder(connection, u"顧客見積請求"_qs);
         int whole = 0;
-        Recordset orders = connection.query(u"SELECT [見積ID], [見積名称] FROM [顧客見積情報]"_qs);
-        while (orders.next()) {
-            const QString id = orders.value(0);
-            if (OrderSamples::nameFor(lines.value(id), claims.value(id)) != orders.value(1)) return -1;
+        Recordset estimates = connection.query(u"SELECT [見積ID], [見積名称] FROM [顧客見積情報]"_qs);
+        while (estimates.next()) {
+            const QString id = estimates.value(0);
+            if (EstimateSamples::nameFor(lines.value(id), claims.value(id)) != estimates.value(1)) return -1;
             ++whole;
         }
         return whole;
@@ -74,9 +74,9 @@ private slots:
             if (!TestDatabase::isPostgres()) QCOMPARE(connection->engineScalar(u"PRAGMA integrity_check"_qs), u"ok"_qs);
             for (const QString& table : {u"顧客見積種目"_qs, u"顧客見積基本製作要素"_qs, u"顧客見積請求"_qs})
                 QCOMPARE(orphansOf(*connection, table), u"0"_qs);
-            const int orders = wholeOrders(*connection);
-            QVERIFY2(orders > before, qPrintable(u"%1 whole orders after %2"_qs.arg(orders).arg(before)));
-            before = orders;
+            const int estimates = wholeEstimates(*connection);
+            QVERIFY2(estimates > before, qPrintable(u"%1 whole estimates after %2"_qs.arg(estimates).arg(before)));
+            before = estimates;
         }
         qInfo("%d kills, %d orders stored", kills(), before);
     }

@@ -1,5 +1,5 @@
 #include "HalvaneTest.h"
-#include "support/OrderSamples.h"
+#include "support/EstimateSamples.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
 
@@ -15,7 +15,7 @@
 namespace {
 
 Cells makeLine(const QString& element, const QString& price) {
-    return OrderSamples::makeLine(element, u"＊"_qs, price);
+    return EstimateSamples::makeLine(element, u"＊"_qs, price);
 }
 
 ClaimRow claimRow(const QString& insNo, const QString& price = {}) {
@@ -32,7 +32,7 @@ EstimateDraft braceOrder() {
     draft.customer.CustNo = automaticNumber;
     draft.customer.Birth = u"1960/04/01"_qs;
     draft.chart.DiseaseNm = u"変形性膝関節症"_qs;
-    ComposedItem brace = OrderSamples::item(u"下肢装具"_qs, u"E-4"_qs);
+    ComposedItem brace = EstimateSamples::item(u"下肢装具"_qs, u"E-4"_qs);
     brace.make << makeLine(u"基本価格"_qs, u"30000"_qs) << makeLine(u"支持部"_qs, u"5000"_qs);
     draft.composition.add(brace);
     draft.claims << claimRow(u"1"_qs, u"30000"_qs) << claimRow(u"99"_qs, u"7100"_qs);
@@ -325,7 +325,7 @@ private slots:
             clsCsIns ins{draft.customer.CustId, draft.customer.CustSubId, {}, law};
             gCsInsManager.AddIfMissing(ins);
         }
-        QCOMPARE(insuranceRowsOf(draft.customer.CustId, draft.customer.CustSubId).size(), 4);
+        QCOMPARE(claimRowsOf(draft.customer.CustId, draft.customer.CustSubId).size(), 4);
     }
 
     void typedTextThatIsNoNumberFailsWithItsMessageAndWritesNothing() {

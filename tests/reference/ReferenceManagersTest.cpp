@@ -8,10 +8,10 @@
 namespace {
 
 template <class Manager, class Record>
-QStringList listed(Manager& manager, QString Record::*member, Direction direction, const QString& order = bySeq,
+QStringList listed(Manager& manager, QString Record::*member, Direction direction, const QString& sort = bySeq,
                    const QString& where = {}) {
     QList<Record> rows;
-    manager.GetList(rows, where, order, direction);
+    manager.GetList(rows, where, sort, direction);
     QStringList values;
     for (const Record& row : rows) values << row.*member;
     return values;

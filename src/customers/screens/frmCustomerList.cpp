@@ -147,14 +147,14 @@ void frmCustomerList::sortBy(int column) {
 }
 
 // By the marked column, else by the reading. The key at the end tells persons of one name apart.
-SqlTerm frmCustomerList::order() const {
+SqlTerm frmCustomerList::sorting() const {
     QList<SqlColumn> sorting = markedSorting(listColumns(), ui->flxData);
     if (sorting.isEmpty()) sorting = listColumns().at(Kana).sorting;
     return SqlSorted(sorting + columnsOf({&clsCustomer::CustId, &clsCustomer::CustSubId}), ui->flxData->sortsUpwards());
 }
 
 void frmCustomerList::showRows() {
-    if (!m_filling) m_rows->show(clsCustomerManager::Keys(filter(), order()));
+    if (!m_filling) m_rows->show(clsCustomerManager::Keys(filter(), sorting()));
 }
 
 // --- commands ---

@@ -31,7 +31,7 @@ private:
     void sortBy(int column);
 
     SqlTerm filter() const;
-    SqlTerm order() const;
+    SqlTerm sorting() const;
     void showRows();
 
     void open(qint16 mode);

@@ -7,7 +7,7 @@
 #include "customers/screens/PersonFields.h"
 #include "db/clsAssistManager.h"
 #include "estimates/EstimateDates.h"
-#include "estimates/screens/InsuranceGrid.h"
+#include "estimates/screens/ClaimGrid.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
@@ -23,7 +23,7 @@ namespace {
 
 constexpr int personLength = 30;
 constexpr int chargeLength = 40;
-constexpr int insuranceClaimName = 4;
+constexpr int insurancePayer = 4;
 
 // 法別 and 請求先 of a row stand in its hidden numbers.
 QList<GridColumn> insuranceColumns() {
@@ -44,12 +44,12 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     ui->cboCharge1->setMaxLength(chargeLength);
     ui->flxIns->setColumns(insuranceColumns());
     ui->flxIns->setRows(claimRowCount);
-    FormPieces::stretchColumn(ui->flxIns, insuranceClaimName);
+    FormPieces::stretchColumn(ui->flxIns, insurancePayer);
     FormPieces::fixRowsShown(ui->flxIns, claimRowCount);
-    m_insurances = new InsuranceGrid(ui->flxIns);
-    m_insurances->customerName = [this] { return m_person->name(); };
-    m_insurances->insuredName = [this] { return ui->txtInsured->value(); };
-    connect(m_insurances, &InsuranceGrid::changed, this, [this] {
+    m_claimGrid = new ClaimGrid(ui->flxIns);
+    m_claimGrid->customerName = [this] { return m_person->name(); };
+    m_claimGrid->insuredName = [this] { return ui->txtInsured->value(); };
+    connect(m_claimGrid, &ClaimGrid::changed, this, [this] {
         ui->numPartialPayment->setEnabled(hasClaims());
         emit insurancesChanged();
     });
@@ -88,7 +88,7 @@ void CsEstimateBasicPage::fillLists() {
     fillDoctors();
 }
 
-// --- the order ---
+// --- the estimate ---
 
 void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
                                        const QList<ClaimRow>& claims) {
@@ -98,7 +98,7 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
     ui->lblEmail->setText(customer.mail);
     ui->txtEra->setValue({});
     showChart(chart, orderCd);
-    m_insurances->showRows(claims);
+    m_claimGrid->showRows(claims);
     m_showing = false;
 }
 
@@ -174,13 +174,13 @@ void CsEstimateBasicPage::collect(EstimateDraft& draft) const {
 QWidget* CsEstimateBasicPage::firstField() const { return ui->txtName1; }
 
 bool CsEstimateBasicPage::hasClaims() const {
-    const QList<ClaimRow> rows = insuranceRows();
+    const QList<ClaimRow> rows = claimRows();
     return std::any_of(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
 }
 
 QString CsEstimateBasicPage::partialPayment() const { return hasClaims() ? ui->numPartialPayment->value() : QString(); }
 
-QList<ClaimRow> CsEstimateBasicPage::insuranceRows() const { return m_insurances->rows(); }
+QList<ClaimRow> CsEstimateBasicPage::claimRows() const { return m_claimGrid->rows(); }
 
 QString CsEstimateBasicPage::customerName() const { return m_person->name(); }
 
@@ -222,7 +222,7 @@ void CsEstimateBasicPage::chooseCustomer() {
     if (!chosen || estimate) return;
     clsCustomer customer;
     if (!gCustomerManager.GetData(chosen->value(u"顧客ID"_qs), chosen->value(u"顧客枝番"_qs), customer)) return;
-    showCustomer(customer, {}, {}, insuranceRowsOf(customer.CustId, customer.CustSubId));
+    showCustomer(customer, {}, {}, claimRowsOf(customer.CustId, customer.CustSubId));
     emit customerChosen(customer);
 }
 

@@ -11,7 +11,7 @@ class CsEstimateBasicPage;
 }
 
 class DateField;
-class InsuranceGrid;
+class ClaimGrid;
 class PersonFields;
 
 // Who it is for: customer, insurances, chart, product, and the quick printing.
@@ -24,7 +24,7 @@ public:
 
     // Fills the lists from the managers; once, before anything is shown.
     void fillLists();
-    // Writes what is typed into the order.
+    // Writes what is typed into the estimate.
     void collect(EstimateDraft& draft) const;
     // The customer part alone: persons, insurances and chart.
     void showCustomer(const clsCustomer& customer, const clsChart& chart, const QString& orderCd,
@@ -33,7 +33,7 @@ public:
     QWidget* firstField() const;
 
     // The rows of the insurance grid, empty ones included; without dates and amounts.
-    QList<ClaimRow> insuranceRows() const;
+    QList<ClaimRow> claimRows() const;
     // Both names with an ideographic blank between them.
     QString customerName() const;
     // 小人, 中人, 大人 or empty, as the customer carries it.
@@ -71,7 +71,7 @@ private:
 
     const std::unique_ptr<Ui::CsEstimateBasicPage> ui;
     PersonFields* m_person;
-    InsuranceGrid* m_insurances;
+    ClaimGrid* m_claimGrid;
     clsCustomer m_customer; // the record that the fields came from
     QString m_orderCd;      // as it was shown
     clsChart m_chart;

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int printInsurance = 6;
-constexpr int printClaimName = 7;
+constexpr int printLaw = 6;
+constexpr int printPayer = 7;
 
 QList<GridColumn> printColumns() {
     QList<GridColumn> columns{GridColumn::rowNumber()};
@@ -32,7 +32,7 @@ CsEstimatePrintPage::CsEstimatePrintPage(QWidget* parent)
     FormPieces::applyCharacters(this);
     ui->flxPrint->setColumns(printColumns());
     ui->flxPrint->setRows(claimRowCount);
-    FormPieces::stretchColumn(ui->flxPrint, printClaimName);
+    FormPieces::stretchColumn(ui->flxPrint, printPayer);
     FormPieces::fixRowsShown(ui->flxPrint, claimRowCount);
     for (int i = 0; i < claimRowCount; ++i) {
         const auto member = [this, i]<class Control>(const QString& name, Control*& control) {
@@ -65,7 +65,7 @@ CsEstimatePrintPage::CsEstimatePrintPage(QWidget* parent)
 
 CsEstimatePrintPage::~CsEstimatePrintPage() = default;
 
-void CsEstimatePrintPage::showOrder(const EstimateDraft& draft) {
+void CsEstimatePrintPage::showEstimate(const EstimateDraft& draft) {
     for (int i = 0; i < claimRowCount; ++i) {
         const clsCsEstAsk ask = draft.claims.value(i).ask;
         const ClaimFields& row = m_rows.at(i);
@@ -97,11 +97,11 @@ void CsEstimatePrintPage::collect(EstimateDraft& draft) const {
     draft.estimate.DtlPrtDate = ui->idtDtlPrtDate->value();
 }
 
-void CsEstimatePrintPage::showInsurances(const QList<ClaimRow>& rows) {
+void CsEstimatePrintPage::showClaims(const QList<ClaimRow>& rows) {
     for (int i = 0; i < claimRowCount; ++i) {
         const ClaimRow row = rows.value(i);
-        ui->flxPrint->setValue(i + 1, printInsurance, row.InsNm);
-        ui->flxPrint->setValue(i + 1, printClaimName, row.ClaimNm);
+        ui->flxPrint->setValue(i + 1, printLaw, row.InsNm);
+        ui->flxPrint->setValue(i + 1, printPayer, row.ClaimNm);
         m_rows.at(i).claim->setText(row.InsNm);
     }
 }
@@ -147,10 +147,10 @@ QString CsEstimatePrintPage::payPrice(int row) const { return m_rows.at(row).pay
 
 void CsEstimatePrintPage::setPayPrice(int row, const QString& amount) { m_rows.at(row).payPrice->setValue(amount); }
 
-void CsEstimatePrintPage::goTo(DocumentOrder::Field field, int row) {
-    if (field == DocumentOrder::Field::None) return;
+void CsEstimatePrintPage::goTo(DocumentRequest::Field field, int row) {
+    if (field == DocumentRequest::Field::None) return;
     const ClaimFields& fields = m_rows.at(row);
-    (field == DocumentOrder::Field::PayPrice ? fields.payPrice : fields.askPrice)->setFocus();
+    (field == DocumentRequest::Field::PayPrice ? fields.payPrice : fields.askPrice)->setFocus();
 }
 
 bool CsEstimatePrintPage::hasReceivedMark() const { return ui->optRcvMark_0->isChecked(); }

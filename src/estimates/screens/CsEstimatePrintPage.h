@@ -29,12 +29,12 @@ public:
     ~CsEstimatePrintPage() override;
 
     // Dates and amounts of the claims, the print dates, and no tick.
-    void showOrder(const EstimateDraft& draft);
+    void showEstimate(const EstimateDraft& draft);
     void showOpinionDates(const QString& casting, const QString& delivery);
     // Writes dates and amounts into the rows of the insurance grid, and the print dates into the estimate.
     void collect(EstimateDraft& draft) const;
     // 法別 and payer of each row, from the insurance grid.
-    void showInsurances(const QList<ClaimRow>& rows);
+    void showClaims(const QList<ClaimRow>& rows);
     // The amounts, from whose total the differences are taken.
     void showAmounts(const EstimateAmounts& amounts);
     // Where the operator begins.
@@ -44,7 +44,7 @@ public:
     // Rows count from 0.
     QString payPrice(int row) const;
     void setPayPrice(int row, const QString& amount);
-    void goTo(DocumentOrder::Field field, int row);
+    void goTo(DocumentRequest::Field field, int row);
     DateField* receiptDate(int row) const { return m_rows.at(row).payPrtDate; }
     bool hasReceivedMark() const;
 

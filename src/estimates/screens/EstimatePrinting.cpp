@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Seams.h"
+#include "base/basCommon.h"
 #include "base/basMessage.h"
 #include "base/clsProfile.h"
 #include "db/clsDbManager.h"
@@ -36,7 +37,7 @@ public:
         : m_job(job), m_settings(readChoiceSettings()), m_claims(job.draft.claimLines()),
           m_rows(rowsOf(job.draft.composition, job.draft.estimate.EstId)) {
         m_manager.Prepare(gDbManager.Connection());
-        if (job.order.outcome == DocumentOrder::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
+        if (job.request.outcome == DocumentRequest::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
     }
 
     void all() {
@@ -55,8 +56,8 @@ private:
         const auto amount = [&](Money typed) {
             return typed == Money() ? m_job.draft.estimate.EstSum : typed.toText();
         };
-        claim.AskPrice = amount(m_job.order.askPrice);
-        claim.PayPrice = amount(m_job.order.payPrice);
+        claim.AskPrice = amount(m_job.request.askPrice);
+        claim.PayPrice = amount(m_job.request.payPrice);
         return claim;
     }
 
@@ -68,7 +69,7 @@ private:
 
     void documents(DocumentKind kind) {
         QList<int> accident, ordinary;
-        for (const int askNo : m_job.order.claimsOf(kind)) (isAccident(askNo) ? accident : ordinary) << askNo;
+        for (const int askNo : m_job.request.claimsOf(kind)) (isAccident(askNo) ? accident : ordinary) << askNo;
         if (!accident.isEmpty()) documents(kind, accident, true);
         if (!ordinary.isEmpty()) documents(kind, ordinary, false);
     }
@@ -114,8 +115,8 @@ QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>&
     for (int i = 0; i < qMin(draft.claims.size(), ticks.size()); ++i) {
         const ClaimRow& claim = draft.claims.at(i);
         PrintGridRow row;
-        row.hasLaw = claim.isUsed();
-        if (row.hasLaw) row.askNo = ++askNo;
+        row.isClaim = claim.isUsed();
+        if (row.isClaim) row.askNo = ++askNo;
         row.ticked = ticks.at(i).ticked;
         row.askPrice = Money::leadingNumber(claim.ask.AskPrice);
         row.payPrice = Money::leadingNumber(claim.ask.PayPrice);

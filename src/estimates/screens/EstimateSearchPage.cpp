@@ -27,7 +27,7 @@ EstimateSearchPage::EstimateSearchPage(QWidget* parent)
         connect(button, &QPushButton::clicked, this, [this, work] { guarded([this, work] { (this->*work)(); }); });
     };
     choose(ui->cmdCustSelect, &EstimateSearchPage::chooseCustomer);
-    choose(ui->cmdClaimSelect, &EstimateSearchPage::chooseClaim);
+    choose(ui->cmdClaimSelect, &EstimateSearchPage::choosePayer);
     choose(ui->cmdOrderSelect, &EstimateSearchPage::chooseOrder);
     choose(ui->cmdProductSelect, &EstimateSearchPage::chooseProduct);
     connect(ui->cboPref, &ChoiceBox::valueChanged, this, [this] {
@@ -148,7 +148,7 @@ void EstimateSearchPage::chooseCustomer() {
     ui->txtKana2->setValue(customer.CustKn2);
 }
 
-void EstimateSearchPage::chooseClaim() {
+void EstimateSearchPage::choosePayer() {
     const SqlTerm where = SqlAllOf({gClaimManager.inUse(), gClaimManager.withCode(ui->txtClaimCd->value())});
     const auto chosen = SelectFrom(this, u"請求先"_qs, gClaimManager.GetSelectList(where, bySeq), {u"請求先No"_qs});
     if (!chosen) return;

@@ -36,7 +36,7 @@ public:
 
     // The selection lists beside the fields; a cancelled one leaves them as they are.
     void chooseCustomer();
-    void chooseClaim();
+    void choosePayer();
     void chooseOrder();
     void chooseProduct();
 

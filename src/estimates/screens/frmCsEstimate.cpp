@@ -25,7 +25,7 @@ namespace {
 const QString subject = u"見積"_qs;
 
 // Raises an error when it is gone.
-EstimateDraft storedOrder(const QString& EstId) {
+EstimateDraft storedEstimate(const QString& EstId) {
     EstimateDraft draft;
     if (!loadEstimate(EstId, draft)) throw AppError(GetMessageText(Message::NotFound, subject), u"frmCsEstimate"_qs);
     return draft;
@@ -58,7 +58,7 @@ void frmCsEstimate::connectPages() {
     connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this,
             [this] { ui->lblName->setText(ui->pagBasic->customerName()); });
     connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this, [this] {
-        ui->pagPrint->showInsurances(ui->pagBasic->insuranceRows());
+        ui->pagPrint->showClaims(ui->pagBasic->claimRows());
         if (!m_suppressed) noteEdit();
     });
     connect(ui->pagBasic, &CsEstimateBasicPage::customerChosen, this, [this](const clsCustomer& customer) {
@@ -141,17 +141,17 @@ void frmCsEstimate::fillLists() {
 
 QWidget* frmCsEstimate::firstField() const { return ui->pagBasic->firstField(); }
 
-void frmCsEstimate::showStored() { showOrder(EstId.isEmpty() ? newOrder() : storedOrder(EstId)); }
+void frmCsEstimate::showStored() { showDraft(EstId.isEmpty() ? newEstimate() : storedEstimate(EstId)); }
 
 bool frmCsEstimate::openStored(const QString& id, qint16 mode) {
     if (!queryUnload()) return false;
-    showOrder(storedOrder(id));
+    showDraft(storedEstimate(id));
     EstId = id;
     setMode(mode);
     return true;
 }
 
-void frmCsEstimate::showOrder(const EstimateDraft& draft) {
+void frmCsEstimate::showDraft(const EstimateDraft& draft) {
     showEstimate(draft);
     const QScopedValueRollback refilling(m_suppressed, true);
     ui->pagBasic->showCustomer(draft.customer, draft.chart, draft.orderCd, draft.claims);
@@ -161,14 +161,14 @@ void frmCsEstimate::showOrder(const EstimateDraft& draft) {
 // All but the person, the case and the laws.
 void frmCsEstimate::showEstimate(const EstimateDraft& draft) {
     const QScopedValueRollback refilling(m_suppressed, true);
-    for (LinePage* page : {ui->pagMake, ui->pagParts}) page->clear(); // its item is one of the order before
+    for (LinePage* page : {ui->pagMake, ui->pagParts}) page->clear(); // its item is one of the estimate before
     m_draft = draft;
     showHeader();
     ui->txtEstName->setValue(draft.estimate.EstNm);
     ui->pagBasic->showProduct(draft);
     ui->pagItem->show(m_draft.composition);
     ui->pagSchedule->showEstimate(draft.estimate);
-    ui->pagPrint->showOrder(draft);
+    ui->pagPrint->showEstimate(draft);
     enterPage(ui->tabCsEst->currentIndex());
     showAmounts();
 }
@@ -207,7 +207,7 @@ void frmCsEstimate::enterPage(int page) {
 EstimateDraft frmCsEstimate::collect() const {
     EstimateDraft draft = m_draft;
     draft.composition.dropUnusableLines();
-    draft.claims = ui->pagBasic->insuranceRows();
+    draft.claims = ui->pagBasic->claimRows();
     for (int i = 0; i < draft.claims.size(); ++i) draft.claims[i].ask = m_draft.claims.value(i).ask;
     ui->pagBasic->collect(draft);
     ui->pagSchedule->collect(draft.estimate);
@@ -371,17 +371,17 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     if (!leaveField()) return;
     m_warnedUnsaved = false;
     const EstimateDraft draft = collect();
-    const DocumentOrder order = orderDocuments(EstimatePrinting::gridRows(draft, ui->pagPrint->ticks()));
-    if (order.outcome == DocumentOrder::Outcome::Refused) {
-        ShowMessage(Message::Warning, order.message);
-        return ui->pagPrint->goTo(order.field, order.row);
+    const DocumentRequest request = requestDocuments(EstimatePrinting::gridRows(draft, ui->pagPrint->ticks()));
+    if (request.outcome == DocumentRequest::Outcome::Refused) {
+        ShowMessage(Message::Warning, request.message);
+        return ui->pagPrint->goTo(request.field, request.row);
     }
     if (EstimatePrinting::refusesEmpty(draft)) return;
-    // With several payers the amounts are theirs; with one alone the receipt follows the order.
-    const bool soleReceipt = order.outcome == DocumentOrder::Outcome::Print && draft.usedClaims().size() == 1 &&
-                             !order.claimsOf(DocumentKind::Receipt).isEmpty();
+    // With several payers the amounts are theirs; with one alone the receipt follows the estimate.
+    const bool soleReceipt = request.outcome == DocumentRequest::Outcome::Print && draft.usedClaims().size() == 1 &&
+                             !request.claimsOf(DocumentKind::Receipt).isEmpty();
     const bool wholeSum = soleReceipt && to == EstimatePrinting::To::Printer && setReceiptAmount();
-    if (confirmPrinting(to)) EstimatePrinting::run({collect(), order, ui->pagPrint->hasReceivedMark(), wholeSum, to});
+    if (confirmPrinting(to)) EstimatePrinting::run({collect(), request, ui->pagPrint->hasReceivedMark(), wholeSum, to});
 }
 
 void frmCsEstimate::printReceipt() {
@@ -389,19 +389,20 @@ void frmCsEstimate::printReceipt() {
     m_warnedUnsaved = false;
     const bool wholeSum = setReceiptAmount();
     const EstimateDraft draft = collect();
-    DocumentOrder order;
-    if (draft.usedClaims().isEmpty()) order.outcome = DocumentOrder::Outcome::WithoutClaim;
-    order.payPrice = Money::leadingNumber(ui->pagPrint->payPrice(0));
-    order.claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
+    DocumentRequest request;
+    if (draft.usedClaims().isEmpty()) request.outcome = DocumentRequest::Outcome::WithoutClaim;
+    request.payPrice = Money::leadingNumber(ui->pagPrint->payPrice(0));
+    request.claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
     if (confirmPrinting(EstimatePrinting::To::Printer))
-        EstimatePrinting::run({draft, order, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+        EstimatePrinting::run(
+            {draft, request, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
 }
 
 bool frmCsEstimate::setReceiptAmount() {
     const QString advance = ui->pagBasic->partialPayment();
     const bool whole = advance.isEmpty();
     const QString expected = whole ? m_draft.estimate.EstSum : formatWhole(advance);
-    const int row = firstClaimRow(ui->pagBasic->insuranceRows());
+    const int row = firstClaimRow(ui->pagBasic->claimRows());
     if (Money::leadingNumber(ui->pagPrint->payPrice(row)) == Money::leadingNumber(expected)) return whole;
     const bool unsaved = EstId.isEmpty() || isEdited();
     ui->pagPrint->setPayPrice(row, expected);

@@ -11,8 +11,8 @@ class frmCsEstimate;
 class AmountsBlock;
 class LinePage;
 
-// The whole work on one order: who it is for, the product with its items and lines, the dates, the amounts, the claims
-// and the papers. `EstId` is the stored estimate to load, empty for a new one.
+// The whole work on one estimate: who it is for, the product with its items and lines, the dates, the amounts, the
+// claims and the papers. `EstId` is the stored estimate to load, empty for a new one.
 class frmCsEstimate : public EditScreen {
     Q_OBJECT
 
@@ -40,12 +40,12 @@ private:
     void connectCommands();
 
     // --- what stands on the screen ---
-    void showOrder(const EstimateDraft& draft);
+    void showDraft(const EstimateDraft& draft);
     void showEstimate(const EstimateDraft& draft);
     void showHeader();
     void showAmounts();
     void enterPage(int page);
-    // The order as it stands on the screen, without lines that no item carries any more.
+    // The estimate as it stands on the screen, without lines that no item carries any more.
     EstimateDraft collect() const;
     QStringList tiers() const;
 

@@ -146,7 +146,7 @@ void frmCsEstimateList::connectSearch() {
     EstimateSearchPage* page = ui->pagSearch;
     for (QWidget* field : page->fields())
         onReturn(field, [this, target = page->asksForPerson(field) ? Customers : Estimates] { turnTo(target); });
-    onReturn(page->ui->txtClaimCd, [page] { page->chooseClaim(); });
+    onReturn(page->ui->txtClaimCd, [page] { page->choosePayer(); });
     onReturn(page->ui->txtOrderCd, [page] { page->chooseOrder(); });
     onReturn(page->ui->txtProductCd, [page] { page->chooseProduct(); });
 }
@@ -239,7 +239,7 @@ void frmCsEstimateList::openCustomer(int row) {
 
 void frmCsEstimateList::showEstimates() {
     showNarrowing();
-    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
+    m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), sorting()));
 }
 
 void frmCsEstimateList::showNarrowing() {
@@ -262,14 +262,14 @@ SqlTerm frmCsEstimateList::condition() const {
     return withCustomers(m_searched, customers);
 }
 
-SqlTerm frmCsEstimateList::order() const {
+SqlTerm frmCsEstimateList::sorting() const {
     return gCsEstimateManager.ListOrder(markedSorting(estimateColumns(), ui->flxEstList),
                                         ui->flxEstList->sortsUpwards());
 }
 
 void frmCsEstimateList::sortBy(int column) {
     if (toggleSorting(estimateColumns(), ui->flxEstList, column))
-        m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), order()));
+        m_estimates->show(clsCsEstimateManager::KeysWithMst(condition(), sorting()));
 }
 
 // --- commands ---
@@ -334,7 +334,7 @@ void frmCsEstimateList::print(int member) {
     whileBusy(u"印刷準備中"_qs, [&](const Pause& pause) {
         clsReportManager manager;
         manager.Prepare(gDbManager.Connection());
-        manager.GetCsEstimateListData(condition(), order(), member, m_exclusions, records, pause);
+        manager.GetCsEstimateListData(condition(), sorting(), member, m_exclusions, records, pause);
     });
     if (records.isEmpty()) {
         ShowMessage(Message::Warning, u"対象データがありません。"_qs);

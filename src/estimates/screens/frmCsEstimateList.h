@@ -70,7 +70,7 @@ private:
 
     // --- the list as it is asked for ---
     SqlTerm condition() const;
-    SqlTerm order() const;
+    SqlTerm sorting() const;
     void sortBy(int column);
 
     // --- commands ---

@@ -5,7 +5,7 @@
 //
 // Writes each number that it has got for good on a line, then "longest", the milliseconds of the longest wait. An error
 // that an operator would have seen goes to standard error, and the process fails.
-#include "support/OrderSamples.h"
+#include "support/EstimateSamples.h"
 
 #include "base/AppError.h"
 #include "base/Application.h"
@@ -42,9 +42,9 @@ void drawNumbers(int count) {
     }
 }
 
-QString saveOrder(Connection& connection, bool takeBack) {
+QString saveEstimate(Connection& connection, bool takeBack) {
     Transaction transaction(connection);
-    EstimateDraft draft = OrderSamples::order(5, 2);
+    EstimateDraft draft = EstimateSamples::order(5, 2);
     saveEstimate(connection, draft, {});
     if (takeBack) return {};
     transaction.commit();
@@ -53,10 +53,10 @@ QString saveOrder(Connection& connection, bool takeBack) {
     return number;
 }
 
-void saveOrders(Connection& connection, const QString& stopFile) {
+void saveEstimates(Connection& connection, const QString& stopFile) {
     for (int i = 1; !QFile::exists(stopFile); ++i) {
         QString number;
-        timed([&] { number = saveOrder(connection, i % 3 == 0); });
+        timed([&] { number = saveEstimate(connection, i % 3 == 0); });
         if (!number.isEmpty()) keep(number);
     }
 }
@@ -69,7 +69,7 @@ void work(const QStringList& words) {
     if (words.at(2) == u"draw")
         drawNumbers(words.at(3).toInt());
     else
-        saveOrders(connection, words.at(3));
+        saveEstimates(connection, words.at(3));
     Managers::release();
     std::printf("longest %lld\n", longest);
 }

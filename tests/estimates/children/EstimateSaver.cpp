@@ -1,6 +1,6 @@
 // Stores one order after the other into the database of an INI file until it is killed. The crash test runs it.
 
-#include "support/OrderSamples.h"
+#include "support/EstimateSamples.h"
 
 #include "base/AppError.h"
 #include "base/Application.h"
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
         setSystemDate({});
         Managers::prepare(connection);
         for (int i = 0;; ++i) {
-            EstimateDraft draft = OrderSamples::order(1 + i % 30, 1 + i % 4);
+            EstimateDraft draft = EstimateSamples::order(1 + i % 30, 1 + i % 4);
             saveEstimate(connection, draft, {});
             std::printf("%d\n", i);
             std::fflush(stdout);

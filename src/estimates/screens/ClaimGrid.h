@@ -9,14 +9,14 @@
 
 class Grid;
 
-// The insurance rows of an order: 法別 and the payer of each claim, at most 4.
-class InsuranceGrid : public QObject {
+// The claims of an estimate: 法別 and the payer of each claim, at most 4.
+class ClaimGrid : public QObject {
     Q_OBJECT
 
 public:
     enum Column { InsNo, InsNm, ClaimNo, ClaimCd, ClaimNm };
 
-    explicit InsuranceGrid(Grid* grid);
+    explicit ClaimGrid(Grid* grid);
 
     // The customer's name and the insured's name, as payers of what the law does not pay.
     std::function<QString()> customerName;

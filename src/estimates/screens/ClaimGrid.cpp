@@ -1,4 +1,4 @@
-#include "estimates/screens/InsuranceGrid.h"
+#include "estimates/screens/ClaimGrid.h"
 
 #include "base/Numbers.h"
 #include "base/basMessage.h"
@@ -15,7 +15,7 @@ bool isLaw(const QString& number) { return Val(number) != 0; }
 
 } // namespace
 
-InsuranceGrid::InsuranceGrid(Grid* grid) : QObject(grid), m_grid(grid) {
+ClaimGrid::ClaimGrid(Grid* grid) : QObject(grid), m_grid(grid) {
     m_grid->editStarting = [this](int row, int column) { return offerChoices(row, column); };
     connect(m_grid, &Grid::cellEdited, this, [this](int row, int column) {
         guarded([&] {
@@ -25,7 +25,7 @@ InsuranceGrid::InsuranceGrid(Grid* grid) : QObject(grid), m_grid(grid) {
     });
 }
 
-void InsuranceGrid::showRows(const QList<ClaimRow>& rows) {
+void ClaimGrid::showRows(const QList<ClaimRow>& rows) {
     m_grid->setRows(claimRowCount);
     for (int i = 0; i < qMin<int>(claimRowCount, rows.size()); ++i) {
         const ClaimRow& row = rows.at(i);
@@ -34,7 +34,7 @@ void InsuranceGrid::showRows(const QList<ClaimRow>& rows) {
     emit changed();
 }
 
-QList<ClaimRow> InsuranceGrid::rows() const {
+QList<ClaimRow> ClaimGrid::rows() const {
     QList<ClaimRow> result;
     for (int row = 1; row <= m_grid->rows(); ++row) {
         const QStringList values = m_grid->rowValues(row);
@@ -49,13 +49,13 @@ QList<ClaimRow> InsuranceGrid::rows() const {
     return result;
 }
 
-bool InsuranceGrid::isPrivate(int row) const {
+bool ClaimGrid::isPrivate(int row) const {
     const QString law = m_grid->value(row, InsNm);
     return law == u"自費" || law == u"自己負担";
 }
 
 // The payers registered for the row's law, the last used first; without a law all of them.
-QList<clsClaim> InsuranceGrid::payersOf(int row) const {
+QList<clsClaim> ClaimGrid::payersOf(int row) const {
     const QString law = m_grid->value(row, InsNo);
     if (isLaw(law)) return gInsClaimManager.payersOf(law);
     QList<clsClaim> payers;
@@ -63,7 +63,7 @@ QList<clsClaim> InsuranceGrid::payersOf(int row) const {
     return payers;
 }
 
-bool InsuranceGrid::offerChoices(int row, int column) {
+bool ClaimGrid::offerChoices(int row, int column) {
     GridEntries entries;
     if (column == InsNm) {
         QList<clsIns> laws;
@@ -81,7 +81,7 @@ bool InsuranceGrid::offerChoices(int row, int column) {
     return true;
 }
 
-void InsuranceGrid::takeEdit(int row, int column) {
+void ClaimGrid::takeEdit(int row, int column) {
     switch (column) {
     case InsNm:
         return takeLaw(row);
@@ -94,7 +94,7 @@ void InsuranceGrid::takeEdit(int row, int column) {
     }
 }
 
-void InsuranceGrid::takeLaw(int row) {
+void ClaimGrid::takeLaw(int row) {
     const QString name = m_grid->value(row, InsNm);
     if (name.isEmpty()) {
         m_grid->clearRow(row);
@@ -105,14 +105,14 @@ void InsuranceGrid::takeLaw(int row) {
     if (isPrivate(row) && !m_grid->value(row, ClaimNo).isEmpty()) setPayer(row, {});
 }
 
-void InsuranceGrid::setPayer(int row, const clsClaim& claim) {
+void ClaimGrid::setPayer(int row, const clsClaim& claim) {
     m_grid->setValue(row, ClaimNo, claim.ClaimNo);
     m_grid->setValue(row, ClaimCd, claim.ClaimCd);
     m_grid->setValue(row, ClaimNm, claim.ClaimNm);
 }
 
 // A known code brings its payer; a new one waits for its name.
-void InsuranceGrid::takeCode(int row) {
+void ClaimGrid::takeCode(int row) {
     if (isPrivate(row)) return m_grid->setValue(row, ClaimCd, {});
     const QString code = Text::rightTrimmed(m_grid->value(row, ClaimCd));
     QList<clsClaim> found;
@@ -125,7 +125,7 @@ void InsuranceGrid::takeCode(int row) {
         m_grid->setValue(row, ClaimNo, {});
 }
 
-void InsuranceGrid::takeName(int row) {
+void ClaimGrid::takeName(int row) {
     const QString name = m_grid->value(row, ClaimNm);
     if (isPrivate(row)) {
         clsClaim person;

@@ -3,7 +3,7 @@
 #include "estimates/EstimateDraft.h"
 
 // Orders for tests that store many of them.
-namespace OrderSamples {
+namespace EstimateSamples {
 
 // A new order of a new customer with so many make element lines and claims. Its name tells both numbers, so that a
 // reader of the database can tell whether it is whole.
@@ -15,4 +15,4 @@ QString nameFor(int lines, int claims);
 ComposedItem item(const QString& kind, const QString& pickKbn);
 Cells makeLine(const QString& element, const QString& materials, const QString& price);
 
-} // namespace OrderSamples
+} // namespace EstimateSamples

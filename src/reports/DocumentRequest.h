@@ -12,12 +12,12 @@
 struct PrintGridRow {
     int askNo = 0;
     std::array<bool, 5> ticked{};
-    bool hasLaw = false; // a 法別 was chosen
+    bool isClaim = false; // a 法別 was chosen
     Money askPrice;
     Money payPrice;
 };
 
-struct DocumentOrder {
+struct DocumentRequest {
     enum class Outcome {
         Print,        // the kinds with their claims
         WithoutClaim, // no claim was entered: the kinds for one claim of number 1 that is never saved
@@ -34,6 +34,6 @@ struct DocumentOrder {
     const QList<int>& claimsOf(DocumentKind kind) const { return claims.at(static_cast<size_t>(kind) - 1); }
 };
 
-// Without a tick an order with a claim in its first row is refused, any other one printed as a whole: all five kinds
+// Without a tick an estimate with a claim in its first row is refused, any other one printed as a whole: all five kinds
 // for one claim over the total.
-DocumentOrder orderDocuments(const QList<PrintGridRow>& rows);
+DocumentRequest requestDocuments(const QList<PrintGridRow>& rows);

@@ -1,9 +1,9 @@
-#include "support/OrderSamples.h"
+#include "support/EstimateSamples.h"
 
 #include "composition/ItemRules.h"
 #include "composition/LineRules.h"
 
-namespace OrderSamples {
+namespace EstimateSamples {
 
 QString nameFor(int lines, int claims) { return u"%1/%2"_qs.arg(lines).arg(claims); }
 
@@ -42,4 +42,4 @@ EstimateDraft order(int lines, int claims) {
     return draft;
 }
 
-} // namespace OrderSamples
+} // namespace EstimateSamples
