@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -28,16 +29,19 @@ QList<ReportPageText> inReadingOrder(QList<ReportPageText> texts) {
     return texts;
 }
 
+// By their baselines alone, as a search on the page has always met them.
 QString ReportPage::plainText() const {
-    QStringList words;
-    const ReportPageText* before = nullptr;
-    const QList<ReportPageText> ordered = inReadingOrder(texts);
-    for (const ReportPageText& text : ordered) {
-        if (before && continues(text, *before))
-            words.last() += text.text;
+    QList<ReportPageText> whole;
+    for (const ReportPageText& text : texts) {
+        if (!whole.isEmpty() && continues(text, whole.last()))
+            whole.last().text += text.text;
         else
-            words.append(text.text);
-        before = &text;
+            whole.append(text);
     }
+    std::stable_sort(whole.begin(), whole.end(), [](const ReportPageText& a, const ReportPageText& b) {
+        return std::tie(a.baseline, a.x) < std::tie(b.baseline, b.x);
+    });
+    QStringList words;
+    for (const ReportPageText& text : whole) words.append(text.text);
     return words.join(u'\n');
 }

@@ -39,6 +39,6 @@ struct ReportPage {
     QList<ReportPageLine> lines;
     QList<ReportPageBox> boxes;
 
-    // The texts in reading order, one a line; what was broken into lines inside of a control is whole again.
+    // The texts by their baselines, one a line; what was broken into lines inside of a control is whole again.
     QString plainText() const;
 };
