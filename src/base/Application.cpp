@@ -10,12 +10,27 @@ QString gSysDay;
 qint32 gUserNo = 1;
 QString gPriceYear;
 
-void setSystemDate(const QString& sysDateOverride) {
-    const auto configured = parseDate(sysDateOverride);
-    gSysDate = configured ? configured->date() : currentDate();
+namespace {
+
+bool overridden = false;
+
+void setDay(const QDate& day) {
+    gSysDate = day;
     gSysYear = gSysDate.toString(u"yyyy"_qs);
     gSysMonth = gSysDate.toString(u"MM"_qs);
     gSysDay = gSysDate.toString(u"dd"_qs);
+}
+
+} // namespace
+
+void setSystemDate(const QString& sysDateOverride) {
+    const auto configured = parseDate(sysDateOverride);
+    overridden = configured.has_value();
+    setDay(configured ? configured->date() : currentDate());
+}
+
+void followClock() {
+    if (!overridden && currentDate() != gSysDate) setDay(currentDate());
 }
 
 QString programVersion() { return u"%1.%2.%3"_qs.arg(HALVANE_MAJOR).arg(HALVANE_MINOR).arg(HALVANE_REVISION); }

@@ -1,13 +1,11 @@
 #include "customers/clsCustomerManager.h"
 
 #include "base/AppError.h"
-#include "base/Application.h"
 #include "base/Numbers.h"
 #include "base/Seams.h"
 #include "base/basMessage.h"
 #include "customers/EstimateTables.h"
 #include "db/AskingOutside.h"
-#include "db/clsAutoIdsManager.h"
 
 #include <algorithm>
 
@@ -174,26 +172,19 @@ bool clsCustomerManager::write(clsCustomer& customer) {
 }
 
 bool clsCustomerManager::drawNewId(clsCustomer& customer) {
-    customer.CustId = gAutoIdsManager.GetNewId(u"顧客ID"_qs);
+    customer.CustId = drawNew(u"顧客ID"_qs);
     customer.CustSubId = u"1"_qs;
     if (!customer.CustId.isEmpty()) return true;
     ShowMessage(Message::Information, u"新規の顧客IDを自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
     return false;
 }
 
-// Numbers typed by hand may run ahead of the counter, which then skips them.
 bool clsCustomerManager::drawNumber(clsCustomer& customer) {
     if (!customer.CustNo.isEmpty() && customer.CustNo != automaticNumber) return true;
-    do {
-        const QString value = gAutoIdsManager.GetNewId(u"顧客番号"_qs);
-        if (value.isEmpty()) {
-            ShowMessage(Message::Information,
-                        u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
-            return false;
-        }
-        customer.CustNo = gSysYear + value;
-    } while (count(equal(&clsCustomer::CustNo, customer.CustNo)) > 0);
-    return true;
+    customer.CustNo = drawNew(u"顧客番号"_qs, Series::Yearly);
+    if (!customer.CustNo.isEmpty()) return true;
+    ShowMessage(Message::Information, u"新規の顧客番号を自動的に取得できませんでした。\n手動で設定して下さい。"_qs);
+    return false;
 }
 
 // --- lists ---

@@ -1,8 +1,10 @@
 #include "db/KeyedTable.h"
 
 #include "base/AppError.h"
+#include "base/Application.h"
 #include "base/Numbers.h"
 #include "base/clsLogger.h"
+#include "db/clsAutoIdsManager.h"
 
 void KeyedTable::Prepare(Connection& connection) {
     m_connection = &connection;
@@ -18,6 +20,22 @@ SqlTerm KeyedTable::byKey() const {
 Connection& KeyedTable::connection() const {
     if (!m_connection) throw AppError(u"データベースが開かれていません。"_qs, u"TableManager"_qs);
     return *m_connection;
+}
+
+// Numbers typed by hand, or drawn under a wrong clock, may run ahead of the series, which then skips them.
+QString KeyedTable::drawNew(const QString& column, Series series) {
+    const int size = Schema::table(m_table)->column(column)->size;
+    QString number;
+    do {
+        number = gAutoIdsManager.GetNewId(column);
+        if (number.isEmpty()) return {};
+        if (series == Series::Yearly) number.prepend(gSysYear);
+        if (number.size() > size)
+            throw AppError(u"新しい%1 %2 は %3 文字を超えるため登録できません。採番の最終値を確認してください。"_qs.arg(
+                               column, number, QString::number(size)),
+                           m_table);
+    } while (count(SqlEqual({m_table, column}, number)) > 0);
+    return number;
 }
 
 qint64 KeyedTable::count(const SqlTerm& where) {

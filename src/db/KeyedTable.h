@@ -36,6 +36,11 @@ protected:
     // That plus 1.
     QString nextNumber(const SqlTerm& among = {});
 
+    // A number that no row has yet, from the series named as the column; of a yearly one the system date's year stands
+    // ahead. Empty when none can be drawn. Raises an error for a number that the column does not hold.
+    enum class Series { Endless, Yearly };
+    QString drawNew(const QString& column, Series series = Series::Endless);
+
     void execute(const QString& sql);
     Recordset query(const QString& sql);
     // The first field of the first row; empty when there is none.

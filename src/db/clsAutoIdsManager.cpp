@@ -13,6 +13,7 @@ clsAutoIdsManager::clsAutoIdsManager()
                                 {&clsAutoIds::Year, u"年度"_qs}}) {}
 
 QString clsAutoIdsManager::GetNewId(const QString& itemName) {
+    followClock();
     Transaction transaction(connection());
     connection().lockForWriting(table());
     clsAutoIds series;
@@ -21,7 +22,8 @@ QString clsAutoIdsManager::GetNewId(const QString& itemName) {
     QString year = Text::rightTrimmed(series.Year);
     QString last = series.LastValue;
     if (!last.isEmpty() && !isPlainNumber(last)) throw AppError(u"データ型が一致しません。"_qs, table(), 13);
-    if (!year.isEmpty() && year != gSysYear) {
+    // Never backwards: a machine whose clock is behind, or was ahead when it drew, would give out numbers once more.
+    if (!year.isEmpty() && Val(year) < Val(gSysYear)) {
         year = gSysYear;
         last = QString(u"0"_qs).rightJustified(digits, u'0');
     }

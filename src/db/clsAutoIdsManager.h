@@ -16,7 +16,8 @@ public:
 
     // Draws the next number of a series; empty when the series does not exist or the number could not be secured.
     // The draw holds the engine's write lock, so that two machines never get one number; inside a transaction of the
-    // caller it is undone with it.
+    // caller it is undone with it. A yearly series begins anew with a year that is later than its own, by the clock of
+    // this moment; the system date is that of the clock then.
     QString GetNewId(const QString& itemName);
 };
 

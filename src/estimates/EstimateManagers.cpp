@@ -1,9 +1,7 @@
 #include "estimates/EstimateManagers.h"
 
 #include "base/AppError.h"
-#include "base/Application.h"
 #include "customers/EstimateTables.h"
-#include "db/clsAutoIdsManager.h"
 #include "estimates/ListedLaws.h"
 
 clsCsEstimateManager gCsEstimateManager;
@@ -45,13 +43,6 @@ QString selectListed(const SqlTerm& shown, const SqlTerm& where, const SqlTerm& 
     const SqlReference customer = customerOfEstimate();
     const QString estimates = asked.names(customer.other) ? customer.leftJoin(estimateTable) : estimateTable;
     return SqlSelect(u"SELECT "_qs + shown.text() + u" FROM "_qs + withNamedTables(estimates, asked), where, sort);
-}
-
-QString drawn(const QString& series) {
-    const QString number = gAutoIdsManager.GetNewId(series);
-    if (number.isEmpty())
-        throw AppError(u"新規の%1を自動的に取得できませんでした。"_qs.arg(series), u"clsCsEstimateManager"_qs);
-    return number;
 }
 
 } // namespace
@@ -114,9 +105,16 @@ bool clsCsEstimateManager::GetData(const QString& EstId, clsCsEstimate& estimate
 
 void clsCsEstimateManager::SaveData(clsCsEstimate& estimate) {
     if (!Text::rightTrimmed(estimate.EstId).isEmpty()) return update(estimate, dataColumns(ledgerColumns));
-    estimate.EstId = drawn(u"見積ID"_qs);
-    estimate.EstNo = gSysYear + drawn(u"見積番号"_qs);
+    estimate.EstId = drawn(u"見積ID"_qs, Series::Endless);
+    estimate.EstNo = drawn(u"見積番号"_qs, Series::Yearly);
     insert(estimate, newColumns(ledgerColumns));
+}
+
+QString clsCsEstimateManager::drawn(const QString& column, Series series) {
+    const QString number = drawNew(column, series);
+    if (number.isEmpty())
+        throw AppError(u"新規の%1を自動的に取得できませんでした。"_qs.arg(column), u"clsCsEstimateManager"_qs);
+    return number;
 }
 
 void clsCsEstimateManager::DeleteData(const QString& EstId) { remove({EstId}); }

@@ -139,6 +139,19 @@ private slots:
         QCOMPARE(next.CustNo, u"20260006"_qs);
     }
 
+    // Cut, it would be given to the next customers once more.
+    void numberThatItsColumnDoesNotHoldIsRefused() {
+        sql(u"UPDATE [採番] SET [最終値] = '99999998', [桁] = 8, [年度] = '2026' WHERE [項目名] = '顧客番号'"_qs);
+        clsCustomer last = person();
+        QVERIFY(gCustomerManager.SaveData(last));
+        QCOMPARE(last.CustNo, u"202699999999"_qs);
+        clsCustomer next = person();
+        next.CustNm1 = u"鈴木"_qs;
+        QCOMPARE(raised([&] { gCustomerManager.SaveData(next); }),
+                 u"新しい顧客番号 2026100000000 は 12 文字を超えるため登録できません。"
+                 u"採番の最終値を確認してください。"_qs);
+    }
+
     void numberThatCannotBeDrawnIsTold_data() {
         QTest::addColumn<QString>("item");
         QTest::newRow("id") << u"顧客ID"_qs;

@@ -168,7 +168,7 @@ private slots:
     void databaseOfTheOtherLettersIsRefused() {
         if (!TestDatabase::isPostgres()) {
             QCOMPARE(m_database->connection().engineScalar(u"PRAGMA journal_mode"_qs), u"delete"_qs);
-            QCOMPARE(m_database->connection().engineScalar(u"PRAGMA synchronous"_qs), u"2"_qs);
+            QCOMPARE(m_database->connection().engineScalar(u"PRAGMA synchronous"_qs), u"3"_qs);
             return;
         }
         const bool fits =

@@ -50,7 +50,7 @@ private slots:
         row("longer than its digits", u"9000000"_qs, 3, {}, u"9000001"_qs, u"9000001/"_qs);
         row("no padding", u"7"_qs, 0, {}, u"8"_qs, u"8/"_qs);
         row("empty last value", u""_qs, 4, {}, u"0001"_qs, u"0001/"_qs);
-        row("later year goes back as well", u"000009"_qs, 6, u"2025"_qs, u"000001"_qs, u"000001/2024"_qs);
+        row("series of a later year goes on", u"000009"_qs, 6, u"2025"_qs, u"000010"_qs, u"000010/2025"_qs);
     }
     void numbersFollow() {
         QFETCH(QString, last);
@@ -65,9 +65,34 @@ private slots:
     void dateOverrideDecidesTheYear() {
         FixedClock clock(u"2024/03/10"_qs);
         setSystemDate(u"2005/04/01"_qs);
-        setSeries(m_database->connection(), u"000005"_qs, 6, u"2024"_qs);
+        setSeries(m_database->connection(), u"000005"_qs, 6, u"2004"_qs);
         QCOMPARE(manager().GetNewId(u"x's"_qs), u"000001"_qs);
         QCOMPARE(series(m_database->connection()), u"000001/2005"_qs);
+    }
+
+    // A machine left on over New Year beside one that was started since.
+    void newYearIsNoticedUnderWay() {
+        FixedClock clock(u"2026/12/31 17:00:00"_qs);
+        setSystemDate({});
+        setSeries(m_database->connection(), u"000120"_qs, 6, u"2026"_qs);
+        clsAutoIdsManager leftOn = manager();
+        QCOMPARE(leftOn.GetNewId(u"x's"_qs), u"000121"_qs);
+        clock.set(u"2027/01/04 9:00:00"_qs);
+        QCOMPARE(leftOn.GetNewId(u"x's"_qs), u"000001"_qs);
+        QCOMPARE(gSysYear, u"2027"_qs);
+        QCOMPARE(leftOn.GetNewId(u"x's"_qs), u"000002"_qs);
+        QCOMPARE(series(m_database->connection()), u"000002/2027"_qs);
+    }
+
+    void clockSetBackDoesNotStartTheSeriesOver() {
+        FixedClock clock(u"2031/04/01"_qs);
+        setSystemDate({});
+        setSeries(m_database->connection(), u"000120"_qs, 6, u"2026"_qs);
+        clsAutoIdsManager numbers = manager();
+        QCOMPARE(numbers.GetNewId(u"x's"_qs), u"000001"_qs);
+        clock.set(u"2026/04/01"_qs);
+        QCOMPARE(numbers.GetNewId(u"x's"_qs), u"000002"_qs);
+        QCOMPARE(series(m_database->connection()), u"000002/2031"_qs);
     }
 
     void damagedSeriesDoesNotStartAnew() {

@@ -66,6 +66,26 @@ private slots:
         QCOMPARE(count(u"顧客見積情報"_qs), u"0"_qs);
     }
 
+    void numberThatIsTakenIsPassedOver() {
+        sql(u"UPDATE [採番] SET [最終値] = '000000', [桁] = 6, [年度] = '2026' WHERE [項目名] = '見積番号'"_qs);
+        QCOMPARE(saved().EstNo, u"2026000001"_qs);
+        QCOMPARE(saved().EstNo, u"2026000002"_qs);
+        sql(u"UPDATE [採番] SET [最終値] = '000000' WHERE [項目名] = '見積番号'"_qs);
+        sql(u"UPDATE [採番] SET [最終値] = '0000000000' WHERE [項目名] = '見積ID'"_qs);
+        const clsCsEstimate third = saved();
+        QCOMPARE(third.EstNo, u"2026000003"_qs);
+        QCOMPARE(third.EstId, u"0000000003"_qs);
+        QCOMPARE(count(u"顧客見積情報"_qs), u"3"_qs);
+    }
+
+    void numberThatItsColumnDoesNotHoldIsRefused() {
+        sql(u"UPDATE [採番] SET [最終値] = '99999998', [桁] = 8, [年度] = '2026' WHERE [項目名] = '見積番号'"_qs);
+        QCOMPARE(saved().EstNo, u"202699999999"_qs);
+        QCOMPARE(raised([] { saved(); }), u"新しい見積番号 2026100000000 は 12 文字を超えるため登録できません。"
+                                          u"採番の最終値を確認してください。"_qs);
+        QCOMPARE(count(u"顧客見積情報"_qs), u"1"_qs);
+    }
+
     void saveOfTheEditorLeavesTheLedger() {
         clsCsEstimate estimate = saved();
         gCsEstimateManager.UpUrikake(estimate.EstId, u"品'"_qs, u"装"_qs, u"払"_qs, u"500"_qs, u"Ⅱ"_qs);
