@@ -99,7 +99,8 @@ int runScreens(int argc, char** argv) {
         assertPaperFonts();
     });
     if (!equipped) return EXIT_FAILURE;
-    if (const QString notice = standInNotice(QFontDatabase::families()); !notice.isEmpty()) ShowMessage(902, notice);
+    if (const QString notice = standInNotice(QFontDatabase::families()); !notice.isEmpty())
+        ShowMessage(Message::Information, notice);
     return Main() ? QApplication::exec() : EXIT_FAILURE;
 }
 

@@ -128,7 +128,8 @@ QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>&
 bool refusesEmpty(const EstimateDraft& draft) {
     const EstimateRows rows = rowsOf(draft.composition, draft.estimate.EstId);
     const bool empty = rows.make.isEmpty() && rows.parts.isEmpty();
-    if (empty) ShowMessage(901, u"印刷する明細がありません。基本・製作要素か完成要素を入力して下さい。"_qs);
+    if (empty)
+        ShowMessage(Message::Warning, u"印刷する明細がありません。基本・製作要素か完成要素を入力して下さい。"_qs);
     return empty;
 }
 
