@@ -27,8 +27,8 @@ public:
     }
 
     // The rollback journal, since write-ahead logging must not be used on a network share. EXTRA: with FULL the folder
-    // is not synced after the journal goes, and a power cut would bring it back to undo what was told as done. The cache
-    // (kibibytes) holds what a sort over a large office looks up again and again.
+    // is not synced after the journal goes, and a power cut would bring it back to undo what was told as done. The
+    // cache (kibibytes) holds what a sort over a large office looks up again and again.
     QStringList greeting(const ConnectionSettings&) const override {
         return {u"PRAGMA journal_mode = DELETE"_qs, u"PRAGMA synchronous = EXTRA"_qs, u"PRAGMA foreign_keys = OFF"_qs,
                 u"PRAGMA cache_size = -32768"_qs};

@@ -48,8 +48,7 @@ private slots:
     void givenStampIsKept() {
         clsSQLMaker sql = sqlOf(*m_database, u"顧客カルテ"_qs);
         sql.AddData(u"更新日"_qs, u"2005/03/01"_qs);
-        QCOMPARE(sql.GetSqlForInsert(),
-                 u"INSERT INTO 顧客カルテ ([更新日], [登録日]) VALUES (#2005/03/01#, NOW())"_qs);
+        QCOMPARE(sql.GetSqlForInsert(), u"INSERT INTO 顧客カルテ ([更新日], [登録日]) VALUES (#2005/03/01#, NOW())"_qs);
     }
 
     void updateStampsTheChangeOnly() {

@@ -78,8 +78,8 @@ void CutLine::run() {
         poll(watched.data(), watched.size(), -1);
         size_t at = 2;
         for (auto way = m_ways.begin(); way != m_ways.end(); at += 2) {
-            const bool stands = (!watched[at].revents || forward(*way, true)) &&
-                                (!watched[at + 1].revents || forward(*way, false));
+            const bool stands =
+                (!watched[at].revents || forward(*way, true)) && (!watched[at + 1].revents || forward(*way, false));
             if (!stands) end(*way);
             way = stands ? std::next(way) : m_ways.erase(way);
         }
