@@ -29,6 +29,8 @@ void setSystemDate(const QString& sysDateOverride) {
     setDay(configured ? configured->date() : currentDate());
 }
 
+bool isSystemDateGiven() { return overridden; }
+
 void followClock() {
     if (!overridden && currentDate() != gSysDate) setDay(currentDate());
 }

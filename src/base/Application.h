@@ -13,6 +13,8 @@ extern QString gPriceYear; // setting No 20, read at start-up
 
 // Takes the override when it is a date, today otherwise, and sets the three texts with it.
 void setSystemDate(const QString& sysDateOverride);
+// Whether the system date is an override in force, which the operator answers for.
+bool isSystemDateGiven();
 // Takes the day that the clock has come to since, unless there is an override.
 void followClock();
 // "2.2.6", and as "020206" for the database's version row.

@@ -12,6 +12,14 @@ clsAutoIdsManager::clsAutoIdsManager()
                                 {&clsAutoIds::Digits, u"桁"_qs},
                                 {&clsAutoIds::Year, u"年度"_qs}}) {}
 
+namespace {
+
+// By the clock never backwards: a machine whose clock is behind, or was ahead when it drew, would give out the numbers
+// of a year once more.
+bool beginsAnew(const QString& year) { return isSystemDateGiven() ? year != gSysYear : Val(year) < Val(gSysYear); }
+
+} // namespace
+
 QString clsAutoIdsManager::GetNewId(const QString& itemName) {
     followClock();
     Transaction transaction(connection());
@@ -22,8 +30,7 @@ QString clsAutoIdsManager::GetNewId(const QString& itemName) {
     QString year = Text::rightTrimmed(series.Year);
     QString last = series.LastValue;
     if (!last.isEmpty() && !isPlainNumber(last)) throw AppError(u"データ型が一致しません。"_qs, table(), 13);
-    // Never backwards: a machine whose clock is behind, or was ahead when it drew, would give out numbers once more.
-    if (!year.isEmpty() && Val(year) < Val(gSysYear)) {
+    if (!year.isEmpty() && beginsAnew(year)) {
         year = gSysYear;
         last = QString(u"0"_qs).rightJustified(digits, u'0');
     }

@@ -16,8 +16,8 @@ public:
 
     // Draws the next number of a series; empty when the series does not exist or the number could not be secured.
     // The draw holds the engine's write lock, so that two machines never get one number; inside a transaction of the
-    // caller it is undone with it. A yearly series begins anew with a year that is later than its own, by the clock of
-    // this moment; the system date is that of the clock then.
+    // caller it is undone with it. A yearly series begins anew with a later year by the clock of this moment, which the
+    // system date follows, or with any other year by a given system date.
     QString GetNewId(const QString& itemName);
 };
 

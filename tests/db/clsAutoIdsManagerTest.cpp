@@ -50,7 +50,7 @@ private slots:
         row("longer than its digits", u"9000000"_qs, 3, {}, u"9000001"_qs, u"9000001/"_qs);
         row("no padding", u"7"_qs, 0, {}, u"8"_qs, u"8/"_qs);
         row("empty last value", u""_qs, 4, {}, u"0001"_qs, u"0001/"_qs);
-        row("series of a later year goes on", u"000009"_qs, 6, u"2025"_qs, u"000010"_qs, u"000010/2025"_qs);
+        row("later year goes back as well", u"000009"_qs, 6, u"2025"_qs, u"000001"_qs, u"000001/2024"_qs);
     }
     void numbersFollow() {
         QFETCH(QString, last);
@@ -65,7 +65,7 @@ private slots:
     void dateOverrideDecidesTheYear() {
         FixedClock clock(u"2024/03/10"_qs);
         setSystemDate(u"2005/04/01"_qs);
-        setSeries(m_database->connection(), u"000005"_qs, 6, u"2004"_qs);
+        setSeries(m_database->connection(), u"000005"_qs, 6, u"2024"_qs);
         QCOMPARE(manager().GetNewId(u"x's"_qs), u"000001"_qs);
         QCOMPARE(series(m_database->connection()), u"000001/2005"_qs);
     }
