@@ -148,3 +148,11 @@ SqlTerm PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndVal
         terms << SqlContains(SqlTerm(u"[%1]"_qs.arg(column)).wrapped({}, u" "_qs), value);
     return SqlAllOf(terms);
 }
+
+PriceTable& priceTable(const QString& name) {
+    for (PriceTable* table : std::initializer_list<PriceTable*>{&gPriceItemManager, &gPriceBaseManager,
+                                                               &gPriceAddManager, &gPriceElmtManager,
+                                                               &gPricePartsManager})
+        if (table->name() == name) return *table;
+    throw AppError(u"%1 は価格の表ではありません。"_qs.arg(name), u"PriceTable"_qs);
+}

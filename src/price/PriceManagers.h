@@ -4,9 +4,10 @@
 #include "base/Numbers.h"
 #include "db/TableManager.h"
 #include "price/PriceRecords.h"
+#include "price/PriceTable.h"
 
 // What the managers of the five price tables share; each keeps the next ID of its rows in `採番`.
-template <class Record> class PriceManager : public TableManager<Record> {
+template <class Record> class PriceManager : public TableManager<Record>, public PriceTable {
 public:
     using TableManager<Record>::TableManager;
     using Rows = QList<Record>;
@@ -63,6 +64,17 @@ public:
 
     SqlTerm inUse() const { return this->equal(&Record::UseFlg, u"0"_qs); }
 
+    // --- by the names of the columns ---
+    QString name() const override { return this->table(); }
+    QStringList columnNames() const override { return this->columnsWithout({}); }
+    QString idsOf(const SqlTerm& where, const SqlTerm& sort) const override {
+        return SqlSelect(u"SELECT [ID] FROM [%1]"_qs.arg(this->table()), where, sort);
+    }
+    QList<PriceRow> rowsOf(const QStringList& ids) override;
+    PriceRow storedRow(const QString& id) override;
+    void saveRow(PriceRow& row) override;
+    QStringList valuesOf(const QString& column, const SqlTerm& where) override;
+
 protected:
     using typename TableManager<Record>::Member;
 
@@ -88,6 +100,12 @@ protected:
     }
 
 private:
+    PriceRow rowOf(const Record& record) const {
+        PriceRow row;
+        for (const Field<Record>& field : this->fields()) row.insert(field.column, record.*field.member);
+        return row;
+    }
+
     void grouped(QList<Record>& result, Member member, const SqlTerm& where, const QString& number,
                  const QString& sort) {
         const QString name = this->column(member).name;
@@ -98,6 +116,36 @@ private:
         while (rows.next()) result << reader.read();
     }
 };
+
+template <class Record> QList<PriceRow> PriceManager<Record>::rowsOf(const QStringList& ids) {
+    QList<Record> records;
+    if (!ids.isEmpty()) TableManager<Record>::GetList(records, SqlOneOf(this->column(&Record::ID), ids));
+    QList<PriceRow> rows;
+    for (const Record& record : records) rows << rowOf(record);
+    return rows;
+}
+
+template <class Record> PriceRow PriceManager<Record>::storedRow(const QString& id) {
+    Record record;
+    GetData(ToInt(id), record);
+    return rowOf(record);
+}
+
+template <class Record> void PriceManager<Record>::saveRow(PriceRow& row) {
+    Record record;
+    for (const Field<Record>& field : this->fields()) record.*field.member = row.value(field.column);
+    SaveData(record);
+    row.insert(u"ID"_qs, record.ID);
+}
+
+template <class Record> QStringList PriceManager<Record>::valuesOf(const QString& column, const SqlTerm& where) {
+    QList<Record> records;
+    const Member member = this->memberOf(column);
+    groupList(records, member, where);
+    QStringList values;
+    for (const Record& record : records) values << record.*member;
+    return values;
+}
 
 class clsPriceItemManager : public PriceManager<clsPriceItem> {
 public:

@@ -22,7 +22,8 @@ void EditScreen::load() {
 }
 
 void EditScreen::setMode(qint16 mode) {
-    static const QStringList words{u"（追加）"_qs, u"（編集）"_qs, u"（削除）"_qs};
+    static const QHash<qint16, QString> words{
+        {Add, u"（追加）"_qs}, {Edit, u"（編集）"_qs}, {Delete, u"（削除）"_qs}, {Copy, u"（追加）"_qs}};
     EditMode = mode;
     setWindowTitle(m_words.title + words.value(mode));
     if (m_controls.modeTitle) m_controls.modeTitle->setText(words.value(mode));

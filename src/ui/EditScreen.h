@@ -11,7 +11,8 @@ class EditScreen : public Screen {
     Q_OBJECT
 
 public:
-    enum Mode : qint16 { Add = 0, Edit = 1, Delete = 2 };
+    // A copy shows what is stored and is saved as a new one.
+    enum Mode : qint16 { Add = 0, Edit = 1, Delete = 2, Copy = 5 };
 
     qint16 EditMode = Add;
     bool Updated = false;
