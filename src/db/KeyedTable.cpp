@@ -38,6 +38,12 @@ QString KeyedTable::drawNew(const QString& column, Series series) {
     return number;
 }
 
+QString KeyedTable::drawNeeded(const QString& column, Series series) {
+    const QString number = drawNew(column, series);
+    if (number.isEmpty()) throw AppError(u"新規の%1を自動的に取得できませんでした。"_qs.arg(column), m_table);
+    return number;
+}
+
 qint64 KeyedTable::count(const SqlTerm& where) {
     return scalar(SqlSelect(u"SELECT COUNT(*) FROM [%1]"_qs.arg(m_table), where)).toLongLong();
 }

@@ -40,6 +40,8 @@ protected:
     // ahead. Empty when none can be drawn. Raises an error for a number that the column does not hold.
     enum class Series { Endless, Yearly };
     QString drawNew(const QString& column, Series series = Series::Endless);
+    // The same where nothing can go on without it: raises an error when none can be drawn.
+    QString drawNeeded(const QString& column, Series series = Series::Endless);
 
     void execute(const QString& sql);
     Recordset query(const QString& sql);

@@ -155,6 +155,11 @@ protected:
         while (rows.next()) result << reader.read();
     }
 
+    // A list whose order is not optional: an empty one is an SQL failure.
+    void readOrdered(QList<Record>& result, const SqlTerm& where, const SqlTerm& sort) {
+        readList(result, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where) + u" ORDER BY "_qs + sort.text());
+    }
+
     // The first row of the table under a filter; false when there is none.
     bool readFirst(Record& record, const SqlTerm& where) {
         return takeFirst(record, SqlSelect(u"SELECT * FROM [%1]"_qs.arg(table()), where));

@@ -1,6 +1,5 @@
 #include "estimates/EstimateManagers.h"
 
-#include "base/AppError.h"
 #include "customers/EstimateTables.h"
 #include "estimates/ListedLaws.h"
 
@@ -105,16 +104,9 @@ bool clsCsEstimateManager::GetData(const QString& EstId, clsCsEstimate& estimate
 
 void clsCsEstimateManager::SaveData(clsCsEstimate& estimate) {
     if (!Text::rightTrimmed(estimate.EstId).isEmpty()) return update(estimate, dataColumns(ledgerColumns));
-    estimate.EstId = drawn(u"見積ID"_qs, Series::Endless);
-    estimate.EstNo = drawn(u"見積番号"_qs, Series::Yearly);
+    estimate.EstId = drawNeeded(u"見積ID"_qs);
+    estimate.EstNo = drawNeeded(u"見積番号"_qs, Series::Yearly);
     insert(estimate, newColumns(ledgerColumns));
-}
-
-QString clsCsEstimateManager::drawn(const QString& column, Series series) {
-    const QString number = drawNew(column, series);
-    if (number.isEmpty())
-        throw AppError(u"新規の%1を自動的に取得できませんでした。"_qs.arg(column), u"clsCsEstimateManager"_qs);
-    return number;
 }
 
 void clsCsEstimateManager::DeleteData(const QString& EstId) { remove({EstId}); }

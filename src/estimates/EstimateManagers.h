@@ -47,9 +47,6 @@ public:
     // The names of an estimate's insurance laws, cut to 2 characters, joined by a comma. `Excluded` becomes true when
     // one of the full names stands in the list of exclusions.
     void GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList, bool& Excluded);
-
-private:
-    QString drawn(const QString& column, Series series);
 };
 
 class clsCsItemManager : public OwnedRowsManager<clsCsItem> {

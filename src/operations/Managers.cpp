@@ -8,6 +8,7 @@
 #include "db/clsOfficeManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateManagers.h"
+#include "master/MasterManagers.h"
 #include "price/PriceManagers.h"
 #include "reference/ReferenceManagers.h"
 #include "reference/clsZipManager.h"
@@ -31,13 +32,38 @@ template <class Manager> Entry entry(Manager& manager) {
 
 const QList<Entry>& entries() {
     static const QList<Entry> list{
-        entry(gCustomerManager),  entry(gPrefectureManager), entry(gAssistManager),         entry(gAutoIdsManager),
-        entry(gProducerManager),  entry(gStaffManager),      entry(gChartManager),          entry(gOrderManager),
-        entry(gDoctorManager),    entry(gZipManager),        entry(gCsInsManager),          entry(gInsClaimManager),
-        entry(gInsManager),       entry(gClaimManager),      entry(gPriceAddManager),       entry(gPriceBaseManager),
-        entry(gPriceElmtManager), entry(gPriceItemManager),  entry(gPricePartsManager),     entry(gCsEstimateManager),
-        entry(gCsItemManager),    entry(gCsMakeElmtManager), entry(gCsCmpltElmtManager),    entry(gCsEstAskManager),
-        entry(gProcKbnManager),   entry(gSysSettingManager), entry(gBaseElmtSelectManager), entry(gOfficeManager),
+        entry(gCustomerManager),
+        entry(gPrefectureManager),
+        entry(gAssistManager),
+        entry(gAutoIdsManager),
+        entry(gProducerManager),
+        entry(gStaffManager),
+        entry(gChartManager),
+        entry(gOrderManager),
+        entry(gDoctorManager),
+        entry(gZipManager),
+        entry(gCsInsManager),
+        entry(gInsClaimManager),
+        entry(gInsManager),
+        entry(gClaimManager),
+        entry(gPriceAddManager),
+        entry(gPriceBaseManager),
+        entry(gPriceElmtManager),
+        entry(gPriceItemManager),
+        entry(gPricePartsManager),
+        entry(gCsEstimateManager),
+        entry(gMstEstimateManager),
+        entry(gCsItemManager),
+        entry(gMstItemManager),
+        entry(gCsMakeElmtManager),
+        entry(gMstMakeElmtManager),
+        entry(gCsCmpltElmtManager),
+        entry(gMstCmpltElmtManager),
+        entry(gCsEstAskManager),
+        entry(gProcKbnManager),
+        entry(gSysSettingManager),
+        entry(gBaseElmtSelectManager),
+        entry(gOfficeManager),
         entry(gEquipmentManager),
     };
     return list;

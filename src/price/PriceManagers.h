@@ -16,8 +16,7 @@ public:
 
     // The order is not optional here: an empty one is an SQL failure.
     void GetList(QList<Record>& result, const SqlTerm& where, const SqlTerm& sort) {
-        this->readList(result,
-                       SqlSelect(u"SELECT * FROM [%1]"_qs.arg(this->table()), where) + u" ORDER BY "_qs + sort.text());
+        this->readOrdered(result, where, sort);
     }
 
     // The row of an ID; raises an error when there is none.

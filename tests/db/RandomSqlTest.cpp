@@ -80,22 +80,22 @@ private:
                                              {u"[装具].[装具]"_qs, 't'},
                                              {u"[装具].[順番]"_qs, 't'},
                                              {u"[装具].[有効Flg]"_qs, 'n'}};
-        static const QList<Column> masters{{u"[製品ID]"_qs, 't'},   {u"製品名称"_qs, 't'}, {u"[小人価格]"_qs, 'n'},
+        static const QList<Column> estimates{{u"[見積ID]"_qs, 't'},   {u"見積名称"_qs, 't'}, {u"[合計]"_qs, 'n'},
                                            {u"[耐用年数]"_qs, 'n'}, {u"登録日"_qs, 'd'},   {u"[更新日]"_qs, 'd'},
                                            {u"[編集者No]"_qs, 'n'}, {u"[備考]"_qs, 't'}};
-        static const QList<Column> both = equipment + masters;
-        return pairs ? both : masters;
+        static const QList<Column> both = equipment + estimates;
+        return pairs ? both : estimates;
     }
 
     QString select() {
         m_pairs = chance(25);
         const bool grouped = chance(20);
-        QString from = u"[マスタ見積情報]"_qs;
+        QString from = u"[顧客見積情報]"_qs;
         if (m_pairs)
             from = chance(50)
-                       ? u"([マスタ見積情報] %1 JOIN [装具] ON %2)"_qs.arg(
-                             oneOf({u"LEFT"_qs, u"INNER"_qs}), u"[マスタ見積情報].[編集者No] = [装具].[装具No]"_qs)
-                       : u"[装具], [マスタ見積情報]"_qs;
+                       ? u"([顧客見積情報] %1 JOIN [装具] ON %2)"_qs.arg(
+                             oneOf({u"LEFT"_qs, u"INNER"_qs}), u"[顧客見積情報].[編集者No] = [装具].[装具No]"_qs)
+                       : u"[装具], [顧客見積情報]"_qs;
         QString where = chance(70) ? u" WHERE "_qs + condition() : QString();
         if (grouped) {
             const QString group = column('t').name;
@@ -242,7 +242,7 @@ std::optional<QStringList> answer(Connection& connection, const QString& stateme
 }
 
 void fill(Connection& connection) {
-    for (const QString& table : {u"装具"_qs, u"マスタ見積情報"_qs, u"採番"_qs})
+    for (const QString& table : {u"装具"_qs, u"顧客見積情報"_qs, u"採番"_qs})
         connection.createTable(*Schema::table(table));
     const QStringList statements{
         u"INSERT INTO 装具 VALUES (1, 'abc', '20240101', 0)"_qs,
@@ -251,16 +251,16 @@ void fill(Connection& connection) {
         u"INSERT INTO 装具 VALUES (4, NULL, '山''s', NULL)"_qs,
         u"INSERT INTO 採番 ([項目名], [桁]) VALUES ('ABC', 6)"_qs,
         u"INSERT INTO 採番 ([項目名], [桁]) VALUES ('ｱ', NULL)"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], "
+        u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [耐用年数], [登録日], [更新日], [編集者No], "
         u"[備考]) "
         u"VALUES ('a', 'abc', 100, 1.5, #2005/03/01#, #2005/03/01 9:05:00#, 1, 'x')"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [登録日], [更新日], [編集者No], "
+        u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [耐用年数], [登録日], [更新日], [編集者No], "
         u"[備考]) "
         u"VALUES ('B', 'ABC', 1000.25, 2, #2005/03/02#, NULL, 2, '50%_')"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [登録日], [編集者No]) "
+        u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [登録日], [編集者No]) "
         u"VALUES ('1', 'ｱｲ', 0, #1999/12/31 23:59:59#, 1)"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID], [製品名称], [小人価格], [耐用年数], [備考]) VALUES ('_', '', -0.5, 100, '')"_qs,
-        u"INSERT INTO マスタ見積情報 ([製品ID]) VALUES ('山')"_qs};
+        u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [耐用年数], [備考]) VALUES ('_', '', -0.5, 100, '')"_qs,
+        u"INSERT INTO 顧客見積情報 ([見積ID]) VALUES ('山')"_qs};
     for (const QString& statement : statements) connection.execute(statement);
 }
 
@@ -339,7 +339,7 @@ private slots:
     // Nothing was written by what only reads.
     void rowsAreAsTheyWere() {
         for (Connection* connection : {m_file.get(), m_server.get()}) {
-            QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [マスタ見積情報]"_qs), u"5"_qs);
+            QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs), u"5"_qs);
             QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [装具]"_qs), u"4"_qs);
         }
     }
