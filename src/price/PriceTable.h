@@ -1,0 +1,32 @@
+#pragma once
+
+#include "db/SqlText.h"
+
+#include <QHash>
+#include <QStringList>
+
+// The texts of a price row by its columns; one that is left out is empty.
+using PriceRow = QHash<QString, QString>;
+
+// One of the five price tables by the names of its columns, for what treats all of them alike. Each is its manager;
+// failures rise as AppError.
+class PriceTable {
+public:
+    virtual ~PriceTable() = default;
+
+    virtual QString name() const = 0;
+    // The columns that a row has, its ID first.
+    virtual QStringList columnNames() const = 0;
+    // The statement that gives the IDs of the rows under a condition.
+    virtual QString idsOf(const SqlTerm& where, const SqlTerm& sort) const = 0;
+    virtual QList<PriceRow> rowsOf(const QStringList& ids) = 0;
+    // Raises an error when there is no such row.
+    virtual PriceRow storedRow(const QString& id) = 0;
+    // Writes a row; one without an ID is a user's own and gets its number.
+    virtual void saveRow(PriceRow& row) = 0;
+    // The values of a column under a condition, each once, in their order.
+    virtual QStringList valuesOf(const QString& column, const SqlTerm& where) = 0;
+};
+
+// The table of that name; raises an error for any other.
+PriceTable& priceTable(const QString& name);
