@@ -65,6 +65,11 @@ bool clsChartManager::CheckExist(const QString& CustId, const QString& CustSubId
     return exists({CustId, CustSubId, ChartNo});
 }
 
+bool clsChartManager::IsUsed(const clsChart& chart) {
+    const SqlTerm pointing = SqlEqual(u"顧客見積情報"_qs, key(), {chart.CustId, chart.CustSubId, chart.ChartNo});
+    return scalar(SqlSelect(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs, pointing)) != u"0";
+}
+
 void clsChartManager::SaveData(clsChart& chart) {
     if (chart.ChartNo.isEmpty()) chart.ChartNo = GetNewChartNo(chart.CustId, chart.CustSubId);
     save(chart);

@@ -29,6 +29,8 @@ public:
                   const QString& NewCustSubId, qint32 UpdUserNo);
     QString GetNewChartNo(const QString& CustId, const QString& CustSubId);
     bool CheckExist(const QString& CustId, const QString& CustSubId, const QString& ChartNo);
+    // Whether an estimate points to the chart.
+    bool IsUsed(const clsChart& chart);
     // The names in brackets of the fields that differ; empty when none does.
     static QString GetDiffText(const clsChart& chart, const clsChart& stored);
     // 顧客ID, 顧客枝番, カルテNo, カルテ番号, 病名原因, 受注先 for the selection screen.

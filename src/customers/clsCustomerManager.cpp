@@ -42,6 +42,12 @@ const QList<QString clsCustomer::*>& comparedFromEstimate() {
     return compared;
 }
 
+// What the estimate editor does not show it must not write back as it was loaded.
+void keepUnshown(clsCustomer& customer, const clsCustomer& stored) {
+    customer.mail = stored.mail;
+    customer.PriceType = stored.PriceType;
+}
+
 const QString rowKey = u"[顧客情報].[顧客ID] & '|' & [顧客情報].[顧客枝番]"_qs;
 
 // The customers who have an estimate, once for each of them.
@@ -123,7 +129,9 @@ bool clsCustomerManager::SaveDataFromEstimate(clsCustomer& customer, const Confi
     if (customer.CustId.isEmpty() || !GetData(customer.CustId, customer.CustSubId, stored))
         return drawNewId(customer) && write(customer);
     if (!IsChanged(customer, stored)) return true;
-    return takeDecision(customer, ask(confirm, stored, customer)) && write(customer);
+    const CustomerUpdate decision = ask(confirm, stored, customer);
+    if (decision != CustomerUpdate::NewCustomer) keepUnshown(customer, stored);
+    return takeDecision(customer, decision) && write(customer);
 }
 
 // Of a person without an id the operator says whether it is one who is known.

@@ -1,34 +1,28 @@
-#include "db/Connection.h"
+#include "db/ConnectionState.h"
 
 #include "base/AppError.h"
-#include "base/Dates.h"
 #include "base/clsLogger.h"
-#include "db/Engine.h"
 #include "db/RecordsetStream.h"
 #include "db/SelectInto.h"
 
 #include <QDeadlineTimer>
-#include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
-#include <QSqlDriver>
-#include <QSqlError>
+#include <QScopedValueRollback>
 #include <QSqlQuery>
 #include <QThread>
-#include <QUuid>
 
 #include <chrono>
-#include <exception>
 
 namespace {
 
-constexpr int rowsPerBatch = 500;
 constexpr int shortestPause = 2; // milliseconds
-constexpr int longestPause = 10;
+constexpr int pauseOfLookUp = 50;
 
 void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shortestPause, longestPause)); }
 
-[[noreturn]] void raise(Engine::Fault fault, const QSqlError& error) {
+} // namespace
+
+void Connection::Private::raise(Engine::Fault fault, const QSqlError& error) {
     const QString words = error.databaseText().trimmed();
     switch (fault) {
     case Engine::Fault::Busy:
@@ -43,40 +37,6 @@ void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shor
     }
     throw AppError(u"データベースの処理に失敗しました。\n"_qs + words, u"Connection"_qs);
 }
-
-// A field as a value to bind: both engines read numbers and dates from text.
-QVariant bindable(const Recordset& rows, int index, const Schema::Column* column) {
-    if (rows.isNull(index)) return QVariant(QMetaType(QMetaType::QString));
-    const QString text = rows.value(index);
-    if (!column || !column->isDate()) return text;
-    const auto moment = parseDate(text);
-    const bool timed = moment && moment->time() != QTime(0, 0);
-    return timed ? moment->toString(u"yyyy/MM/dd HH:mm:ss"_qs) : text;
-}
-
-} // namespace
-
-struct Connection::Private {
-    std::unique_ptr<Engine> engine;
-    QString name = QUuid::createUuid().toString();
-    std::weak_ptr<Recordset::Stream> stream;
-    bool open = false;
-    bool lost = false;
-    bool failed = false;        // a statement of the transaction under way
-    QElapsedTimer sinceRelease; // of the write lock
-
-    bool letGoJustNow() const { return sinceRelease.isValid() && sinceRelease.elapsed() < longestPause; }
-
-    QSqlDatabase database() const { return QSqlDatabase::database(name, false); }
-    QString savepoint(int depth) const { return u"level%1"_qs.arg(depth); }
-
-    [[noreturn]] void fail(const QSqlError& error) {
-        const Engine::Fault fault = engine->fault(error);
-        lost = lost || fault == Engine::Fault::Lost;
-        failed = true;
-        raise(fault, error);
-    }
-};
 
 Connection::Connection(ConnectionSettings settings)
     : m_settings(std::move(settings)), m_private(std::make_unique<Private>()) {
@@ -134,9 +94,20 @@ void Connection::ensureUsable() {
     if (!m_private->open) throw AppError(u"データベースが開かれていません。"_qs, u"Connection"_qs);
     if (m_private->lost)
         throw AppError(u"データベースとの接続が切れました。もう一度実行してください。"_qs, u"Connection"_qs);
-    if (m_private->failed && m_depth > 0)
+    if ((m_private->failed || m_private->ended) && m_depth > 0)
         throw AppError(u"前の処理が失敗したため、続けて実行できません。最初からやり直してください。"_qs,
                        u"Connection"_qs);
+}
+
+// A server that was started anew, or a line that was cut over night, is found out by the first command only.
+template <class Work> auto Connection::onceMoreIfLost(Work work) {
+    const bool known = m_private->lost;
+    try {
+        return work();
+    } catch (const AppError&) {
+        if (known || !m_private->lost || m_depth > 0) throw;
+    }
+    return work();
 }
 
 void Connection::reopen() {
@@ -170,8 +141,8 @@ qint64 Connection::execute(const QString& statement) {
     if (copyInto(statement, rows)) return rows;
     const QString engineStatement = m_private->engine->dialect().translate(statement);
     if (engineStatement.isEmpty()) return 0;
-    if (m_depth > 0 || m_private->engine->queuesForLocks()) return run(engineStatement);
-    Transaction transaction(*this); // which waits for its turn
+    if (m_depth > 0) return run(engineStatement);
+    Transaction transaction(*this); // which waits for its turn, and looks up a lost answer
     rows = run(engineStatement);
     transaction.commit();
     return rows;
@@ -186,13 +157,18 @@ Recordset Connection::querySoonest(const QString& statement) {
     return streamed(statement, engine.soonest(engine.dialect().translate(statement)));
 }
 
-Recordset Connection::streamed(const QString& statement, const QString& engineStatement) {
-    if (onStatement) onStatement(statement);
+QSqlQuery Connection::asked(const QString& engineStatement) {
     ensureUsable();
     finishStream();
     QSqlQuery query(m_private->database());
     query.setForwardOnly(true);
     if (!query.exec(engineStatement)) m_private->fail(query.lastError());
+    return query;
+}
+
+Recordset Connection::streamed(const QString& statement, const QString& engineStatement) {
+    if (onStatement) onStatement(statement);
+    QSqlQuery query = onceMoreIfLost([&] { return asked(engineStatement); });
     auto stream = std::make_shared<Recordset::Stream>(std::move(query));
     stream->onError = [state = m_private.get()](const QSqlError& error) { state->fail(error); };
     m_private->stream = stream;
@@ -205,10 +181,7 @@ QString Connection::scalar(const QString& statement) {
 }
 
 QString Connection::engineScalar(const QString& engineStatement) {
-    ensureUsable();
-    finishStream();
-    QSqlQuery query(m_private->database());
-    if (!query.exec(engineStatement)) m_private->fail(query.lastError());
+    QSqlQuery query = onceMoreIfLost([&] { return asked(engineStatement); });
     return query.next() ? query.value(0).toString() : QString();
 }
 
@@ -234,15 +207,22 @@ bool Connection::copyInto(const QString& statement, qint64& rows) {
 // --- transactions ---
 
 void Connection::begin() {
-    ensureUsable();
-    if (m_depth == 0) m_private->failed = false;
-    if (m_depth > 0)
+    if (m_depth > 0) {
+        ensureUsable();
         run(u"SAVEPOINT "_qs + m_private->savepoint(m_depth));
-    else if (m_private->engine->queuesForLocks())
+    } else {
+        m_private->failed = m_private->ended = false;
+        onceMoreIfLost([this] { beginOutermost(); });
+    }
+    ++m_depth;
+}
+
+void Connection::beginOutermost() {
+    ensureUsable();
+    if (m_private->engine->queuesForLocks())
         run(m_private->engine->beginTransaction());
     else
         beginInTurn();
-    ++m_depth;
 }
 
 // Who waits for a file's write lock can only try again and again. The engine's own way, up to ten times a second,
@@ -261,20 +241,73 @@ void Connection::beginInTurn() {
         taken = begun();
     }
     run(m_private->engine->waitForLocks(m_settings.timeout * 1000));
-    if (!taken) raise(m_private->engine->fault(query.lastError()), query.lastError());
+    if (!taken) Private::raise(m_private->engine->fault(query.lastError()), query.lastError());
 }
 
 void Connection::commit() {
     if (m_depth == 0) throw AppError(u"トランザクションが開始されていません。"_qs, u"Connection"_qs);
     ensureUsable();
-    run(m_depth == 1 ? u"COMMIT"_qs : u"RELEASE SAVEPOINT "_qs + m_private->savepoint(m_depth - 1));
-    if (--m_depth == 0) m_private->sinceRelease.start();
+    if (m_depth == 1) return commitOutermost();
+    run(u"RELEASE SAVEPOINT "_qs + m_private->savepoint(m_depth - 1));
+    --m_depth;
 }
+
+// --- a commit and its answer ---
+
+// A file that others are reading lets the commit be taken back in order; after any other failure the engine is asked
+// anew, as the data may be stored.
+void Connection::commitOutermost() {
+    const auto ask = [this](const QString& statement) { return engineScalar(statement); };
+    const QString sign = m_private->engine->signOfTransaction(ask);
+    finishStream();
+    const auto failure = m_private->attempt(u"COMMIT"_qs);
+    if (failure) {
+        const Engine::Fault fault = m_private->engine->fault(*failure);
+        if (fault == Engine::Fault::Busy || sign.isEmpty()) m_private->fail(*failure);
+        m_private->attempt(u"ROLLBACK"_qs); // in case it stands open still
+        m_private->lost = m_private->lost || fault == Engine::Fault::Lost;
+        m_private->ended = true;
+        if (!lookUp(sign)) Private::raise(fault, *failure);
+    }
+    m_depth = 0;
+    m_private->sinceRelease.start();
+}
+
+bool Connection::wasCommitted(const QString& sign) {
+    if (m_depth > 0) throw AppError(u"トランザクションの中では確認できません。"_qs, u"Connection"_qs);
+    return lookUp(sign);
+}
+
+// A server that is on its way back gets the time that one waits for a lock. The transaction itself stays begun, for its
+// guard to end.
+bool Connection::lookUp(const QString& sign) {
+    const QScopedValueRollback outside(m_depth, 0);
+    const auto ask = [this](const QString& statement) { return engineScalar(statement); };
+    const QDeadlineTimer deadline(std::chrono::seconds{m_settings.timeout});
+    do {
+        try {
+            const Engine::Outcome outcome = m_private->engine->outcome(sign, ask);
+            if (outcome != Engine::Outcome::UnderWay) return outcome == Engine::Outcome::Committed;
+        } catch (const AppError& error) {
+            writeLog(u"保存の確認："_qs + error.description());
+        }
+        QThread::msleep(pauseOfLookUp);
+    } while (!deadline.hasExpired());
+    throw CommitInDoubt(sign);
+}
+
+CommitInDoubt::CommitInDoubt(QString sign)
+    : AppError(u"データベースから返事がないため、保存が終わったかどうかを確認できません。\n"
+               u"一覧などで確かめてから、もう一度実行してください。"_qs,
+               u"Connection"_qs),
+      m_sign(std::move(sign)) {}
+
+// --- the end of transactions ---
 
 void Connection::rollback() {
     if (m_depth == 0) throw AppError(u"トランザクションが開始されていません。"_qs, u"Connection"_qs);
     --m_depth;
-    if (m_private->lost) return; // the server has rolled back already
+    if (m_private->lost || m_private->ended) return; // it has been rolled back already
     m_private->failed = false;
     if (m_depth == 0) {
         run(u"ROLLBACK"_qs);
@@ -305,114 +338,4 @@ Transaction::~Transaction() {
 void Transaction::commit() {
     m_connection.commit();
     m_open = false;
-}
-
-// --- tables ---
-
-QList<Schema::Column> Connection::columns(const QString& table) {
-    const Schema::Table* known = Schema::table(table);
-    ensureUsable();
-    finishStream();
-    QSqlQuery query(m_private->database());
-    query.setForwardOnly(true);
-    if (!query.exec(m_private->engine->columnNames(Schema::spelling(table)))) m_private->fail(query.lastError());
-    QList<Schema::Column> result;
-    while (query.next()) {
-        const QString name = query.value(0).toString();
-        const Schema::Column* column = known ? known->column(name) : nullptr;
-        result << (column ? *column : Schema::Column{name, Schema::LongText, 0});
-    }
-    if (result.isEmpty()) throw AppError(u"表 %1 が見つかりません。"_qs.arg(table), u"Connection"_qs);
-    return result;
-}
-
-bool Connection::tableExists(const QString& table) {
-    return m_private->database().tables().contains(Schema::spelling(table), Qt::CaseInsensitive);
-}
-
-void Connection::prepareNewDatabase() {
-    for (const QString& statement : m_private->engine->newDatabase()) engineExecute(statement);
-}
-
-void Connection::createTable(const Schema::Table& table, const QString& name) {
-    const QString tableName = name.isEmpty() ? table.name : name;
-    SqlDialect& dialect = m_private->engine->dialect();
-    QStringList parts;
-    for (const Schema::Column& column : table.columns) {
-        const bool issued = table.autoKey && table.key.first() == column.name;
-        QString line = dialect.name(column.name) + u' ' +
-                       (issued ? m_private->engine->autoKey() : m_private->engine->columnType(column));
-        if (!issued && table.key.contains(column.name)) line += u" NOT NULL"_qs;
-        parts << line;
-    }
-    if (!table.key.isEmpty() && !table.autoKey) {
-        QStringList key;
-        for (const QString& column : table.key) key << dialect.name(column);
-        parts << u"PRIMARY KEY ("_qs + key.join(u", "_qs) + u")"_qs;
-    }
-    engineExecute(u"CREATE TABLE %1 (%2)%3"_qs.arg(dialect.name(tableName), parts.join(u", "_qs),
-                                                   m_private->engine->tableSuffix()));
-    // A table without a key is an imported book, whose importer makes the indexes after the rows.
-    const bool imported = !name.isEmpty() && table.key.isEmpty();
-    for (const QStringList& index : imported ? QList<QStringList>() : table.indexes) {
-        QStringList quoted;
-        for (const QString& column : index) quoted << u'[' + column + u']';
-        execute(u"CREATE INDEX [IDX_%1_%2] ON [%1] (%3)"_qs.arg(tableName)
-                    .arg(table.indexes.indexOf(index) + 1)
-                    .arg(quoted.join(u", "_qs)));
-    }
-}
-
-qint64 Connection::copyRows(Connection& source, const QString& sourceTable, const QString& targetTable,
-                            const QString& where, const std::function<void(qint64)>& progress) {
-    const QList<Schema::Column> targetColumns = columns(targetTable);
-    const QList<Schema::Column> sourceColumns = source.columns(sourceTable);
-    SqlDialect& dialect = m_private->engine->dialect();
-    QStringList bracketed, names;
-    for (const Schema::Column& column : targetColumns) {
-        for (const Schema::Column& from : sourceColumns)
-            if (from.name == column.name) {
-                bracketed << u'[' + column.name + u']';
-                names << dialect.name(column.name);
-            }
-    }
-    QString select = u"SELECT %1 FROM [%2]"_qs.arg(bracketed.join(u", "_qs), sourceTable);
-    if (!where.isEmpty()) select += u" WHERE "_qs + where;
-    QSqlQuery insert(m_private->database());
-    const QStringList marks(names.size(), u"?"_qs);
-    finishStream();
-    if (!insert.prepare(u"INSERT INTO %1 (%2) VALUES (%3)"_qs.arg(dialect.name(Schema::spelling(targetTable)),
-                                                                  names.join(u", "_qs), marks.join(u", "_qs))))
-        m_private->fail(insert.lastError());
-    const Schema::Table* known = Schema::table(targetTable);
-    Recordset rows = source.query(select);
-    while (rows.next()) {
-        for (int i = 0; i < names.size(); ++i) {
-            const Schema::Column* column = known ? known->column(bracketed.at(i).mid(1).chopped(1)) : nullptr;
-            insert.bindValue(i, bindable(rows, i, column));
-        }
-        if (!insert.exec()) m_private->fail(insert.lastError());
-        if (progress && rows.position() % rowsPerBatch == 0) progress(rows.position());
-    }
-    if (progress) progress(rows.position());
-    return rows.position();
-}
-
-void Connection::advanceAutoKeys() {
-    for (const Schema::Table& table : Schema::tables()) {
-        if (!table.autoKey) continue;
-        const QString statement = m_private->engine->advanceAutoKey(table.name, table.key.first());
-        if (!statement.isEmpty()) engineScalar(statement);
-    }
-}
-
-void Connection::continueAutoKeys(Connection& source) {
-    for (const Schema::Table& table : Schema::tables()) {
-        if (!table.autoKey) continue;
-        const QString column = table.key.first();
-        const qint64 last = source.engineScalar(source.m_private->engine->lastAutoKey(table.name, column)).toLongLong();
-        if (last <= 0) continue;
-        for (const QString& statement : m_private->engine->setLastAutoKey(table.name, column, last))
-            engineExecute(statement);
-    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AppError.h"
 #include "db/ConnectionSettings.h"
 #include "db/Recordset.h"
 #include "db/Schema.h"
@@ -10,9 +11,23 @@
 #include <memory>
 
 class Engine;
+class QSqlQuery;
+
+// The answer to a commit was lost, and what became of it could not be found out yet. `sign` names the transaction.
+class CommitInDoubt : public AppError {
+public:
+    explicit CommitInDoubt(QString sign);
+    const QString& sign() const { return m_sign; }
+
+private:
+    QString m_sign;
+};
 
 // The one door to SQL. Statements are those of the system's own SQL (see `SqlDialect`). All failures rise as AppError
 // with a description in the operator's language; a password never stands in one.
+//
+// A connection that was lost is opened anew by the next command. What asks for rows or begins a transaction does so by
+// itself, as nothing can be done twice by it; the loss of a transaction under way is an error.
 class Connection {
 public:
     explicit Connection(ConnectionSettings settings);
@@ -38,8 +53,12 @@ public:
     // Transactions nest: inner levels are savepoints. After a failed statement a level can only be rolled back. The
     // outermost takes the write lock when it begins. A commit or rollback without a begin raises an error.
     void begin();
+    // When the answer to the outermost commit is lost, what became of it is looked up: it ends well when the data are
+    // stored, with an error when they are not, and with CommitInDoubt while neither can be told.
     void commit();
     void rollback();
+    // What became of a commit in doubt. Raises CommitInDoubt again as long as it cannot be told.
+    bool wasCommitted(const QString& sign);
     int transactionDepth() const { return m_depth; }
     // Within a transaction: waits for, and keeps to its end, the sole right to write to a table.
     void lockForWriting(const QString& table);
@@ -72,13 +91,18 @@ private:
     friend class Engine;
     struct Private;
 
+    template <class Work> auto onceMoreIfLost(Work work);
     void ensureUsable();
     void reopen();
     qint64 run(const QString& engineStatement);
     bool copyInto(const QString& statement, qint64& rows);
     void finishStream();
+    QSqlQuery asked(const QString& engineStatement);
     Recordset streamed(const QString& statement, const QString& engineStatement);
+    void beginOutermost();
     void beginInTurn();
+    void commitOutermost();
+    bool lookUp(const QString& sign);
 
     ConnectionSettings m_settings;
     std::unique_ptr<Private> m_private;

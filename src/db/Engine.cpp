@@ -3,7 +3,10 @@
 #include "base/AppError.h"
 
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QSqlQuery>
+
+#include <limits>
 
 namespace {
 
@@ -79,6 +82,18 @@ public:
         const bool isKey = code == 1555 || code == 2067 || code == 2579; // primary key, unique index, row id
         return isKey ? Fault::Duplicate : Fault::Other;
     }
+
+    // The file keeps a number for whoever uses it. A commit can fail after its journal went, when the folder is not
+    // synced; the data are there then, and with them the number.
+    QString signOfTransaction(const Ask& ask) const override {
+        const int number = QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max());
+        ask(u"PRAGMA user_version = %1"_qs.arg(number));
+        return QString::number(number);
+    }
+
+    Outcome outcome(const QString& sign, const Ask& ask) const override {
+        return ask(u"PRAGMA user_version"_qs) == sign ? Outcome::Committed : Outcome::Undone;
+    }
 };
 
 class PostgresEngine final : public Engine {
@@ -101,7 +116,10 @@ public:
 
     QStringList greeting(const ConnectionSettings& settings) const override {
         return {u"SET client_min_messages = warning"_qs, u"SET standard_conforming_strings = on"_qs,
-                u"SET datestyle = 'ISO, YMD'"_qs, u"SET lock_timeout = %1"_qs.arg(settings.timeout * 1000)};
+                u"SET datestyle = 'ISO, YMD'"_qs, u"SET lock_timeout = %1"_qs.arg(settings.timeout * 1000),
+                // The server's side of the same, so that a machine that is gone holds no lock for longer.
+                u"SET tcp_keepalives_idle = 5"_qs, u"SET tcp_keepalives_interval = 3"_qs,
+                u"SET tcp_keepalives_count = 3"_qs, u"SET tcp_user_timeout = 15000"_qs};
     }
 
     // Texts compare by code point, which the database's own order of letters must not change.
@@ -190,6 +208,18 @@ public:
         const bool lost = error.type() == QSqlError::ConnectionError || state.isEmpty() || state.startsWith(u"08") ||
                           state.startsWith(u"57P") || state == u"25006";
         return lost ? Fault::Lost : Fault::Other;
+    }
+
+    QString signOfTransaction(const Ask& ask) const override {
+        return ask(u"SELECT pg_current_xact_id_if_assigned()"_qs);
+    }
+
+    Outcome outcome(const QString& sign, const Ask& ask) const override {
+        const QString status = ask(u"SELECT pg_xact_status('%1')"_qs.arg(sign));
+        if (status != u"in progress"_qs) return status == u"committed"_qs ? Outcome::Committed : Outcome::Undone;
+        ask(u"SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+            u"WHERE backend_xid = '%1'::xid8::xid"_qs.arg(sign));
+        return Outcome::UnderWay;
     }
 
 private:

@@ -7,6 +7,7 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 
+#include <functional>
 #include <memory>
 
 // What differs between the engines beside the words of a statement: opening, types, locks, and the meaning of errors.
@@ -47,6 +48,15 @@ public:
 
     enum class Fault { Other, Busy, Lost, Duplicate };
     virtual Fault fault(const QSqlError& error) const = 0;
+
+    // --- a commit without an answer ---
+    // Gives the first field of a statement's first row.
+    using Ask = std::function<QString(const QString& engineStatement)>;
+    // What tells the transaction under way from all others, also after its end; empty when it has written nothing.
+    virtual QString signOfTransaction(const Ask& ask) const = 0;
+    // What became of it. One that is still under way belongs to a connection that is gone, and is ended.
+    enum class Outcome { Committed, Undone, UnderWay };
+    virtual Outcome outcome(const QString& sign, const Ask& ask) const = 0;
 
 protected:
     explicit Engine(std::unique_ptr<SqlDialect> dialect) : m_dialect(std::move(dialect)) {}

@@ -63,6 +63,18 @@ public:
 
     const Fields& fields() const { return m_fields; }
 
+    // All that a row holds, its stamps included, as one text: equal for equal rows alone.
+    QString rowText(const Record& record) const {
+        QStringList values;
+        for (const Field<Record>& field : m_fields) values << record.*field.member;
+        return values.join(u'\x1F');
+    }
+    QString rowTexts(const QList<Record>& rows) const {
+        QStringList texts;
+        for (const Record& row : rows) texts << rowText(row);
+        return texts.join(u'\x1E');
+    }
+
     // The columns of members, for statements of their own, conditions and orders.
     SqlColumn column(Member member) const {
         for (const Field<Record>& field : m_fields)

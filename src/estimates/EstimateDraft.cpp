@@ -18,6 +18,28 @@ namespace {
 
 const QString wholePrice = u"100"_qs;
 
+// The rows of an estimate.
+struct StoredEstimate {
+    clsCsEstimate header;
+    EstimateRows rows;
+    QList<clsCsEstAsk> asks;
+
+    bool read(const QString& EstId) {
+        if (!gCsEstimateManager.GetData(EstId, header)) return false;
+        rows = {gCsItemManager.rowsOf({EstId}), gCsMakeElmtManager.rowsOf({EstId}),
+                gCsCmpltElmtManager.rowsOf({EstId})};
+        asks = gCsEstAskManager.rowsOf({EstId});
+        return true;
+    }
+
+    QString text() const {
+        return QStringList{gCsEstimateManager.rowText(header), gCsItemManager.rowTexts(rows.items),
+                           gCsMakeElmtManager.rowTexts(rows.make), gCsCmpltElmtManager.rowTexts(rows.parts),
+                           gCsEstAskManager.rowTexts(asks)}
+            .join(u'\x1D');
+    }
+};
+
 // The save of one draft, step by step. A step that the operator refuses answers false.
 class Saver {
 public:
@@ -41,16 +63,20 @@ public:
 private:
     clsCsEstimate& estimate() { return m_draft.estimate; }
 
-    // Another machine may have stored the estimate since it was loaded.
+    // Another machine may have stored the estimate since it was loaded. The time of its save alone would not tell two
+    // saves of one second apart. A yes holds for the rows that it was given for.
     bool mayOverwrite() {
         m_connection.lockForWriting(gCsEstimateManager.table()); // so that nobody stores it between look and write
-        clsCsEstimate stored;
         if (estimate().EstId.isEmpty()) return true;
-        if (!gCsEstimateManager.GetData(estimate().EstId, stored))
+        StoredEstimate stored;
+        if (!stored.read(estimate().EstId))
             throw AppError(
                 u"この見積は他の端末で削除されています。\n「再来受付」で新しい見積にすると登録できます。"_qs);
-        if (stored.UpdDate == estimate().UpdDate) return true;
-        return ShowMessage(Message::QuestionNo, u"他の端末で更新されています。上書きしますか？"_qs) == AnswerYes;
+        const QString rows = stored.text();
+        if (rows == m_draft.storedRows) return true;
+        return AskingOutside::ask(u"overwrite "_qs + rows, [] {
+                   return ShowMessage(Message::QuestionNo, u"他の端末で更新されています。上書きしますか？"_qs);
+               }) == AnswerYes;
     }
 
     bool saveCustomer() {
@@ -207,6 +233,8 @@ void EstimateDraft::becomeNew() {
     estimate.EstNo.clear();
     estimate.UpdDate.clear();
     estimate.OpnPrtDate.clear();
+    storedRows.clear();
+    doubt = {};
     estimate.PriceSedYear = gPriceYear;
     for (ClaimRow& claim : claims) claim.ask.AskDate.clear();
 }
@@ -239,6 +267,17 @@ void EstimateDraft::clearEstimate(Clearing level) {
     estimate.Discount1 = estimate.Discount2 = estimate.Discount3 = wholePrice;
 }
 
+void EstimateDraft::takeIdentity(const EstimateDraft& before, const EstimateDraft& after) {
+    for (const auto member :
+         {&clsCsEstimate::EstId, &clsCsEstimate::EstNo, &clsCsEstimate::AddDate, &clsCsEstimate::UpdDate})
+        estimate.*member = after.estimate.*member;
+    storedRows = after.storedRows;
+    if (customer.CustId != before.customer.CustId || customer.CustSubId != before.customer.CustSubId) return;
+    for (const auto member : {&clsCustomer::CustId, &clsCustomer::CustSubId, &clsCustomer::CustNo})
+        customer.*member = after.customer.*member;
+    if (chart.ChartNo == before.chart.ChartNo) chart.ChartNo = after.chart.ChartNo;
+}
+
 void EstimateDraft::takeCurrentTax() { estimate.Tax = gSysSettingManager.value(Setting::Tax); }
 
 EstimateDraft newEstimate() {
@@ -257,34 +296,28 @@ SaveResult saveEstimate(Connection& connection, EstimateDraft& draft, const Conf
         ShowMessage(Message::NotSet, u"見積明細(基本・製作要素／完成要素)"_qs);
         return SaveResult::Refused;
     }
-    EstimateDraft saved;
-    const bool stored = AskingOutside::run(connection, [&] {
-        Saver saver(connection, draft, confirm);
-        if (!saver.run()) return false;
-        saved = saver.draft();
-        return true;
+    DraftSave::settle(connection, draft);
+    const bool stored = DraftSave::run<EstimateDraft>(connection, draft, [&](EstimateDraft& saved) {
+        Saver saver(connection, saved, confirm);
+        return saver.run() && loadEstimate(saver.draft().estimate.EstId, saved);
     });
-    if (!stored) return SaveResult::Refused;
-    draft = saved;
-    return SaveResult::Saved;
+    return stored ? SaveResult::Saved : SaveResult::Refused;
 }
 
 bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
     draft = {};
-    clsCsEstimate& estimate = draft.estimate;
-    if (!gCsEstimateManager.GetData(EstId, estimate)) return false;
+    StoredEstimate stored;
+    if (!stored.read(EstId)) return false;
+    draft.storedRows = stored.text();
+    clsCsEstimate& estimate = draft.estimate = stored.header;
     if (!estimate.CustId.isEmpty()) {
         gCustomerManager.GetData(estimate.CustId, estimate.CustSubId, draft.customer);
         gChartManager.GetData(estimate.CustId, estimate.CustSubId, estimate.ChartNo, draft.chart);
     }
     draft.orderCd = orderCodeOf(draft.chart);
-
-    draft.composition = composed(
-        {gCsItemManager.rowsOf({EstId}), gCsMakeElmtManager.rowsOf({EstId}), gCsCmpltElmtManager.rowsOf({EstId})});
-
-    const QList<clsCsEstAsk> asks = gCsEstAskManager.rowsOf({EstId});
-    for (const clsCsEstAsk& ask : asks) draft.claims << rowOf(ask);
-    if (!asks.isEmpty()) draft.partialPayment = asks.first().PayPrice;
+    draft.composition = composed(stored.rows);
+    for (const clsCsEstAsk& ask : stored.asks) draft.claims << rowOf(ask);
+    if (!stored.asks.isEmpty()) draft.partialPayment = stored.asks.first().PayPrice;
     draft.uncollected = estimate.ProcKbnNo == WorkStatus::Uncollected;
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "customers/clsChartManager.h"
 #include "customers/clsCustomerManager.h"
+#include "db/DraftSave.h"
 #include "estimates/EstimateAmounts.h"
 #include "estimates/EstimateComposition.h"
 
@@ -25,10 +26,12 @@ struct EstimateDraft {
     clsChart chart;
     QString orderCd;        // code of the ordering party as typed
     QList<ClaimRow> claims; // the rows of the insurance grid, empty ones included
-    clsCsEstimate estimate; // `UpdDate` is that of the last load
+    clsCsEstimate estimate;
     Composition composition;
     QString partialPayment;   // the advance payment, empty when not filled
     bool uncollected = false; // the operator's 未回収
+    QString storedRows;       // the estimate's own rows as they stood when it was loaded or saved; empty for a new one
+    SaveDoubt<EstimateDraft> doubt;
 
     QList<ClaimRow> usedClaims() const;
     // The claim lines as they are stored: numbered from 1, with the advance payment in the first.
@@ -47,6 +50,10 @@ struct EstimateDraft {
     enum class Clearing { Everything, ContentsAndDates, Dates };
     void clearEstimate(Clearing level);
     void takeCurrentTax();
+
+    // Is from now on the estimate that a save made (see DraftSave), with the contents as they are. Another person or
+    // case that was chosen since stays.
+    void takeIdentity(const EstimateDraft& before, const EstimateDraft& after);
 };
 
 // An estimate to be filled in: whole prices, the tax of the settings.
@@ -54,9 +61,10 @@ EstimateDraft newEstimate();
 
 enum class SaveResult { Saved, Refused };
 
-// Writes customer, chart, insurances, header, items, lines and claims in one transaction, or nothing. The numbers drawn
-// stand in the draft afterwards. Questions are put through `ShowMessage`; a refusal rolls back and leaves the draft as
-// it was; `confirm` asks about a customer who is stored otherwise. Failures rise after the rollback.
+// Writes customer, chart, insurances, header, items, lines and claims in one transaction, or nothing. Afterwards the
+// draft is what `loadEstimate` gives. Questions are put through `ShowMessage`: also when another machine has changed
+// the estimate since it was loaded. A refusal rolls back and leaves the draft as it was; `confirm` asks about a
+// customer who is stored otherwise. Failures rise after the rollback.
 SaveResult saveEstimate(Connection& connection, EstimateDraft& draft, const ConfirmUpdate& confirm);
 
 // Reads a stored estimate with all that hangs on it. False when there is no such estimate. Its amounts are those

@@ -1,6 +1,8 @@
 #include "ui/EditScreen.h"
 
+#include "base/AppError.h"
 #include "base/basMessage.h"
+#include "base/clsLogger.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -38,6 +40,21 @@ bool EditScreen::isEdited() const { return m_edited || IsAnyEdited(wrappers); }
 void EditScreen::clearEdited() {
     m_edited = false;
     ClearEdited(wrappers);
+}
+
+void EditScreen::showSaved(const std::function<void()>& show, const QString& message) {
+    QString failure;
+    try {
+        show();
+    } catch (const AppError& error) {
+        failure = error.description();
+        writeLog(u"保存後の表示："_qs + failure);
+    }
+    clearEdited();
+    ShowMessage(Message::Information, message);
+    if (!failure.isEmpty())
+        ShowMessage(Message::Warning,
+                    u"保存は終わっていますが、保存した内容を画面に表示し直せませんでした。\n"_qs + failure);
 }
 
 void EditScreen::cancel() {

@@ -48,6 +48,9 @@ protected:
     void noteEdit() { m_edited = true; }
     bool isEdited() const;
     void clearEdited();
+    // After a save that the screen stays open for: shows what is stored now, and tells it. The save stands when the
+    // showing fails, which is told by itself.
+    void showSaved(const std::function<void()>& show, const QString& message);
 
     void load() override;
     bool queryUnload() override;

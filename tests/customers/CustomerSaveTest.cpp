@@ -223,6 +223,116 @@ private slots:
         QCOMPARE(again.charts.first().chart.OrderNm, u"新中央病院"_qs);
     }
 
+    // --- another machine in between ---
+
+    void whatAnotherMachineChangedIsAskedAbout_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("telephone") << u"UPDATE [顧客情報] SET [電話] = '9'"_qs << u"\n\n他の端末の内容\n電話：9"_qs;
+        QTest::newRow("mail") << u"UPDATE [顧客情報] SET [EMAIL] = 'a@b'"_qs << u"\n\n他の端末の内容\nEMAIL：a@b"_qs;
+        QTest::newRow("age tier") << u"UPDATE [顧客情報] SET [価格区分] = '小人'"_qs
+                                  << u"\n\n他の端末の内容\n価格区分：小人"_qs;
+        QTest::newRow("time alone") << u"UPDATE [顧客情報] SET [更新日] = #2001/01/01#"_qs << QString();
+        QTest::newRow("law taken off") << u"DELETE FROM [顧客保険] WHERE [項番] = 2"_qs
+                                       << u"\n\n他の端末の内容\n保険（法別）"_qs;
+        QTest::newRow("chart") << u"UPDATE [顧客カルテ] SET [病名原因] = '別' WHERE [カルテNo] = 1"_qs
+                               << u"\n\n他の端末の内容\nカルテNo 1：[病名原因]"_qs;
+        QTest::newRow("chart taken off") << u"DELETE FROM [顧客カルテ] WHERE [カルテNo] = 2"_qs
+                                         << u"\n\n他の端末の内容\nカルテNo 2：削除"_qs;
+    }
+    void whatAnotherMachineChangedIsAskedAbout() {
+        QFETCH(QString, change);
+        QFETCH(QString, told);
+        const FixedClock clock(u"2026/04/01 9:00:00"_qs); // all of it in one second
+        CustomerDraft draft = stored();
+        m_database->another()->execute(change);
+        draft.customer.Addr1 = u"移転先"_qs;
+        MessageQueue messages({AnswerNo});
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Refused);
+        QCOMPARE(messages.texts(), QStringList(u"他の端末で更新されています。上書きしますか？"_qs + told));
+        QVERIFY(messages.requests().first().defaultIsNo);
+        QCOMPARE(scalar(u"SELECT [住所1] FROM [顧客情報]"_qs), QString());
+        messages.prepare(AnswerYes);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(scalar(u"SELECT [住所1] FROM [顧客情報]"_qs), u"移転先"_qs);
+        QCOMPARE(scalar(u"SELECT [電話] FROM [顧客情報]"_qs), u"1"_qs);
+        QCOMPARE(count(u"顧客保険"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ] WHERE [病名原因] IS NULL"_qs), u"2"_qs);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated); // its own save is no question
+        QCOMPARE(messages.unused(), 0);
+    }
+
+    void whatAnotherMachineAddedStaysWithoutAQuestion() {
+        CustomerDraft draft = stored();
+        const auto other = m_database->another();
+        const QString owner = draft.customer.CustId;
+        other->execute(
+            u"INSERT INTO [顧客カルテ] ([顧客ID], [顧客枝番], [カルテNo], [病名原因]) VALUES ('%1', 1, 3, '別')"_qs.arg(
+                owner));
+        other->execute(
+            u"INSERT INTO [顧客保険] ([顧客ID], [顧客枝番], [項番], [法別No]) VALUES ('%1', 1, 3, 7)"_qs.arg(owner));
+        draft.charts << chart(u"K-4"_qs);
+        MessageQueue messages;
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QVERIFY(messages.isEmpty());
+        QCOMPARE(scalar(u"SELECT [病名原因] FROM [顧客カルテ] WHERE [カルテNo] = 3"_qs), u"別"_qs);
+        QCOMPARE(scalar(u"SELECT [カルテ番号] FROM [顧客カルテ] WHERE [カルテNo] = 4"_qs), u"K-4"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客保険] WHERE [法別No] = 7"_qs), u"1"_qs);
+    }
+
+    void aYesHoldsForWhatWasAskedAboutAlone() {
+        CustomerDraft draft = stored();
+        const auto other = m_database->another();
+        other->execute(u"UPDATE [顧客情報] SET [電話] = '2'"_qs);
+        const auto before = seams().message;
+        QStringList asked;
+        seams().message = [&](const MessageBoxRequest& request) {
+            asked << request.text.section(u'\n', -1);
+            if (asked.size() == 1) other->execute(u"UPDATE [顧客情報] SET [電話] = '3'"_qs);
+            return qint16(asked.size() == 1 ? AnswerYes : AnswerNo);
+        };
+        const CustomerSaveResult result = saveCustomer(connection(), draft);
+        seams().message = before;
+        QCOMPARE(asked, QStringList({u"電話：2"_qs, u"電話：3"_qs}));
+        QCOMPARE(result, CustomerSaveResult::Refused);
+        QCOMPARE(scalar(u"SELECT [電話] FROM [顧客情報]"_qs), u"3"_qs);
+    }
+
+    void aChartThatAnOrderUsesIsKept() {
+        CustomerDraft draft = stored();
+        m_database->another()->execute(
+            u"INSERT INTO [顧客見積情報] ([見積ID], [顧客ID], [顧客枝番], [カルテNo]) VALUES ('1', '%1', 1, 2)"_qs.arg(
+                draft.customer.CustId));
+        draft.charts.clear();
+        MessageQueue messages;
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Updated);
+        QCOMPARE(messages.texts(), QStringList(u"カルテNo 2 は見積で使われているため、削除せずに残します。"_qs));
+        QCOMPARE(scalar(u"SELECT [カルテ番号] FROM [顧客カルテ]"_qs), u"K-2"_qs);
+        QCOMPARE(draft.charts.size(), 1);
+    }
+
+    void aCustomerDeletedElsewhereIsAskedAbout() {
+        CustomerDraft draft = stored();
+        m_database->another()->execute(u"DELETE FROM [顧客情報]"_qs);
+        MessageQueue messages({AnswerNo, AnswerYes});
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Refused);
+        QCOMPARE(count(u"顧客情報"_qs), u"0"_qs);
+        QCOMPARE(saveCustomer(connection(), draft), CustomerSaveResult::Added);
+        QCOMPARE(messages.texts().last(), u"この顧客は他の端末で削除されています。もう一度登録しますか？"_qs);
+        QCOMPARE(count(u"顧客情報"_qs), u"1"_qs);
+    }
+
+    void aNewBranchAsksNothingAndTakesNothingOff() {
+        CustomerDraft draft = stored();
+        m_database->another()->execute(u"UPDATE [顧客情報] SET [電話] = '2'"_qs);
+        draft.charts.removeLast();
+        MessageQueue messages;
+        QCOMPARE(saveCustomer(connection(), draft, CustomerSaveAs::NewBranch), CustomerSaveResult::Added);
+        QVERIFY(messages.isEmpty());
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ] WHERE [顧客枝番] = 1"_qs), u"2"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ] WHERE [顧客枝番] = 2"_qs), u"1"_qs);
+    }
+
     void failureRollsEverythingBack() {
         CustomerDraft draft = newPerson();
         draft.laws << u"no number"_qs;

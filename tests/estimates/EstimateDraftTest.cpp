@@ -283,6 +283,51 @@ private slots:
         QCOMPARE(scalar(u"SELECT [見積名称] FROM [顧客見積情報]"_qs), u"後の保存"_qs);
     }
 
+    // The time of a save has no parts of a second.
+    void twoSavesOfOneSecondAreToldApart_data() {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("header") << u"UPDATE [顧客見積情報] SET [見積名称] = '先'"_qs;
+        QTest::newRow("line") << u"UPDATE [顧客見積基本製作要素] SET [価格] = 1 WHERE [要素No] = 1"_qs;
+        QTest::newRow("claim") << u"UPDATE [顧客見積請求] SET [入金日] = #2026/04/01#"_qs;
+        QTest::newRow("item") << u"DELETE FROM [顧客見積種目]"_qs;
+    }
+    void twoSavesOfOneSecondAreToldApart() {
+        QFETCH(QString, change);
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        m_database->another()->execute(change);
+        m_answers << AnswerNo << AnswerYes;
+        QCOMPARE(save(draft), SaveResult::Refused);
+        QCOMPARE(m_messages, QStringList(u"他の端末で更新されています。上書きしますか？"_qs));
+        QCOMPARE(save(draft), SaveResult::Saved);
+        QCOMPARE(save(draft), SaveResult::Saved); // its own save is no question
+        QCOMPARE(m_messages.size(), 2);
+    }
+
+    void afterASaveTheDraftIsTheStoredOne() {
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        EstimateDraft read;
+        QVERIFY(loadEstimate(draft.estimate.EstId, read));
+        QCOMPARE(draft.storedRows, read.storedRows);
+        QCOMPARE(draft.estimate.UpdDate, read.estimate.UpdDate);
+        QCOMPARE(draft.chart.ChartNo, read.chart.ChartNo);
+        QCOMPARE(draft.customer.AddDate, read.customer.AddDate);
+    }
+
+    // The editor shows neither of them, so that it must not put back what it had loaded.
+    void mailAndAgeTierOfAnotherMachineStay() {
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        m_database->another()->execute(u"UPDATE [顧客情報] SET [EMAIL] = 'a@b', [価格区分] = '小人'"_qs);
+        draft.customer.Addr1 = u"移転先"_qs;
+        m_confirm = [](const clsCustomer&, const clsCustomer&) { return CustomerUpdate::Overwrite; };
+        QCOMPARE(save(draft), SaveResult::Saved);
+        m_confirm = nullptr;
+        QCOMPARE(scalar(u"SELECT [EMAIL] FROM [顧客情報] WHERE [住所1] = '移転先'"_qs), u"a@b"_qs);
+        QCOMPARE(scalar(u"SELECT [価格区分] FROM [顧客情報]"_qs), u"小人"_qs);
+    }
+
     void linesFollowTheirItemsThroughALoad() {
         EstimateDraft draft = braceOrder();
         ComposedItem second = draft.composition.item(1);

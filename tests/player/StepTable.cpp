@@ -15,6 +15,12 @@ bool isOn(const QString& word) {
     throw StepFailure{word, u"on or off"_qs};
 }
 
+bool isFull(const QString& word) {
+    if (word == u"full") return true;
+    if (word == u"free") return false;
+    throw StepFailure{word, u"full or free"_qs};
+}
+
 bool isYes(const QString& word) {
     if (word == u"yes") return true;
     if (word == u"no") return false;
@@ -26,6 +32,17 @@ int number(const QString& word) {
     const int value = word.toInt(&valid);
     if (!valid) throw StepFailure{word, u"a whole number"_qs};
     return value;
+}
+
+CutLine::Cut cutOf(const QString& word) {
+    static const QHash<QString, CutLine::Cut> cuts{{u"closed"_qs, CutLine::Cut::Closed},
+                                                   {u"reset"_qs, CutLine::Cut::Reset},
+                                                   {u"answers"_qs, CutLine::Cut::Answers},
+                                                   {u"commit"_qs, CutLine::Cut::Commit},
+                                                   {u"commit-answer"_qs, CutLine::Cut::CommitAnswer}};
+    const auto cut = cuts.find(word);
+    if (cut == cuts.end()) throw StepFailure{word, QStringList(cuts.keys()).join(u", "_qs)};
+    return *cut;
 }
 
 // A statement may stand as it is or as one quoted word.
@@ -42,6 +59,17 @@ QList<StepKind> preparing() {
          [](Player& p, const Step&, const Args& a) { p.setClock(a.at(0)); }},
         {u"sql"_qs, u"STATEMENT"_qs, u"run a statement of the system's SQL on a connection of its own"_qs, 1, -1,
          Prepares, [](Player& p, const Step& s, const Args& a) { p.office().execute(statement(s, a, 1)); }},
+        {u"line"_qs, u"on|off"_qs,
+         u"server only, first before start: the program goes over a line that takes connections or refuses them"_qs, 1,
+         1, Prepares, [](Player& p, const Step&, const Args& a) { p.office().line().take(isOn(a.at(0))); }},
+        {u"cut"_qs, u"HOW"_qs,
+         u"cut that line: closed, reset, answers; at the next commit: commit (it is lost), commit-answer"_qs, 1, 1,
+         Prepares, [](Player& p, const Step&, const Args& a) { p.office().line().cut(cutOf(a.at(0))); }},
+        {u"disk"_qs, u"full|free"_qs, u"on a small disk of the test's own: take all room that is left, give it back"_qs,
+         1, 1, Prepares,
+         [](Player& p, const Step&, const Args& a) {
+             isFull(a.at(0)) ? p.office().fillDisk() : p.office().freeDisk();
+         }},
         {u"load sample"_qs,
          {},
          u"fill the new database with the sample office and its price list"_qs,

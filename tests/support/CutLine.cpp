@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -91,6 +92,7 @@ void CutLine::run() {
         give(m_done[1], command);
     }
     for (const Way& way : m_ways) end(way);
+    for (const int server : m_left) close(server);
 }
 
 void CutLine::accept() {
@@ -107,13 +109,16 @@ bool CutLine::forward(Way& way, bool fromClient) {
     std::array<char, 65536> bytes;
     const ssize_t size = recv(fromClient ? way.client : way.server, bytes.data(), bytes.size(), 0);
     if (size <= 0) return false;
-    if (way.mute && !fromClient) return false;
+    const bool commits = fromClient && std::string_view(bytes.data(), size).find("COMMIT") != std::string_view::npos;
+    if (commits && way.planned == Cut::CommitAnswer) way.planned = Cut::Answers;
+    if (commits && (way.planned == Cut::Commit || way.planned == Cut::CommitSilently)) return false;
+    if (way.planned == Cut::Answers && !fromClient) return false;
     return send(fromClient ? way.server : way.client, bytes.data(), size, MSG_NOSIGNAL) == size;
 }
 
 void CutLine::obey(Cut how) {
-    if (how == Cut::Answers) {
-        for (Way& way : m_ways) way.mute = true;
+    if (how != Cut::Closed && how != Cut::Reset) {
+        for (Way& way : m_ways) way.planned = how;
         return;
     }
     // With nothing left to linger for, closing is a reset.
@@ -127,5 +132,8 @@ void CutLine::obey(Cut how) {
 
 void CutLine::end(const Way& way) {
     close(way.client);
-    close(way.server);
+    if (way.planned == Cut::CommitSilently)
+        m_left.push_back(way.server);
+    else
+        close(way.server);
 }

@@ -156,6 +156,11 @@ void frmCustomer::removeChart() {
         },
         [&](frmCustomerChart& screen) { confirmed = screen.Updated; });
     if (!confirmed) return;
+    if (gChartManager.IsUsed(chosen->chart)) {
+        ShowMessage(Message::Warning,
+                    u"カルテNo %1 は見積で使われているため、削除できません。"_qs.arg(chosen->chart.ChartNo));
+        return;
+    }
     m_draft.charts.removeAt(chosen - m_draft.charts.data());
     noteEdit();
     showCharts();
@@ -173,6 +178,7 @@ bool frmCustomer::save(CustomerSaveAs as) {
         return false;
     }
     if (saveCustomer(gDbManager.Connection(), draft, as) == CustomerSaveResult::Refused) return false;
+    m_draft.takeIdentity(m_draft, draft); // a further press, if any, is about this one
     CustId = draft.customer.CustId;
     CustSubId = draft.customer.CustSubId;
     Updated = true;

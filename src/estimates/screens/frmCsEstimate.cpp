@@ -220,28 +220,31 @@ EstimateDraft frmCsEstimate::collect() const {
 
 // --- saving ---
 
-bool frmCsEstimate::save() {
-    if (!leaveField()) return false;
-    EstimateDraft draft = collect();
+std::optional<EstimateDraft> frmCsEstimate::store() {
+    if (!leaveField()) return std::nullopt;
+    const EstimateDraft entered = collect();
+    EstimateDraft stored = entered;
     SetWaitCursor(true);
     const SaveResult result =
-        saveEstimate(gDbManager.Connection(), draft, [this](const clsCustomer& stored, const clsCustomer& typed) {
-            return frmCsUpdConf::ask(this, stored, typed);
+        saveEstimate(gDbManager.Connection(), stored, [this](const clsCustomer& known, const clsCustomer& typed) {
+            return frmCsUpdConf::ask(this, known, typed);
         });
     SetWaitCursor(false);
-    if (result != SaveResult::Saved) return false;
+    if (result != SaveResult::Saved) return std::nullopt;
+    m_draft.takeIdentity(entered, stored); // a further press is about this one
     Updated = true;
-    EstId = draft.estimate.EstId;
-    return true;
+    EstId = stored.estimate.EstId;
+    setMode(Edit);
+    clearEdited();
+    return stored;
 }
 
 void frmCsEstimate::execute() {
-    if (!save()) return;
     const bool isNew = EditMode == Add;
-    setMode(Edit);
-    showStored();
-    ShowMessage(Message::Information,
-                isNew ? u"見積番号:"_qs + m_draft.estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
+    const auto stored = store();
+    if (!stored) return;
+    showSaved([&] { showDraft(*stored); },
+              isNew ? u"見積番号:"_qs + stored->estimate.EstNo + u" で新規登録しました。"_qs : u"保存しました。"_qs);
 }
 
 bool frmCsEstimate::removeStored() {

@@ -4,6 +4,8 @@
 #include "estimates/screens/EstimatePrinting.h"
 #include "ui/EditScreen.h"
 
+#include <optional>
+
 namespace Ui {
 class frmCsEstimate;
 }
@@ -29,7 +31,7 @@ protected:
     void fillLists() override;
     QWidget* firstField() const override;
     void showStored() override;
-    bool save() override;
+    bool save() override { return store().has_value(); }
     bool removeStored() override;
 
 private:
@@ -48,6 +50,9 @@ private:
     // The estimate as it stands on the screen, without lines that no item carries any more.
     EstimateDraft collect() const;
     QStringList tiers() const;
+
+    // What is stored afterwards, also when more goes wrong; nothing when the save was refused.
+    std::optional<EstimateDraft> store();
 
     // --- commands ---
     void execute();
