@@ -1,8 +1,11 @@
 #include "base/Csv.h"
 
 #include "base/AppError.h"
-#include "base/Numbers.h"
 #include "base/Text.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace Csv {
 
@@ -50,9 +53,28 @@ QString quotedLine(const QStringList& fields) {
     return quoted.join(u',');
 }
 
+namespace {
+
+// Spreadsheets pass over blanks and control characters ahead of a formula.
+QString withoutBlanksAhead(const QString& field) {
+    const auto start = std::find_if(field.begin(), field.end(),
+                                    [](QChar c) { return !c.isSpace() && c.category() != QChar::Other_Control; });
+    return field.mid(start - field.begin());
+}
+
+// A sign without anything to work on, and a number or telephone number behind its sign.
+bool isNoFormula(const QString& text) {
+    static const QRegularExpression signsAlone(u"^[=+\\-@＝＋－＠\\s]*\\z"_qs);
+    static const QRegularExpression number(u"^[+\\-＋－][0-9０-９.][0-9０-９.()（）\\-－ ]*\\z"_qs);
+    return signsAlone.match(text).hasMatch() || number.match(text).hasMatch();
+}
+
+} // namespace
+
 QString harmless(const QString& field) {
-    static const QString signs = u"=+-@＝＋－＠"_qs;
-    if (field.isEmpty() || !signs.contains(field.front()) || isPlainNumber(field)) return field;
+    static const QString signs = u"=+-@＝＋－"_qs;
+    const QString text = withoutBlanksAhead(field);
+    if (text.isEmpty() || !signs.contains(text.front()) || isNoFormula(text)) return field;
     return u'\'' + field;
 }
 
@@ -66,7 +88,7 @@ void Writer::line(const QStringList& fields) {
     const QString text = quotedLine(safe) + u"\r\n"_qs;
     if (m_encoding == Encoding::Cp932)
         if (const QStringList missing = Text::missingInCp932(text); !missing.isEmpty())
-            throw AppError(u"Shift_JIS にない文字があります。\n%1\n%2"_qs.arg(missing.join(u'、'), text), u"Csv"_qs);
+            throw AppError(u"Shift_JIS にない文字があります。\n"_qs + missing.join(u'、'), u"Csv"_qs);
     m_file.write(m_encoding == Encoding::Utf8 ? text.toUtf8() : Text::toCp932(text));
 }
 

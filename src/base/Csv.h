@@ -12,8 +12,8 @@ namespace Csv {
 QList<QStringList> read(const QString& text);
 // One line without its end; every field in quotes.
 QString quotedLine(const QStringList& fields);
-// The field so that no spreadsheet takes it for a formula: one that begins with = + - or @ and is no number gets an
-// apostrophe in front.
+// The field so that no spreadsheet takes it for a formula: one that begins with = + - or @, also behind blanks, gets an
+// apostrophe in front. A sign alone, a number and a telephone number stay as they are.
 QString harmless(const QString& field);
 
 enum class Encoding { Cp932, Utf8 };

@@ -30,8 +30,8 @@ bool askPath(QString& path, FileDialogRequest& request) {
     const QString chosen = seams().saveFile(request);
     if (chosen.isEmpty()) return false;
     const qsizetype separator = chosen.lastIndexOf(QDir::separator());
-    profile.SaveValue(u"SaveFile"_qs, u"EstCsvPath"_qs, chosen.left(separator + 1));
-    profile.SaveValue(u"SaveFile"_qs, u"EstCsvFile"_qs, chosen.mid(separator + 1));
+    profile.Remember(u"SaveFile"_qs,
+                     {{u"EstCsvPath"_qs, chosen.left(separator + 1)}, {u"EstCsvFile"_qs, chosen.mid(separator + 1)}});
     path = chosen;
     return true;
 }
@@ -55,16 +55,19 @@ void CsvLacking::add(const CsvRow& row) {
     ++m_row;
     for (int i = 0; i < row.fields.size(); ++i)
         if (const QStringList missing = Text::missingInCp932(row.fields.at(i)); !missing.isEmpty())
-            m_places << u"%1行目（%2） %3：%4"_qs.arg(formatThousands(m_row), row.whose, m_columns.at(i),
-                                                      missing.join(u'、'));
+            m_places << Place{u"%1行目"_qs.arg(formatThousands(m_row)), row.whose,
+                              u"%1：%2"_qs.arg(m_columns.at(i), missing.join(u'、'))};
 }
 
 QString CsvLacking::told() const {
-    const QString first = m_places.first(qMin(m_places.size(), mostTold)).join(u'\n');
-    if (m_places.size() <= mostTold) return first;
-    // The log is written in the same code page as the file.
-    for (const QString& place : m_places) writeLog(u"Shift_JIS にない文字 "_qs + Text::withCodePoints(place));
-    return first +
+    QStringList first;
+    for (const Place& place : m_places.first(qMin(m_places.size(), mostTold)))
+        first << u"%1（%2） %3"_qs.arg(place.row, place.whose, place.what);
+    if (m_places.size() <= mostTold) return first.join(u'\n');
+    // The log is written in the same code page as the file, and names no person.
+    for (const Place& place : m_places)
+        writeLog(u"Shift_JIS にない文字 "_qs + Text::withCodePoints(place.row + u' ' + place.what));
+    return first.join(u'\n') +
            u"\nほか %1か所（すべての箇所はログに記録しました）"_qs.arg(formatThousands(m_places.size() - mostTold));
 }
 

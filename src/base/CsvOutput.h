@@ -24,12 +24,17 @@ public:
 
     void add(const CsvRow& row);
     bool isEmpty() const { return m_places.isEmpty(); }
-    // The first of them in words for the operator, one a line, and how many more there are; then the log is given all.
+    // The first of them in words for the operator, one a line, and how many more there are; then the log is given all,
+    // without the persons.
     QString told() const;
 
 private:
+    struct Place {
+        QString row, whose, what;
+    };
+
     QStringList m_columns;
-    QStringList m_places;
+    QList<Place> m_places;
     qint64 m_row = 0;
 };
 

@@ -38,6 +38,11 @@ std::optional<QDateTime> dateOf(int year, int month, int day, const QTime& time 
     return QDateTime(date, time);
 }
 
+// What is typed earlier than this is a slip.
+bool mayBeTyped(const QDate& date) { return date.isValid() && date >= QDate(1753, 1, 1); }
+
+std::optional<QDate> typed(const QDate& date) { return mayBeTyped(date) ? std::optional(date) : std::nullopt; }
+
 QString twoDigits(int value) { return QString::number(value).rightJustified(2, u'0'); }
 
 } // namespace
@@ -53,20 +58,18 @@ std::optional<QDateTime> parseDate(const QString& text) {
 
 std::optional<QDate> parseTypedDate(const QString& text) {
     const QString narrow = Text::toHalfWidth(text).trimmed();
-    if (const auto date = parseDate(narrow)) return date->date();
+    if (const auto date = parseDate(narrow)) return typed(date->date());
     static const QRegularExpression digits(u"^(\\d{4})(\\d{2})(\\d{2})$"_qs);
     if (const auto match = digits.match(narrow); match.hasMatch()) {
-        const QDate date(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
-        return date.isValid() ? std::optional(date) : std::nullopt;
+        return typed(QDate(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt()));
     }
     static const QRegularExpression era(
         u"^([rhstmRHSTM])(?:(\\d{2})(\\d{2})(\\d{2})|(\\d{1,2})[./-](\\d{1,2})[./-](\\d{1,2}))$"_qs);
     const auto match = era.match(narrow);
     if (!match.hasMatch()) return std::nullopt;
     const int first = match.captured(2).isEmpty() ? 5 : 2;
-    const QDate date(eraBaseYear(match.captured(1).at(0)) + match.captured(first).toInt(),
-                     match.captured(first + 1).toInt(), match.captured(first + 2).toInt());
-    return date.isValid() ? std::optional(date) : std::nullopt;
+    return typed(QDate(eraBaseYear(match.captured(1).at(0)) + match.captured(first).toInt(),
+                       match.captured(first + 1).toInt(), match.captured(first + 2).toInt()));
 }
 
 QString dateText(const QDateTime& value) {
@@ -124,7 +127,7 @@ QString CheckDate(const QString& text) {
         date = date.left(4) + u'/' + date.mid(4, 2) + u'/' + date.mid(6);
     }
     const auto parsed = parseDate(date);
-    return parsed && parsed->date() >= QDate(1753, 1, 1) ? date : QString();
+    return parsed && mayBeTyped(parsed->date()) ? date : QString();
 }
 
 qint16 CalcAge(const QString& fromDate, const QString& toDate) {

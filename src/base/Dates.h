@@ -10,7 +10,8 @@
 
 // A date text in any of the forms that the system writes or reads (2005/3/1, 2005-03-01, with or without a time).
 std::optional<QDateTime> parseDate(const QString& text);
-// What an operator types into a date field: the above, 20050301, h170301, R6.4.1, also in full width.
+// What an operator types into a date field: the above, 20050301, h170301, R6.4.1, also in full width. Nothing before
+// 1753/01/01.
 std::optional<QDate> parseTypedDate(const QString& text);
 // "2005/03/01", with " 9:05:00" behind it when the time is not midnight.
 QString dateText(const QDateTime& value);

@@ -3,7 +3,7 @@
 #include "base/AppError.h"
 #include "base/Numbers.h"
 
-#include <cmath>
+#include <limits>
 
 Money Money::yen(qint64 value) {
     qint64 scaled = 0;
@@ -40,7 +40,7 @@ Money Money::leadingNumber(const QString& text) {
 }
 
 Money Money::parse(const QString& text) {
-    if (!isPlainNumber(text)) throw Errors::typeMismatch(u"Money"_qs);
+    if (!isPlainNumber(narrowNumber(text))) throw Errors::typeMismatch(u"Money"_qs);
     return leadingNumber(text);
 }
 
@@ -61,6 +61,18 @@ QString Money::toText() const {
     QString decimals = QString::number(rest).rightJustified(4, u'0');
     while (decimals.endsWith(u'0')) decimals.chop(1);
     return text + u'.' + decimals;
+}
+
+qint64 Money::percentage(const QString& percent, qint64 yen) {
+    constexpr __int128 whole = 100 * Scale;
+    const __int128 product = static_cast<__int128>(leadingNumber(percent).m_value) * yen;
+    __int128 result = product / whole;
+    const __int128 rest = product % whole;
+    const __int128 twice = 2 * (rest < 0 ? -rest : rest);
+    if (twice > whole || (twice == whole && result % 2 != 0)) result += product < 0 ? -1 : 1;
+    if (result > std::numeric_limits<qint64>::max() || result < std::numeric_limits<qint64>::min())
+        throw Errors::overflow(u"Money"_qs);
+    return static_cast<qint64>(result);
 }
 
 Money Money::operator+(Money other) const {

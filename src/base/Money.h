@@ -19,6 +19,10 @@ public:
     // A text that is a number as a whole; anything else, the empty text included, raises a type error.
     static Money parse(const QString& text);
 
+    // So many percent (the leading number of a text, with up to four decimals) of whole yen, in whole yen with ties to
+    // even; computed in decimals, as binary fractions miss the ties.
+    static qint64 percentage(const QString& percent, qint64 yen);
+
     qint64 tenThousandths() const { return m_value; }
     double toDouble() const { return static_cast<double>(m_value) / Scale; }
     // Whole yen, rounded with ties to even.

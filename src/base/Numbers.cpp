@@ -5,6 +5,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -15,13 +16,18 @@ bool IsNumericText(const QString& text, bool whenEmpty) {
     return form.match(trimmed).hasMatch();
 }
 
+QString narrowNumber(const QString& text) {
+    const bool isNarrow = std::all_of(text.begin(), text.end(), [](QChar sign) { return sign.unicode() < 0x80; });
+    return isNarrow ? text : Text::toNarrowLetters(text);
+}
+
 bool isPlainNumber(const QString& text) {
     static const QRegularExpression form(u"^[+-]?(?:[0-9]+(?:\\.[0-9]*)?|\\.[0-9]+)$"_qs);
     return form.match(text.trimmed()).hasMatch();
 }
 
 QString leadingNumberText(const QString& text) {
-    QString plain = text;
+    QString plain = narrowNumber(text);
     plain.remove(u',');
     static const QRegularExpression form(u"^\\s*([+-]?(?:[0-9]+(?:\\.[0-9]*)?|\\.[0-9]+))"_qs);
     return form.match(plain).captured(1);
@@ -49,13 +55,15 @@ qint16 ToInt16(double value) {
 }
 
 qint32 ToInt(const QString& text) {
-    if (!isPlainNumber(text)) throw Errors::typeMismatch(u"ToInt"_qs);
-    return ToInt(text.trimmed().toDouble());
+    const QString number = narrowNumber(text).trimmed();
+    if (!isPlainNumber(number)) throw Errors::typeMismatch(u"ToInt"_qs);
+    return ToInt(number.toDouble());
 }
 
 qint16 ToInt16(const QString& text) {
-    if (!isPlainNumber(text)) throw Errors::typeMismatch(u"ToInt16"_qs);
-    return ToInt16(text.trimmed().toDouble());
+    const QString number = narrowNumber(text).trimmed();
+    if (!isPlainNumber(number)) throw Errors::typeMismatch(u"ToInt16"_qs);
+    return ToInt16(number.toDouble());
 }
 
 QString numberText(double value) {

@@ -6,6 +6,9 @@
 
 // True when the text holds digits, signs, commas and points only; an empty text gives `whenEmpty`.
 bool IsNumericText(const QString& text, bool whenEmpty);
+// A number typed in full width (digits, signs, point and comma) as it is read: in half width. Full-width digits count
+// wherever a text is read as a number.
+QString narrowNumber(const QString& text);
 // True for one well-formed decimal number such as "12", "-3.5" (no separators, no exponent, no blanks inside).
 bool isPlainNumber(const QString& text);
 // The number at the start of a text, thousands separators taken out: "1,234円" gives "1234"; empty when there is none.

@@ -11,10 +11,12 @@ QString platformPath(const QString& path) {
     return native.replace(u'\\', QDir::separator());
 }
 
-QString ResolvePath(const QString& path) {
+QString ResolvePath(const QString& path) { return ResolvePath(path, programFolder()); }
+
+QString ResolvePath(const QString& path, const QString& folder) {
     const QString native = platformPath(Text::rightTrimmed(path));
     if (native.isEmpty() || QDir::isAbsolutePath(native)) return native;
     static const QRegularExpression drive(u"^[A-Za-z]:"_qs);
     if (drive.match(native).hasMatch()) return native;
-    return QDir(programFolder()).filePath(native);
+    return QDir(folder).filePath(native);
 }

@@ -2,6 +2,8 @@
 
 #include "base/AppError.h"
 
+#include <QRegularExpression>
+
 #include <unicode/brkiter.h>
 #include <unicode/translit.h>
 #include <unicode/uchar.h>
@@ -201,10 +203,65 @@ QStringList phrases(const QString& text) {
     return found;
 }
 
+namespace {
+
+// The units of the sign at a place: two for a pair, one for all else, also for half of a pair.
+int unitsAt(const QString& text, qsizetype place) {
+    const bool pair =
+        text.at(place).isHighSurrogate() && place + 1 < text.size() && text.at(place + 1).isLowSurrogate();
+    return pair ? 2 : 1;
+}
+
+} // namespace
+
 QString first(const QString& text, int signs) {
     qsizetype units = 0;
-    for (int i = 0; i < signs && units < text.size(); ++i) units += text.at(units).isHighSurrogate() ? 2 : 1;
+    for (int i = 0; i < signs && units < text.size(); ++i) units += unitsAt(text, units);
     return text.left(units);
+}
+
+qsizetype signs(const QString& text) {
+    qsizetype count = 0;
+    for (qsizetype place = 0; place < text.size(); place += unitsAt(text, place)) ++count;
+    return count;
+}
+
+namespace {
+
+qsizetype loneHalfFrom(const QString& text, qsizetype start) {
+    for (qsizetype place = start; place < text.size(); place += unitsAt(text, place))
+        if (text.at(place).isSurrogate() && unitsAt(text, place) == 1) return place;
+    return -1;
+}
+
+} // namespace
+
+qsizetype loneHalf(const QString& text) { return loneHalfFrom(text, 0); }
+
+QString wholeSigns(const QString& text) {
+    QString whole = text;
+    for (qsizetype place = loneHalf(whole); place >= 0; place = loneHalfFrom(whole, place + 1))
+        whole[place] = QChar::ReplacementCharacter;
+    return whole;
+}
+
+namespace {
+
+QString withoutControls(QString text) {
+    for (qsizetype place = loneHalf(text); place >= 0; place = loneHalfFrom(text, place + 1)) text[place] = QChar::Null;
+    text.replace(u'\t', u' ');
+    text.removeIf([](QChar sign) { return sign.category() == QChar::Other_Control; });
+    return text.trimmed();
+}
+
+} // namespace
+
+QString oneLine(const QString& text) {
+    static const QRegularExpression lineEnds(u"[\\n\\r\\x0B\\x0C\\x{85}\\x{2028}\\x{2029}]"_qs);
+    QString line;
+    for (const QString& part : text.split(lineEnds))
+        if (line = withoutControls(part); !line.isEmpty()) break;
+    return line;
 }
 
 QString rightTrimmed(const QString& text) {

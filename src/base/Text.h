@@ -36,6 +36,15 @@ QStringList phrases(const QString& text);
 
 // So many signs from the beginning; one that takes two units counts once and stays whole.
 QString first(const QString& text, int signs);
+// How many signs a text has.
+qsizetype signs(const QString& text);
+// Where half of a sign of two units stands alone, which no encoding has a form for; -1: nowhere.
+qsizetype loneHalf(const QString& text);
+// The text with the sign U+FFFD in the place of each lone half.
+QString wholeSigns(const QString& text);
+// What a field of one line takes from a text of any shape, such as the cell of a spreadsheet: its first line that holds
+// something, without blanks around it and without control characters and lone halves.
+QString oneLine(const QString& text);
 
 // Without blanks at its end (also ideographic ones are kept: only U+0020 counts).
 QString rightTrimmed(const QString& text);

@@ -7,8 +7,10 @@
 #include <QDir>
 
 QString FormatZip(const QString& text) {
-    if (text.contains(u'-') || text.size() < 4) return text;
-    return text.left(3) + u'-' + text.mid(3);
+    constexpr int ahead = 3;
+    if (text.contains(u'-') || Text::signs(text) <= ahead) return text;
+    const QString head = Text::first(text, ahead);
+    return head + u'-' + text.mid(head.size());
 }
 
 QString JoinWithSpace(const QString& first, const QString& second) {
@@ -18,11 +20,12 @@ QString JoinWithSpace(const QString& first, const QString& second) {
     return head.isEmpty() ? tail : head + u'\u3000' + tail;
 }
 
-QString GetDbFilePath() {
-    const clsProfile profile;
+QString GetDbFilePath() { return GetDbFilePath(clsProfile()); }
+
+QString GetDbFilePath(const clsProfile& profile) {
     const QString folder = profile.GetPath(u"DB"_qs, u"Path"_qs, QString());
     const QString file = profile.GetValue(u"DB"_qs, u"Database"_qs, QString());
-    return folder.isEmpty() ? file : QDir(folder).filePath(file);
+    return QDir(folder.isEmpty() ? profile.Folder() : folder).filePath(file);
 }
 
 QString GetDefaultBackupFolder() { return QDir(programFolder()).filePath(u"backup"_qs); }

@@ -1,7 +1,6 @@
 #include "base/clsLogger.h"
 
 #include "base/Dates.h"
-#include "base/Numbers.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/clsProfile.h"
@@ -9,12 +8,14 @@
 #include <QDir>
 #include <QFile>
 
+#include <limits>
+
 std::unique_ptr<clsLogger> gLogger;
 bool gSqlLogEnabled = false;
 
 namespace {
 
-void prune(const QString& folder, qint16 days) {
+void prune(const QString& folder, qint64 days) {
     const QString limit = currentDate().addDays(-days).toString(u"yyyyMMdd"_qs);
     QDir directory(folder.isEmpty() ? u"."_qs : folder);
     for (const QString& name : directory.entryList({u"Log*.txt"_qs}, QDir::Files))
@@ -26,7 +27,8 @@ void prune(const QString& folder, qint16 days) {
 clsLogger::clsLogger() {
     const clsProfile profile;
     const QString folder = profile.GetPath(u"Log"_qs, u"Path"_qs);
-    const qint16 days = ToInt16(profile.GetValue(u"Log"_qs, u"SaveDays"_qs, u"0"_qs));
+    const qint64 days = profile.GetNumber(u"Log"_qs, u"SaveDays"_qs, 0, std::numeric_limits<qint16>::min(),
+                                          std::numeric_limits<qint16>::max());
     const QString name = u"Log"_qs + currentDate().toString(u"yyyyMMdd"_qs) + u".txt"_qs;
     m_file = folder.isEmpty() ? name : QDir(folder).filePath(name);
     if (!folder.isEmpty()) QDir().mkpath(folder);
@@ -35,7 +37,8 @@ clsLogger::clsLogger() {
 
 void clsLogger::WriteLog(const QString& message) const {
     QFile file(m_file);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) return;
+    // A new one is for its owner alone: it tells who worked on which order.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append, QFile::ReadOwner | QFile::WriteOwner)) return;
     const QString stamp = formatDate(currentDateTime(), u"yyyy/mm/dd hh:nn:ss"_qs);
     file.write(Text::toCp932(u"\"%1\",\"%2\"\r\n"_qs.arg(stamp, message)));
 }

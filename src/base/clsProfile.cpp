@@ -1,24 +1,59 @@
 #include "base/clsProfile.h"
 
 #include "base/AppError.h"
+#include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/WholeFile.h"
+#include "base/basMessage.h"
 
 #include <QByteArrayList>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QStringDecoder>
+#include <QtNumeric>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int longestValue = 1000; // bytes, as the profile reader of the platform hands them out
 
+// Whether bytes that are more than ASCII are UTF-8. A few texts of the code page could pass for it; a Japanese sign of
+// three bytes among them is too much of a coincidence.
+bool isUtf8(const QByteArray& bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder.decode(bytes);
+    return !decoder.hasError() && std::any_of(text.begin(), text.end(), [](QChar sign) {
+        return (sign >= u'\u3000' && sign <= u'\u9FFF') || (sign >= u'\uFF01' && sign <= u'\uFF9F');
+    });
+}
+
+bool isUtf16(const QByteArray& bytes) {
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF")) return true;
+    // Every other byte of its signs is a zero.
+    return bytes.size() >= 4 && ((bytes[0] == 0 && bytes[2] == 0) || (bytes[1] == 0 && bytes[3] == 0));
+}
+
+// An editor that saves in another encoding would turn every Japanese path into an unknown one.
+void refuseOtherEncodings(const QString& path, const QByteArray& bytes) {
+    const bool sixteen = isUtf16(bytes);
+    if (!sixteen && !bytes.startsWith("\xEF\xBB\xBF") && !isUtf8(bytes)) return;
+    throw AppError(u"INIﾌｧｲﾙが %1 で保存されています。Shift_JIS（ANSI）で保存し直してください。\n%2"_qs.arg(
+                       sixteen ? u"UTF-16"_qs : u"UTF-8"_qs, path),
+                   u"clsProfile"_qs);
+}
+
 // The lines as bytes: what is not understood goes back as it came, whatever its spelling.
 QByteArrayList readLines(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw AppError(u"INIﾌｧｲﾙが見つかりません。"_qs, u"clsProfile"_qs);
-    QByteArrayList lines = file.readAll().split('\n');
+    const QByteArray bytes = file.readAll();
+    refuseOtherEncodings(path, bytes);
+    QByteArrayList lines = bytes.split('\n');
     for (QByteArray& line : lines)
         if (line.endsWith('\r')) line.chop(1);
     while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
@@ -80,11 +115,34 @@ QString unquoted(const QString& value) {
 
 // Cutting bytes may split a double-byte character; its half is dropped, never read as another one.
 QString cutToBytes(const QString& value) {
-    const QByteArray bytes = Text::toCp932(value);
-    if (bytes.size() < longestValue) return value;
-    QString cut = value;
-    while (Text::cp932Length(cut) > longestValue - 1) cut.chop(cut.back().isLowSurrogate() ? 2 : 1);
-    return cut;
+    if (Text::cp932Length(value) < longestValue) return value;
+    int room = longestValue - 1;
+    qsizetype end = 0;
+    while (end < value.size()) {
+        const QString sign = Text::first(value.mid(end, 2), 1);
+        room -= Text::cp932Length(sign);
+        if (room < 0) break;
+        end += sign.size();
+    }
+    return value.left(end);
+}
+
+QByteArray keyLine(const QString& key, const QString& value) {
+    return Text::toCp932(key + u'=' + QString(value).replace(u'\n', u' ').remove(u'\r'));
+}
+
+void setValue(QByteArrayList& lines, const QString& section, const QString& key, const QString& value) {
+    const Range range = findSection(lines, section);
+    const qsizetype at = findKey(lines, range, key);
+    if (at >= 0) {
+        lines[at] = keyLine(key, value);
+    } else if (range.found()) {
+        qsizetype end = range.end;
+        while (end > range.heading + 1 && lines.at(end - 1).trimmed().isEmpty()) --end;
+        lines.insert(end, keyLine(key, value));
+    } else {
+        lines << Text::toCp932(u'[' + section + u']') << keyLine(key, value);
+    }
 }
 
 } // namespace
@@ -95,6 +153,8 @@ clsProfile::clsProfile(QString file) : m_path(std::move(file)) {
     if (!QFile::exists(m_path)) throw AppError(u"INIﾌｧｲﾙが見つかりません。"_qs, u"clsProfile"_qs);
 }
 
+QString clsProfile::Folder() const { return QFileInfo(m_path).path(); }
+
 void clsProfile::DeleteSection(const QString& section) const {
     QByteArrayList lines = readLines(m_path);
     const Range range = findSection(lines, section);
@@ -104,20 +164,24 @@ void clsProfile::DeleteSection(const QString& section) const {
 }
 
 void clsProfile::SaveValue(const QString& section, const QString& key, const QString& value) const {
+    write(section, {{key, value}});
+}
+
+void clsProfile::write(const QString& section, const Values& values) const {
     QByteArrayList lines = readLines(m_path);
-    const QByteArray line = Text::toCp932(key + u'=' + QString(value).replace(u'\n', u' ').remove(u'\r'));
-    Range range = findSection(lines, section);
-    const qsizetype at = findKey(lines, range, key);
-    if (at >= 0) {
-        lines[at] = line;
-    } else if (range.found()) {
-        qsizetype end = range.end;
-        while (end > range.heading + 1 && lines.at(end - 1).trimmed().isEmpty()) --end;
-        lines.insert(end, line);
-    } else {
-        lines << Text::toCp932(u'[' + section + u']') << line;
-    }
+    for (const auto& [key, value] : values) setValue(lines, section, key, value);
     writeLines(m_path, lines);
+}
+
+void clsProfile::Remember(const QString& section, const Values& values) const {
+    static QSet<QString> told;
+    try {
+        write(section, values);
+    } catch (const AppError&) {
+        if (told.contains(m_path)) return;
+        told.insert(m_path);
+        ReportError();
+    }
 }
 
 QString clsProfile::GetValue(const QString& section, const QString& key, const QString& defaultValue) const {
@@ -128,6 +192,19 @@ QString clsProfile::GetValue(const QString& section, const QString& key, const Q
     return cutToBytes(unquoted(line.mid(line.indexOf(u'=') + 1).trimmed()));
 }
 
+qint64 clsProfile::GetNumber(const QString& section, const QString& key, qint64 defaultValue, qint64 least,
+                             qint64 most) const {
+    const QString value = GetValue(section, key, QString::number(defaultValue));
+    const QString number = narrowNumber(value).remove(u',').trimmed();
+    const double rounded = isPlainNumber(number) ? roundHalfEven(number.toDouble()) : qQNaN();
+    if (rounded >= static_cast<double>(least) && rounded <= static_cast<double>(most))
+        return static_cast<qint64>(rounded);
+    throw AppError(
+        u"データ型が一致しません。\nINIﾌｧｲﾙの [%1] の %2（%3）には %4 から %5 までの整数を指定してください。"_qs.arg(
+            section, key, value.isEmpty() ? u"空"_qs : value, QString::number(least), QString::number(most)),
+        u"clsProfile"_qs, 13);
+}
+
 QString clsProfile::GetPath(const QString& section, const QString& key, const QString& defaultValue) const {
-    return ResolvePath(GetValue(section, key, defaultValue));
+    return ResolvePath(GetValue(section, key, defaultValue), Folder());
 }

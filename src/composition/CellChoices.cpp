@@ -13,6 +13,7 @@ void clearFrom(Cells& row, int first, int last) {
     for (qsizetype column = first; column <= end; ++column) row[column].clear();
 }
 
-SqlTerm isId(const QString& id) {
+SqlTerm isId(const QString& typed) {
+    const QString id = narrowNumber(typed);
     return u"[ID] = "_qs + (isPlainNumber(id) && !id.contains(u'.') && id.size() < 10 ? id : u"-1"_qs);
 }

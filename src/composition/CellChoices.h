@@ -24,5 +24,5 @@ bool holds(const CellChoices& choices, const QString& value);
 void clearFrom(Cells& row, int first, int last = -1);
 
 // "[ID] = n" for a typed ID; nothing that a table can hold when it is no number.
-SqlTerm isId(const QString& id);
+SqlTerm isId(const QString& typed);
 inline const QString byId = u"[ID]"_qs;

@@ -85,7 +85,7 @@ void clearBehind(Cells& row, int column) {
 
 CellChoices choices(const Cells& row, int column) {
     if (column == RowId) return priceItems();
-    if (!isFilledUpTo(row, qMin(column, int(PickStyle)))) return {};
+    if (!isFilledUpTo(row, column)) return {};
     QList<clsPriceItem> items;
     switch (column) {
     case Item:

@@ -48,7 +48,8 @@ void LineRules::edited(Cells& row, int column, const QString& before, const Line
         if (takeRowId(row)) price(row, context);
     } else if (isText) {
         if (!row.at(rowId).isEmpty() && !ownsRowId(row, column, context)) row[rowId].clear();
+        const QString pricedBefore = row.at(text->pricedBy);
         if (text->narrow) text->narrow(row, context);
-        price(row, context);
+        if (text->pricedBy == 0 || row.at(text->pricedBy) != pricedBefore) price(row, context);
     }
 }

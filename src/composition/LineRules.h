@@ -27,6 +27,7 @@ struct LineRules {
     struct Text {
         void (*narrow)(Cells&, const LineContext&); // none: nothing depends on it but the price
         bool needed;                                // without it the line has no price and nothing to its right
+        int pricedBy = 0; // the column that alone makes another price of it; 0: every edit does
     };
 
     ItemLines lines;

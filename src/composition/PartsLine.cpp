@@ -4,6 +4,8 @@
 #include "price/PriceManagers.h"
 #include "price/basPriceLookup.h"
 
+#include <algorithm>
+
 // The complete part lines.
 
 namespace {
@@ -38,15 +40,19 @@ CellChoices idChoices(const LineContext& context) {
     return choices;
 }
 
-// Codes with their makers, or the makers of the row's code.
+// Codes with their makers, or makers with their codes, each once.
 CellChoices partChoices(const Cells& row, int column, const LineContext& context) {
     CellChoices choices;
+    const bool byCode = column == PartsCd;
     for (const clsPriceParts& part : partsOf(row, context)) {
-        const bool byCode = column == PartsCd;
-        if (!byCode && part.PartsCd != row.at(PartsCd)) continue;
         const QString value = byCode ? part.PartsCd : part.MakerNm;
-        choices << CellChoice{value, value,
-                              QStringList{byCode ? part.MakerNm : part.PartsCd, priceOf(part)}.join(u'／')};
+        const QString detail = QStringList{byCode ? part.MakerNm : part.PartsCd, priceOf(part)}.join(u'／');
+        const auto known = std::find_if(choices.begin(), choices.end(),
+                                        [&](const CellChoice& choice) { return choice.value == value; });
+        if (known == choices.end())
+            choices << CellChoice{value, value, detail};
+        else
+            known->detail += u"、"_qs + detail;
     }
     return choices;
 }
@@ -76,6 +82,7 @@ bool ownsRowId(const Cells& row, int column, const LineContext& context) {
     QList<SqlTerm> terms{isId(row.at(RowId)), usable(context), has(&Row::Name, row.at(PartsNm))};
     if (column >= Form) terms << has(&Row::Form, row.at(Form));
     if (column >= PartsCd) terms << u"IIF(ISNULL([部品コード]), '', [部品コード]) = "_qs + sqlText(row.at(PartsCd));
+    if (column >= MakerNm && !row.at(MakerNm).isEmpty()) terms << has(&Row::MakerNm, row.at(MakerNm));
     return !parts(terms).isEmpty();
 }
 
@@ -115,6 +122,14 @@ void narrowCode(Cells& row, const LineContext& context) {
     narrowMaker(row, context);
 }
 
+// The code of the row's maker: the one that stands there, or the first that the maker has.
+void narrowCodeOfMaker(Cells& row, const LineContext& context) {
+    QStringList codes;
+    for (const clsPriceParts& part : partsOf(row, context))
+        if (part.MakerNm == row.at(MakerNm)) codes << part.PartsCd;
+    if (!codes.isEmpty() && !codes.contains(row.at(PartsCd))) row[PartsCd] = codes.first();
+}
+
 void narrowForm(Cells& row, const LineContext& context) {
     const CellChoices list = choices(row, Form, context);
     if (list.size() == 1)
@@ -131,14 +146,16 @@ Money lookUp(const Cells& row, const LineContext& context, const QString&, qint1
 } // namespace
 
 const LineRules& partsRules() {
-    static const LineRules rules{
-        &ComposedItem::parts,
-        Suryo,
-        false,
-        {{PartsNm, {narrowForm, true}}, {Form, {narrowCode, true}}, {PartsCd, {narrowMaker, false}}},
-        choices,
-        takeRowId,
-        ownsRowId,
-        lookUp};
+    static const LineRules rules{&ComposedItem::parts,
+                                 Suryo,
+                                 false,
+                                 {{PartsNm, {narrowForm, true}},
+                                  {Form, {narrowCode, true}},
+                                  {PartsCd, {narrowMaker, false}},
+                                  {MakerNm, {narrowCodeOfMaker, false, PartsCd}}},
+                                 choices,
+                                 takeRowId,
+                                 ownsRowId,
+                                 lookUp};
     return rules;
 }

@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 #include "base/clsLogger.h"
+#include "db/FailureWords.h"
 #include "db/RecordsetStream.h"
 #include "db/SelectInto.h"
 
@@ -22,8 +23,8 @@ void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shor
 
 } // namespace
 
-void Connection::Private::raise(Engine::Fault fault, const QSqlError& error) {
-    const QString words = error.databaseText().trimmed();
+void Connection::Private::raise(Engine::Fault fault, const QSqlError& error) const {
+    const QString words = failureWords(provider, error);
     switch (fault) {
     case Engine::Fault::Busy:
         throw AppError(u"データベースは他の端末が使用中です。しばらく待ってから、もう一度実行してください。"_qs,
@@ -41,6 +42,7 @@ void Connection::Private::raise(Engine::Fault fault, const QSqlError& error) {
 Connection::Connection(ConnectionSettings settings)
     : m_settings(std::move(settings)), m_private(std::make_unique<Private>()) {
     m_private->engine = Engine::make(m_settings.provider);
+    m_private->provider = m_settings.provider;
 }
 
 Connection::~Connection() { close(); }
@@ -60,7 +62,7 @@ void Connection::open() {
             database.setNumericalPrecisionPolicy(QSql::HighPrecision);
             if (!database.open())
                 throw AppError(u"データベースに接続できません。\n%1\n%2"_qs.arg(
-                                   m_settings.description(), database.lastError().databaseText().trimmed()),
+                                   m_settings.description(), failureWords(m_settings.provider, database.lastError())),
                                u"Connection"_qs);
             if (!m_settings.administration) m_private->engine->check(database);
         } catch (...) {
@@ -241,7 +243,7 @@ void Connection::beginInTurn() {
         taken = begun();
     }
     run(m_private->engine->waitForLocks(m_settings.timeout * 1000));
-    if (!taken) Private::raise(m_private->engine->fault(query.lastError()), query.lastError());
+    if (!taken) m_private->raise(m_private->engine->fault(query.lastError()), query.lastError());
 }
 
 void Connection::commit() {
@@ -267,7 +269,7 @@ void Connection::commitOutermost() {
         m_private->attempt(u"ROLLBACK"_qs); // in case it stands open still
         m_private->lost = m_private->lost || fault == Engine::Fault::Lost;
         m_private->ended = true;
-        if (!lookUp(sign)) Private::raise(fault, *failure);
+        if (!lookUp(sign)) m_private->raise(fault, *failure);
     }
     m_depth = 0;
     m_private->sinceRelease.start();

@@ -1,14 +1,16 @@
 #include "db/ConnectionSettings.h"
 
 #include "base/AppError.h"
-#include "base/Numbers.h"
-#include "base/Paths.h"
 #include "base/Text.h"
+#include "base/basCommon.h"
 #include "base/clsProfile.h"
 
-#include <QDir>
+#include <limits>
 
 namespace {
+
+// The engines take a time-out as milliseconds in 32 bits.
+constexpr qint64 longestTimeout = std::numeric_limits<qint32>::max() / 1000;
 
 Provider providerOf(const QString& name) {
     if (name.compare(u"SQLite"_qs, Qt::CaseInsensitive) == 0) return Provider::SQLite;
@@ -26,16 +28,13 @@ ConnectionSettings ConnectionSettings::fromProfile(const clsProfile& profile) {
     settings.provider = providerOf(profile.GetValue(section, u"Provider"_qs));
     settings.user = profile.GetValue(section, u"UserId"_qs, u"Admin"_qs);
     settings.password = profile.GetValue(section, u"PassWd"_qs);
-    settings.timeout = ToInt(profile.GetValue(section, u"ConnectionTimeout"_qs, u"5"_qs));
+    settings.timeout = profile.GetNumber(section, u"ConnectionTimeout"_qs, 5, 0, longestTimeout);
     settings.database = profile.GetValue(section, u"Database"_qs);
     if (settings.provider == Provider::PostgreSQL) {
         settings.path = Text::rightTrimmed(profile.GetValue(section, u"Path"_qs));
         return settings;
     }
-    const QString folder = QFileInfo(profile.Path())
-                               .dir()
-                               .filePath(platformPath(Text::rightTrimmed(profile.GetValue(section, u"Path"_qs))));
-    settings.path = QDir(folder).filePath(settings.database);
+    settings.path = GetDbFilePath(profile);
     return settings;
 }
 

@@ -14,10 +14,11 @@ struct ConnectionSettings {
     QString database;
     QString user;
     QString password;
-    int timeout = 5;             // seconds
+    qint64 timeout = 5;          // seconds to wait for others, 0: not at all
     bool administration = false; // for making databases: any database of the server will do
 
-    // Section `DB` of an INI file. An unknown provider or a time-out that is no number raises an error.
+    // Section `DB` of an INI file. An unknown provider, or a time-out that is no number or beyond its limits, raises an
+    // error that names its key.
     static ConnectionSettings fromProfile(const clsProfile& profile);
     static ConnectionSettings sqliteFile(const QString& file);
 

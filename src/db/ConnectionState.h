@@ -16,6 +16,7 @@ inline constexpr int longestPause = 10; // milliseconds, of who leaves a write l
 // What the parts of the connection share.
 struct Connection::Private {
     std::unique_ptr<Engine> engine;
+    Provider provider = Provider::SQLite;
     QString name = QUuid::createUuid().toString();
     std::weak_ptr<Recordset::Stream> stream;
     bool open = false;
@@ -37,7 +38,7 @@ struct Connection::Private {
     }
 
     // In the operator's words.
-    [[noreturn]] static void raise(Engine::Fault fault, const QSqlError& error);
+    [[noreturn]] void raise(Engine::Fault fault, const QSqlError& error) const;
     [[noreturn]] void fail(const QSqlError& error) {
         const Engine::Fault fault = engine->fault(error);
         lost = lost || fault == Engine::Fault::Lost;

@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 #include "base/Dates.h"
+#include "base/Text.h"
 #include "db/RecordsetStream.h"
 
 #include <QSqlDriver>
@@ -14,7 +15,7 @@ constexpr int rowsPerBatch = 500;
 // A field as a value to bind: both engines read numbers and dates from text.
 QVariant bindable(const Recordset& rows, int index, const Schema::Column* column) {
     if (rows.isNull(index)) return QVariant(QMetaType(QMetaType::QString));
-    const QString text = rows.value(index);
+    const QString text = Text::wholeSigns(rows.value(index));
     if (!column || !column->isDate()) return text;
     const auto moment = parseDate(text);
     const bool timed = moment && moment->time() != QTime(0, 0);

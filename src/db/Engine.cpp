@@ -39,7 +39,9 @@ public:
 
     QString beginTransaction() const override { return u"BEGIN IMMEDIATE"_qs; }
     bool queuesForLocks() const override { return false; }
-    QString waitForLocks(int milliseconds) const override { return u"PRAGMA busy_timeout = %1"_qs.arg(milliseconds); }
+    QString waitForLocks(qint64 milliseconds) const override {
+        return u"PRAGMA busy_timeout = %1"_qs.arg(milliseconds);
+    }
     QString lockTable(const QString&) const override { return {}; }
 
     QString columnType(const Schema::Column& column) const override {
@@ -110,13 +112,14 @@ public:
         database.setDatabaseName(settings.database);
         database.setUserName(settings.user);
         database.setPassword(settings.password);
-        database.setConnectOptions(u"connect_timeout=%1;application_name=Halvane;"_qs.arg(qMax(settings.timeout, 2)) +
+        database.setConnectOptions(u"connect_timeout=%1;application_name=Halvane;"_qs.arg(qMax<qint64>(settings.timeout, 2)) +
                                    signsOfLife);
     }
 
+    // To the server a limit of 0 is none at all.
     QStringList greeting(const ConnectionSettings& settings) const override {
         return {u"SET client_min_messages = warning"_qs, u"SET standard_conforming_strings = on"_qs,
-                u"SET datestyle = 'ISO, YMD'"_qs, u"SET lock_timeout = %1"_qs.arg(settings.timeout * 1000),
+                u"SET datestyle = 'ISO, YMD'"_qs, u"SET lock_timeout = %1"_qs.arg(qMax<qint64>(settings.timeout * 1000, 1)),
                 // The server's side of the same, so that a machine that is gone holds no lock for longer.
                 u"SET tcp_keepalives_idle = 5"_qs, u"SET tcp_keepalives_interval = 3"_qs,
                 u"SET tcp_keepalives_count = 3"_qs, u"SET tcp_user_timeout = 15000"_qs};

@@ -30,7 +30,7 @@ public:
     virtual QString beginTransaction() const = 0;
     // Whether who waits for a lock gets it in turn; if not, the statement that sets how long one waits.
     virtual bool queuesForLocks() const { return true; }
-    virtual QString waitForLocks(int) const { return {}; }
+    virtual QString waitForLocks(qint64) const { return {}; }
     // Empty when the transaction itself holds the lock.
     virtual QString lockTable(const QString& table) const = 0;
     virtual QString columnType(const Schema::Column& column) const = 0;

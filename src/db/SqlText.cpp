@@ -7,7 +7,7 @@
 #include <algorithm>
 
 QString SqlQuote(const QString& text, bool forLike) {
-    QString quoted = text;
+    QString quoted = Text::wholeSigns(text);
     quoted.replace(u"'"_qs, u"''"_qs);
     if (!forLike) return quoted;
     for (const QString& sign : {u"["_qs, u"%"_qs, u"_"_qs, u"-"_qs}) quoted.replace(sign, u'[' + sign + u']');
@@ -15,7 +15,7 @@ QString SqlQuote(const QString& text, bool forLike) {
 }
 
 QString sqlNumber(const QString& value) {
-    const QString number = value.trimmed();
+    const QString number = narrowNumber(value).trimmed();
     if (!isPlainNumber(number)) throw Errors::typeMismatch(u"SQL"_qs);
     return number;
 }

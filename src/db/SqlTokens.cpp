@@ -1,6 +1,7 @@
 #include "db/SqlTokens.h"
 
 #include "base/AppError.h"
+#include "base/Text.h"
 
 #include <QSet>
 
@@ -18,6 +19,8 @@ public:
     explicit Tokenizer(const QString& statement) : m_text(statement) {}
 
     QList<SqlToken> run() {
+        // An engine would read half of a sign together with what follows, be it the quote that ends a text.
+        if (const qsizetype half = Text::loneHalf(m_text); half >= 0) fail(u"使えない文字があります。"_qs, half);
         QList<SqlToken> tokens;
         for (skipBlanks(); m_at < m_text.size(); skipBlanks()) tokens << next();
         tokens << SqlToken{SqlToken::End, {}, m_text.size()};

@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 #include "base/Dates.h"
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "db/SqlDialect.h"
 
 #include <utility>
@@ -370,12 +371,12 @@ QString SqlTranslator::likeOf(const SqlToken& token) const {
         } else if (c != u'[') {
             escaped += c;
         } else {
-            if (i + 2 >= pattern.size() || pattern.at(i + 2) != u']')
+            const QString sign = Text::first(pattern.mid(i + 1, 2), 1);
+            i += sign.size() + 1;
+            if (sign.isEmpty() || i >= pattern.size() || pattern.at(i) != u']')
                 raiseSqlError(u"LIKE の [ ] が正しくありません。"_qs, token);
-            const QChar sign = pattern.at(i + 1);
-            if (sign == u'%' || sign == u'_' || sign == u'\\') escaped += u'\\';
+            if (sign == u"%" || sign == u"_" || sign == u"\\") escaped += u'\\';
             escaped += sign;
-            i += 2;
         }
     }
     return m_dialect.likePattern(escaped);

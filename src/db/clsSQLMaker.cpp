@@ -64,7 +64,7 @@ QString clsSQLMaker::rendered(const Entry& entry, bool isKey) {
     case Schema::Integer:
     case Schema::Double:
     case Schema::Currency:
-        return numberOf(text, entry.type);
+        return numberOf(narrowNumber(text), entry.type);
     case Schema::Date:
         if (!isKey && text.toUpper().contains(u"NOW"_qs)) return u"NOW()"_qs;
         if (!parseDate(text)) throw Errors::typeMismatch(u"clsSQLMaker"_qs);

@@ -6,7 +6,13 @@
 
 namespace {
 
-qint32 discountOf(const QString& text) { return IsNumericText(text, false) ? ToInt16(Val(text)) : 100; }
+// A number as it is stored, in half width; else what stands for none.
+QString storedNumber(const QString& text, const QString& whenNone) {
+    const QString number = narrowNumber(text).remove(u',').trimmed();
+    return isPlainNumber(number) ? number : whenNone;
+}
+
+qint32 discountOf(const QString& text) { return ToInt16(Val(storedDiscount(text))); }
 
 // Each line is rounded as it is added.
 qint32 totalOf(const QStringList& amounts) {
@@ -20,23 +26,19 @@ qint32 totalOf(const QStringList& amounts) {
 EstimateAmounts recalcAmounts(const Percentages& percentages, const QStringList& makeElements,
                               const QStringList& completeParts) {
     EstimateAmounts amounts;
-    const double tax = IsNumericText(percentages.tax, false) ? Val(percentages.tax) : 0;
+    const double tax = Val(storedTax(percentages.tax));
     CalcAmounts(totalOf(makeElements), totalOf(completeParts), discountOf(percentages.discount1),
                 discountOf(percentages.discount2), discountOf(percentages.discount3), tax, amounts.makeElements,
                 amounts.completeParts, amounts.tax, amounts.total);
     return amounts;
 }
 
-QString storedDiscount(const QString& text) {
-    return IsNumericText(text, false) ? Text::rightTrimmed(text) : u"100"_qs;
-}
+QString storedDiscount(const QString& text) { return storedNumber(text, u"100"_qs); }
 
-QString storedTax(const QString& text) { return IsNumericText(text, false) ? Text::rightTrimmed(text) : u"0"_qs; }
+QString storedTax(const QString& text) { return storedNumber(text, u"0"_qs); }
 
 Money sumOfAmounts(const QStringList& amounts) {
     Money sum;
     for (const QString& amount : amounts) sum += Money::leadingNumber(amount);
     return sum;
 }
-
-qint32 percentageOf(const QString& percent, qint32 remainder) { return ToInt(Val(percent) / 100 * remainder); }

@@ -35,6 +35,3 @@ QString storedTax(const QString& text);
 
 // The sum of amounts as texts, an empty one counting 0.
 Money sumOfAmounts(const QStringList& amounts);
-
-// A percentage of a remainder in whole yen, ties to even.
-qint32 percentageOf(const QString& percent, qint32 remainder);

@@ -1,20 +1,24 @@
 #include "estimates/EstimateDates.h"
 
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Dates.h"
 #include "base/Numbers.h"
+#include "base/basMessage.h"
 
 namespace {
 
 // Earlier than this a date field counts as empty.
 const QDate firstDate(100, 1, 1);
 
+constexpr int lastYear = 9999;
+
+} // namespace
+
 bool isDate(const QString& text) {
     const auto date = parseDate(text);
     return date && date->date() >= firstDate;
 }
-
-} // namespace
 
 const QList<QString clsCsEstimate::*>& workDates() {
     using Estimate = clsCsEstimate;
@@ -44,9 +48,8 @@ QString statusOf(const clsCsEstimate& estimate, const QList<clsCsEstAsk>& claims
 QString latestOfAll(const QStringList& dates) {
     QDate latest = firstDate;
     for (const QString& text : dates) {
-        const auto date = parseDate(text);
-        if (!date) return {};
-        latest = qMax(latest, date->date());
+        if (!isDate(text)) return {};
+        latest = qMax(latest, parseDate(text)->date());
     }
     return latest == firstDate ? QString() : dateText(latest);
 }
@@ -57,17 +60,19 @@ void completeFromClaims(clsCsEstimate& estimate, const QList<clsCsEstAsk>& claim
         asked << claim.AskPrtDate;
         paid << claim.PayDate;
     }
-    if (estimate.AskFinDate.isEmpty()) estimate.AskFinDate = latestOfAll(asked);
-    if (estimate.PayInFinDate.isEmpty()) estimate.PayInFinDate = latestOfAll(paid);
+    if (!isDate(estimate.AskFinDate)) estimate.AskFinDate = latestOfAll(asked);
+    if (!isDate(estimate.PayInFinDate)) estimate.PayInFinDate = latestOfAll(paid);
 }
 
 QString plannedDate(const QString& from, const QString& days) {
-    const auto date = parseDate(from);
-    if (!date || days.trimmed().isEmpty()) return {};
-    return dateText(date->date().addDays(ToInt(days)));
+    if (!isDate(from) || days.trimmed().isEmpty()) return {};
+    return dateText(parseDate(from)->date().addDays(ToInt(days)));
 }
 
 QString lifeEndDate(const QString& years) {
     if (years.trimmed().isEmpty()) return {};
-    return dateText(gSysDate.addYears(ToInt(Val(years))));
+    const QDate end = gSysDate.addYears(ToInt(Val(years)));
+    if (!end.isValid() || end.year() < 1 || end.year() > lastYear)
+        throw AppError(GetMessageText(Message::Overflow, u"耐用年数"_qs), u"lifeEndDate"_qs);
+    return dateText(end);
 }

@@ -22,6 +22,9 @@ inline const QString Payment = u"1"_qs;
 inline const QString Uncollected = u"99"_qs;
 } // namespace WorkStatus
 
+// Whether a text holds a date that counts; one before the year 100 is none.
+bool isDate(const QString& text);
+
 // The members of the planned and the actual dates of the work.
 const QList<QString clsCsEstimate::*>& workDates();
 
@@ -38,5 +41,6 @@ void completeFromClaims(clsCsEstimate& estimate, const QList<clsCsEstAsk>& claim
 // A date so many days on; empty when the date is none or the days are empty.
 QString plannedDate(const QString& from, const QString& days);
 
-// The date so many years after the application date, as "yyyy/mm/dd"; empty for an empty number.
+// The date so many years after the application date, as "yyyy/mm/dd"; empty for an empty number. Raises an error that
+// names the field when there is no such date.
 QString lifeEndDate(const QString& years);

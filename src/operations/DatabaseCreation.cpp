@@ -74,7 +74,8 @@ void createFile(const ConnectionSettings& settings, const Filler& fill) {
     const QString unfinished = settings.path + u".new"_qs;
     QFile::remove(unfinished);
     QFile empty(unfinished);
-    if (!empty.open(QIODevice::WriteOnly))
+    // For its owner alone; the engine gives its journal the same mode.
+    if (!empty.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner))
         throw AppError(u"データベースを作成できません。\n"_qs + settings.path, u"DatabaseCreation"_qs);
     empty.close();
     try {

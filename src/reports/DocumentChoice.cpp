@@ -4,6 +4,8 @@
 #include "base/clsProfile.h"
 #include "db/clsSysSettingManager.h"
 
+#include <limits>
+
 namespace {
 
 constexpr int accidentForms = 2;
@@ -81,7 +83,8 @@ DocumentChoiceSettings readDocumentChoiceSettings(const clsProfile& profile) {
                         << profile.GetValue(u"EstPayKind"_qs, u"PayName"_qs);
     settings.accidentInvoice = isTrue(profile.GetValue(u"WorkAsk"_qs, u"WorkOutPut"_qs));
     settings.threeAccounts = isTrue(profile.GetValue(u"PayBank"_qs, u"Plural"_qs));
-    settings.contractLimit = profile.GetValue(u"Receipt"_qs, u"Price"_qs, settings.contractLimit);
+    settings.contractLimit = QString::number(profile.GetNumber(
+        u"Receipt"_qs, u"Price"_qs, settings.contractLimit.toLongLong(), 0, std::numeric_limits<qint32>::max()));
     return settings;
 }
 

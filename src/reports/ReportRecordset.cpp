@@ -3,20 +3,15 @@
 #include "base/AppError.h"
 #include "base/Dates.h"
 #include "base/Numbers.h"
+#include "base/Text.h"
 
 namespace {
 
 constexpr int singlePrecisionDigits = 7;
 
-// A cut inside a surrogate pair would leave half a character.
-QString cut(const QString& text, int size) {
-    if (text.size() <= size) return text;
-    return text.at(size - 1).isHighSurrogate() ? text.left(size - 1) : text.left(size);
-}
-
 QVariant converted(const ReportField& field, const QVariant& value) {
     if (value.isNull()) return {};
-    if (field.type == ReportFieldType::Text) return cut(value.toString(), field.size);
+    if (field.type == ReportFieldType::Text) return Text::first(value.toString(), field.size);
     if (field.type == ReportFieldType::Date) {
         const auto moment = parseDate(value.toString());
         return moment ? QVariant(dateText(*moment)) : QVariant();

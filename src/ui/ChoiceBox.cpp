@@ -1,7 +1,8 @@
 #include "ui/ChoiceBox.h"
 
-#include "ui/EntryValidator.h"
+#include "ui/NumberField.h"
 #include "ui/Style.h"
+#include "ui/TextField.h"
 
 #include <QCompleter>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 namespace {
 
 constexpr int widestCharacters = 24;
+constexpr int decimals = 4; // as amounts and percentages are stored
 
 // The style sheet's frame has no arrow of its own.
 void drawArrow(QPainter& painter, const QRect& box, const QColor& colour) {
@@ -46,17 +48,30 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
 
 void ChoiceBox::setEditable(bool editable) {
     QComboBox::setEditable(editable);
-    if (!editable) return;
+    if (editable)
+        setField(new TextField(this));
+    else
+        m_field = nullptr;
+}
+
+void ChoiceBox::setNumeric(bool numeric) {
+    m_numeric = numeric;
+    QComboBox::setEditable(true);
+    if (!numeric) return setField(new TextField(this));
+    auto* field = new NumberField(this);
+    field->setDecimals(decimals);
+    setField(field);
+}
+
+void ChoiceBox::setField(EntryField* field) {
+    m_field = field;
+    setLineEdit(field);
+    field->setAlignment(Qt::AlignLeft | Qt::AlignVCenter); // like the list below it
     completer()->setCompletionMode(QCompleter::PopupCompletion);
     completer()->setFilterMode(Qt::MatchContains);
 }
 
-// The line edit's own limit would cut a character of two units in half.
-void ChoiceBox::setMaxLength(int characters) {
-    auto* validator = new EntryValidator(this);
-    validator->maxLength = characters;
-    setValidator(validator);
-}
+void ChoiceBox::setMaxLength(int characters) { m_field->setMaxLength(characters); }
 
 void ChoiceBox::clearEntries() {
     m_foreignText.clear();
@@ -66,17 +81,20 @@ void ChoiceBox::clearEntries() {
 // An editable box may hold a typed text beside an older choice.
 int ChoiceBox::chosenIndex() const {
     if (!isEditable() || itemText(currentIndex()) == currentText()) return currentIndex();
-    return findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    return findText(text(), Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
-QString ChoiceBox::text() const { return isEditable() || currentIndex() >= 0 ? currentText() : m_foreignText; }
+QString ChoiceBox::text() const {
+    const bool isEntry = currentIndex() >= 0 && itemText(currentIndex()) == currentText();
+    if (isEditable()) return isEntry ? currentText() : m_field->value();
+    return currentIndex() >= 0 ? currentText() : m_foreignText;
+}
 
 void ChoiceBox::setText(const QString& text) {
     const int index = findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
     m_foreignText = index < 0 ? text : QString();
     setCurrentIndex(index);
-    if (isEditable()) setEditText(text);
-    if (isEditable() && !hasFocus()) lineEdit()->setCursorPosition(0); // a long text shows its beginning
+    if (isEditable()) m_field->setValue(text);
     noteChange();
     update();
 }
@@ -102,7 +120,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    option.currentText = text();
+    option.currentText = shownText();
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
     drawArrow(painter, rect(), palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));

@@ -2,24 +2,34 @@
 
 #include <QComboBox>
 
+class EntryField;
+
 // A list of entries with item data, or an editable field with such a list.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
     Q_PROPERTY(bool mayBeEmpty MEMBER m_mayBeEmpty)
+    Q_PROPERTY(bool numeric READ isNumeric WRITE setNumeric)
 
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
 
-    // An editable box suggests the entries that hold what is typed, and never completes on its own.
+    // An editable box suggests the entries that hold what is typed, and never completes on its own. What is typed or
+    // pasted beside the list goes through a field like any other.
     void setEditable(bool editable);
+    // An editable box that takes numbers alone.
+    bool isNumeric() const { return m_numeric; }
+    void setNumeric(bool numeric);
     // The longest text of an editable box, in characters; what goes beyond is not taken.
     void setMaxLength(int characters);
 
     void addEntry(const QString& text, const QString& data = {}) { addItem(text, data); }
     void clearEntries();
 
-    // What the box shows.
+    // What the program works with: the chosen entry, or the text beside the list, as it was set until the operator has
+    // made another one of it.
     QString text() const;
+    // What the box shows.
+    QString shownText() const { return isEditable() ? currentText() : text(); }
     // Chooses the entry of that text; a text that is not in the list is shown all the same, with no entry chosen.
     void setText(const QString& text);
     // The item data of the chosen entry; empty when nothing is chosen.
@@ -47,6 +57,10 @@ private:
     int chosenIndex() const;
     void noteChange();
 
+    void setField(EntryField* field);
+
+    EntryField* m_field = nullptr; // of an editable box
+    bool m_numeric = false;
     bool m_mayBeEmpty = false;
     QString m_foreignText; // shown while no entry is chosen
     QString m_lastText;

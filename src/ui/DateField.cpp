@@ -16,12 +16,15 @@ DateField::DateField(QWidget* parent) : EntryField(parent) {
     setToolTip(u"例：2005/3/1　20050301　R6.4.1　h170301　（F4 でカレンダー）"_qs);
 }
 
-QString DateField::value() const { return settled(text()).value_or(QString()); }
-
 std::optional<QString> DateField::settled(const QString& typed) const {
     if (typed.trimmed().isEmpty()) return QString();
     const auto date = parseTypedDate(typed);
     return date ? std::optional(dateText(*date)) : std::nullopt;
+}
+
+// A stored date, or what stands in its place, goes back as it came; a spoken one does not.
+QString DateField::valueOfSet(const QString& value) const {
+    return parseDate(value) ? value : settled(value).value_or(value);
 }
 
 QString DateField::complaint() const {

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 
 namespace {
@@ -36,15 +37,26 @@ void EntryField::setMaxLength(int characters) { m_validator->maxLength = charact
 
 void EntryField::setAllowedCharacters(const QString& characters) { m_validator->allowedCharacters = characters; }
 
+QString EntryField::value() const { return isAsSet() ? valueOfSet(m_set->value) : valueOfTyped(text()); }
+
 void EntryField::setValue(const QString& value) {
-    const QString shown = settled(value).value_or(value);
-    setText(hasFocus() ? editable(shown) : shown);
-    if (!hasFocus()) setCursorPosition(0); // a text longer than the field shows its beginning
+    const QString shown = shownFor(value);
+    {
+        const QScopedValueRollback setting(m_setting, true);
+        setText(hasFocus() ? editable(shown) : shown);
+    }
+    m_set = Set{value, shown, editable(text())}; // the field may not have taken all of it
+    if (!hasFocus()) setCursorPosition(0);       // a text longer than the field shows its beginning
+    noteChange();
     noteSettled();
 }
 
+std::optional<QString> EntryField::shownWhenLeft() const {
+    return isAsSet() ? std::optional(m_set->shown) : settled(text());
+}
+
 bool EntryField::commit() {
-    const auto shown = settled(text());
+    const auto shown = shownWhenLeft();
     if (!shown) return false;
     if (*shown != text()) setText(*shown);
     noteSettled();
@@ -61,13 +73,13 @@ void EntryField::complain() {
 void EntryField::complainUnlessExcused() {
     const auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
     const bool excused = button && button->property("leavesUnchecked").toBool();
-    if (isVisible() && !hasFocus() && !excused && !settled(text())) complain();
+    if (isVisible() && !hasFocus() && !excused && !shownWhenLeft()) complain();
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (isRest(event->reason()) || isReadOnly()) return;
-    if (settled(text())) setText(editable(text()));
+    if (shownWhenLeft()) setText(editable(text()));
     selectAll();
 }
 
@@ -79,6 +91,7 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
 }
 
 void EntryField::noteChange() {
+    if (m_setting) return;
     const QString now = value();
     if (now == m_lastValue) return;
     m_lastValue = now;

@@ -9,6 +9,9 @@ class EntryValidator;
 // The common ground of all one-line fields. Everything that the operator types is kept until it is left; leaving turns
 // it into its settled form, or tells what is wrong with it and brings the focus back with the text as typed.
 //
+// What the program sets is shown in its settled form, but given back as it was set as long as the operator has not made
+// another text of it: that a field shows a stored text otherwise is no change.
+//
 // A button with the dynamic property `leavesUnchecked` (キャンセル, 閉じる) may be pressed with a wrong entry.
 class EntryField : public QLineEdit {
     Q_OBJECT
@@ -23,7 +26,7 @@ public:
     void setMaxLength(int characters);
 
     // What the program works with, also while the operator still types; empty when empty or not valid.
-    virtual QString value() const = 0;
+    QString value() const;
     void setValue(const QString& value);
 
     // Brings the text into its settled form. False when it is wrong, the text then stays as it is.
@@ -42,6 +45,11 @@ signals:
 protected:
     // The text shown for a typed one when the field is left; nothing when the entry is wrong.
     virtual std::optional<QString> settled(const QString& typed) const = 0;
+    // The value of a typed text, and of one that was set; the latter may be wrong.
+    virtual QString valueOfTyped(const QString& typed) const { return settled(typed).value_or(QString()); }
+    virtual QString valueOfSet(const QString& value) const { return value; }
+    // The text shown for a value that is set.
+    virtual QString shownFor(const QString& value) const { return settled(value).value_or(value); }
     // The text to edit for a settled one.
     virtual QString editable(const QString& shown) const { return shown; }
     // Only these characters are taken (full width is narrowed first); empty: all.
@@ -53,9 +61,19 @@ private:
     void noteChange();
     void complainUnlessExcused();
 
-    EntryValidator* m_validator;
+    // The text shown when the field is left; nothing when the entry is wrong.
+    std::optional<QString> shownWhenLeft() const;
+    bool isAsSet() const { return m_set && editable(text()) == m_set->edited; }
     void noteSettled();
 
+    // What was set last, how it is shown, and how it is edited.
+    struct Set {
+        QString value, shown, edited;
+    };
+
+    EntryValidator* m_validator;
+    std::optional<Set> m_set;
+    bool m_setting = false;
     QString m_lastValue;
     QString m_lastSettled;
 };

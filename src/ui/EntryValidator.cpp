@@ -19,13 +19,31 @@ void cutBeforeCursor(QString& text, int& cursor, int maxLength) {
     auto excess = text.toUcs4().size() - maxLength;
     while (excess-- > 0) {
         if (cursor == 0) cursor = static_cast<int>(text.size());
-        const int units = cursor > 1 && text.at(cursor - 1).isLowSurrogate() ? 2 : 1;
+        const bool pair = cursor > 1 && text.at(cursor - 1).isLowSurrogate() && text.at(cursor - 2).isHighSurrogate();
+        const int units = pair ? 2 : 1;
         cursor -= units;
         text.remove(cursor, units);
     }
 }
 
+namespace {
+
+bool isLineEnd(QChar c) { return (c >= u'\n' && c <= u'\r') || c == u'\u0085' || c == u'\u2028' || c == u'\u2029'; }
+
+// What stands before the cursor ends with what was pasted.
+void keepOneLine(QString& text, int& cursor) {
+    if (std::none_of(text.begin(), text.end(), isLineEnd)) return;
+    const QString ahead = Text::oneLine(text.left(cursor));
+    const QString behind = text.mid(cursor);
+    const auto end = std::find_if(behind.begin(), behind.end(), isLineEnd);
+    text = ahead + behind.left(end - behind.begin());
+    cursor = static_cast<int>(ahead.size());
+}
+
+} // namespace
+
 QValidator::State EntryValidator::validate(QString& input, int& cursor) const {
+    keepOneLine(input, cursor);
     if (!allowedCharacters.isEmpty()) {
         const QString behind = keepCharacters(input.mid(cursor), allowedCharacters);
         input = keepCharacters(input.left(cursor), allowedCharacters) + behind;

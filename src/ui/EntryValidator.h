@@ -2,8 +2,8 @@
 
 #include <QValidator>
 
-// Drops what a field does not take, at the moment it is typed or pasted: characters outside of a set and characters
-// beyond a length. It never refuses the rest.
+// Drops what a field does not take, at the moment it is typed or pasted: all but one line, characters outside of a set
+// and characters beyond a length. It never refuses the rest.
 class EntryValidator : public QValidator {
 public:
     using QValidator::QValidator;

@@ -38,6 +38,9 @@ struct GridColumn {
     static GridColumn rowNumber() { return of({}, 2, RowNumber); }
     GridColumn typed() const { return with(&GridColumn::editable, true); }
     GridColumn takingAny() const { return with(&GridColumn::freeText, true); }
+    GridColumn takingNumbers() const { return with(&GridColumn::numbersOnly, true); }
+    GridColumn coded() const { return with(&GridColumn::narrow, true); }
+    GridColumn inYen() const { return with(&GridColumn::wholeYen, true); }
     GridColumn unseen() const { return with(&GridColumn::hidden, true); }
     GridColumn grey() const { return with(&GridColumn::background, Style::computed); }
     GridColumn aligned(Qt::Alignment side) const { return with(&GridColumn::alignment, side); }
@@ -50,6 +53,12 @@ struct GridColumn {
     bool hidden = false;
     // With a list: whether a text that is no entry is taken as typed.
     bool freeText = false;
+    // With or without a list: whether a number beside it is taken, such as the key of a row, and nothing else.
+    bool numbersOnly = false;
+    // A code: typed letters and digits become half width.
+    bool narrow = false;
+    // An amount, shown in whole yen whatever it holds.
+    bool wholeYen = false;
     int maxLength = 0; // characters of a typed text that are kept; 0 keeps all
     QColor background;
     Qt::Alignment alignment = Qt::AlignLeft; // of texts; the other kinds have their own

@@ -18,7 +18,7 @@ namespace {
 
 // What the operator's text in an editor stands for; nothing when it is no valid entry.
 std::optional<QString> typedText(QWidget* editor) {
-    if (const auto* list = qobject_cast<ChoiceBox*>(editor)) return list->currentText();
+    if (const auto* list = qobject_cast<ChoiceBox*>(editor)) return list->text();
     auto* field = qobject_cast<EntryField*>(editor);
     if (!field || !field->commit()) return std::nullopt;
     return field->value();

@@ -114,7 +114,9 @@ QString GridModel::shown(int row, int column) const {
     const GridColumn& form = m_columns.at(column);
     if (form.kind == GridColumn::RowNumber) return QString::number(row + 1);
     const QString held = value(row, column);
-    if (form.kind == GridColumn::Number) return isPlainNumber(held) ? groupThousands(held) : held;
+    if (form.kind == GridColumn::Number && isPlainNumber(held))
+        return form.wholeYen ? formatThousands(held) : groupThousands(held);
+    if (form.kind == GridColumn::Number) return held;
     const auto found = std::find_if(form.entries.begin(), form.entries.end(),
                                     [&held](const GridEntry& entry) { return entry.value == held; });
     return found == form.entries.end() ? held : found->shown;
@@ -122,10 +124,12 @@ QString GridModel::shown(int row, int column) const {
 
 std::optional<QString> GridModel::valueOfText(int column, const QString& text) const {
     const GridColumn& form = m_columns.at(column);
-    if (text.isEmpty() || form.entries.isEmpty()) return text;
+    const QString narrow = Text::toNarrowLetters(text);
+    if (form.numbersOnly && isPlainNumber(narrow)) return narrow.trimmed();
+    if (text.isEmpty() || (form.entries.isEmpty() && !form.numbersOnly)) return form.narrow ? narrow : text;
     for (const GridEntry& entry : form.entries)
         if (text == entry.listText() || text == entry.shown || text == entry.value) return entry.value;
-    if (form.freeText) return text;
+    if (form.freeText) return form.narrow ? narrow : text;
     const QString sought = Text::toHalfWidth(text);
     const auto matches = [&sought](const GridEntry& entry) {
         return Text::toHalfWidth(entry.listText()).contains(sought, Qt::CaseInsensitive);

@@ -2,6 +2,8 @@
 
 #include <QPlainTextEdit>
 
+#include <optional>
+
 // Several lines of text; Tab leaves it, Return makes a new line.
 class MemoField : public QPlainTextEdit {
     Q_OBJECT
@@ -15,7 +17,9 @@ public:
     int maxLength() const { return m_maxLength; }
     void setMaxLength(int characters) { m_maxLength = characters; }
 
-    QString value() const { return toPlainText(); }
+    // As it was set as long as the operator has not made another text of it: the ends of its lines, and what is longer
+    // than the field takes, are no change.
+    QString value() const;
     void setValue(const QString& value);
 
 signals:
@@ -25,5 +29,11 @@ signals:
 private:
     void noteChange();
 
+    struct Set {
+        QString value, shown;
+    };
+
     int m_maxLength = 0;
+    std::optional<Set> m_set;
+    bool m_setting = false;
 };

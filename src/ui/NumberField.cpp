@@ -1,6 +1,6 @@
 #include "ui/NumberField.h"
 
-#include "base/Numbers.h"
+#include "base/basMessage.h"
 #include "ui/basControlUtil.h"
 
 namespace {
@@ -23,10 +23,15 @@ NumberField::NumberField(QWidget* parent) : EntryField(parent) {
 
 void NumberField::setDecimals(int decimals) { m_decimals = decimals; }
 
-QString NumberField::value() const { return plain(text()).value_or(QString()); }
+void NumberField::setLimit(double most, const QString& caption) {
+    m_most = most;
+    m_caption = caption;
+}
+
+QString NumberField::valueOfTyped(const QString& typed) const { return plain(typed).value_or(QString()); }
 
 std::optional<QString> NumberField::plain(const QString& typed) {
-    QString text = typed.trimmed();
+    QString text = narrowNumber(typed).trimmed();
     text.remove(u',');
     if (text.isEmpty()) return QString();
     if (!isPlainNumber(text)) return std::nullopt;
@@ -40,12 +45,20 @@ std::optional<QString> NumberField::plain(const QString& typed) {
 
 std::optional<QString> NumberField::settled(const QString& typed) const {
     const auto number = plain(typed);
-    if (!number || number->section(u'.', 1).size() > m_decimals) return std::nullopt;
+    if (!number || number->section(u'.', 1).size() > m_decimals || isBeyond(*number)) return std::nullopt;
     return groupThousands(*number);
+}
+
+QString NumberField::shownFor(const QString& value) const {
+    const auto number = plain(value);
+    if (!number) return value;
+    const bool rounds = m_decimals == 0 && number->contains(u'.');
+    return groupThousands(rounds ? formatWhole(*number) : *number);
 }
 
 QString NumberField::editable(const QString& shown) const { return QString(shown).remove(u','); }
 
 QString NumberField::complaint() const {
+    if (isBeyond(valueOfTyped(text()))) return GetMessageText(Message::Overflow, m_caption);
     return m_decimals > 0 ? u"数値が正しくありません。"_qs : u"数値が正しくありません。\n\n整数を入力してください。"_qs;
 }

@@ -130,8 +130,10 @@ void Style::apply(QApplication& application) {
 }
 
 void Style::arrange(QWidget* form) {
-    for (QLabel* label : form->findChildren<QLabel*>())
+    for (QLabel* label : form->findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText); // a name may hold any sign
         if (label->text().endsWith(u'：')) label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
     for (QPushButton* button : form->findChildren<QPushButton*>()) button->setAutoDefault(false);
 }
 

@@ -30,18 +30,17 @@ void TextField::setInputMode(InputMode mode) {
                                     : Qt::ImhNone);
 }
 
-QString TextField::value() const { return spelled(text()); }
-
 std::optional<QString> TextField::settled(const QString& typed) const { return spelled(typed); }
 
 QString TextField::spelled(const QString& typed) const {
+    const QString line = Text::oneLine(typed);
     switch (m_mode) {
     case HalfKana:
-        return Text::toHalfKana(typed);
+        return Text::toHalfKana(line);
     case Off:
-        return Text::toNarrowLetters(typed);
+        return Text::toNarrowLetters(line);
     default:
-        return typed;
+        return line;
     }
 }
 

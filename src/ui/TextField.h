@@ -2,9 +2,9 @@
 
 #include "ui/EntryField.h"
 
-// One line of text. A reading field turns any kana to half-width katakana when it is left, a field of codes or numbers
-// (input mode off) full-width letters to half width; a name field can fill its reading with the kana that the input
-// method was given.
+// One line of text, without blanks around it. A reading field turns any kana to half-width katakana when it is left, a
+// field of codes or numbers (input mode off) full-width letters to half width; a name field can fill its reading with
+// the kana that the input method was given.
 class TextField : public EntryField {
     Q_OBJECT
     Q_PROPERTY(InputMode inputMode READ inputMode WRITE setInputMode)
@@ -19,8 +19,6 @@ public:
     void setInputMode(InputMode mode);
     // The field that receives the reading of what is composed here.
     void setReadingField(TextField* reading) { m_reading = reading; }
-
-    QString value() const override;
 
 protected:
     std::optional<QString> settled(const QString& typed) const override;

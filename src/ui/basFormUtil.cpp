@@ -1,12 +1,13 @@
 #include "ui/basFormUtil.h"
 
-#include "base/Numbers.h"
 #include "base/clsProfile.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"
 #include "ui/MemoField.h"
 #include "ui/NumberField.h"
 #include "ui/TextField.h"
+
+#include <limits>
 
 namespace {
 
@@ -32,7 +33,10 @@ std::unique_ptr<InputWrapper> wrapperFor(QWidget* control) {
 
 int positionFrom(const clsProfile& profile, const QString& section, const QString& key, int pixels) {
     const QString twips = profile.GetValue(section, key, QString::number(pixels * twipsPerPixel));
-    return twips.isEmpty() ? pixels : ToInt(twips) / twipsPerPixel;
+    if (twips.isEmpty()) return pixels;
+    return static_cast<int>(profile.GetNumber(section, key, 0, std::numeric_limits<qint32>::min(),
+                                              std::numeric_limits<qint32>::max())) /
+           twipsPerPixel;
 }
 
 } // namespace
@@ -67,7 +71,6 @@ void RestoreFormPosition(QWidget* form) {
 
 void SaveFormPosition(const QWidget* form) {
     if (form->isMinimized() || form->isMaximized()) return;
-    const clsProfile profile;
-    profile.SaveValue(form->objectName(), u"Top"_qs, QString::number(form->y() * twipsPerPixel));
-    profile.SaveValue(form->objectName(), u"Left"_qs, QString::number(form->x() * twipsPerPixel));
+    clsProfile().Remember(form->objectName(), {{u"Top"_qs, QString::number(form->y() * twipsPerPixel)},
+                                               {u"Left"_qs, QString::number(form->x() * twipsPerPixel)}});
 }

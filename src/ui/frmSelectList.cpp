@@ -83,7 +83,7 @@ QSize frmSelectList::sizeHint() const {
 
 // The rows that hold what was typed into the search field.
 void frmSelectList::showRows() {
-    const QString sought = ui->txtSearch->text();
+    const QString sought = ui->txtSearch->value();
     if (m_long)
         m_long->show(Long->keys(sought));
     else

@@ -1,5 +1,7 @@
 #include "HalvaneTest.h"
 
+#include "support/CapturedMessages.h"
+#include "support/FileLimit.h"
 #include "support/ProgramFolder.h"
 
 #include "base/CsvOutput.h"
@@ -63,6 +65,23 @@ private slots:
         QCOMPARE(encoding, Csv::Encoding::Utf8);
     }
 
+    void aPlaceThatCannotBeRememberedIsToldOnceAndTheWorkGoesOn() {
+        const CapturedMessages messages;
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPassWd=x\r\n");
+        seams().saveFile = [&](FileDialogRequest&) { return folder.path(u"x.csv"_qs); };
+        const auto end = qScopeGuard([] { seams().saveFile = defaultSeams().saveFile; });
+        const FileLimit limit(0);
+        for (int i = 0; i < 2; ++i) {
+            QString path;
+            QVERIFY(AskCsvSavePath(path));
+            QCOMPARE(path, folder.path(u"x.csv"_qs));
+        }
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(messages.texts.first().startsWith(u"INIﾌｧｲﾙに書き込めません。"_qs));
+        QCOMPARE(folder.read(u"Halvane.ini"_qs), QByteArray("[DB]\r\nPassWd=x\r\n"));
+    }
+
     void cancelledCsvDialogRemembersNothing() {
         ProgramFolder folder;
         folder.writeProfile("[SaveFile]\r\nEstCsvFile=est.csv\r\n");
@@ -101,7 +120,8 @@ private slots:
         QVERIFY(log.open(QIODevice::ReadOnly));
         const QString lines = Text::fromCp932(log.readAll());
         QCOMPARE(lines.count(u"Shift_JIS にない文字 "_qs), 1300);
-        QVERIFY(lines.contains(u"1,300行目（2024000013 U+20BB7田） 名前1：U+20BB7"_qs));
+        QVERIFY(lines.contains(u"1,300行目 名前1：U+20BB7"_qs));
+        QVERIFY(!lines.contains(u'田')); // of the person
     }
 };
 

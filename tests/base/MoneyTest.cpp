@@ -80,6 +80,31 @@ private slots:
         QCOMPARE(Money::leadingNumber(text).toText(), amount);
     }
 
+    void percentagesRoundTiesToEvenInDecimals_data() {
+        QTest::addColumn<QString>("percent");
+        QTest::addColumn<qint64>("yen");
+        QTest::addColumn<qint64>("part");
+        QTest::newRow("tie that a binary fraction misses") << u"70"_qs << qint64(10245) << qint64(7172);
+        QTest::newRow("tie, down") << u"50"_qs << qint64(5) << qint64(2);
+        QTest::newRow("tie, up") << u"50"_qs << qint64(7) << qint64(4);
+        QTest::newRow("negative tie") << u"50"_qs << qint64(-5) << qint64(-2);
+        QTest::newRow("negative, up") << u"-30"_qs << qint64(6) << qint64(-2);
+        QTest::newRow("decimals") << u"33.33"_qs << qint64(10000) << qint64(3333);
+        QTest::newRow("full width") << u"３０"_qs << qint64(1000) << qint64(300);
+        QTest::newRow("empty") << QString() << qint64(1000) << qint64(0);
+        QTest::newRow("large") << u"9999.99"_qs << qint64(2147483647) << qint64(214748149954);
+    }
+    void percentagesRoundTiesToEvenInDecimals() {
+        QFETCH(QString, percent);
+        QFETCH(qint64, yen);
+        QTEST(Money::percentage(percent, yen), "part");
+    }
+
+    void fullWidthDigitsCount() {
+        QCOMPARE(Money::parse(u"－１，２３４．５"_qs.remove(u'，')).toText(), u"-1234.5"_qs);
+        QCOMPARE(Money::leadingNumber(u"１，２３４円"_qs).toText(), u"1234"_qs);
+    }
+
     void largestAmountsKeepEveryDigit_data() {
         QTest::addColumn<QString>("text");
         QTest::newRow("largest") << u"922337203685477.5807"_qs;

@@ -2,6 +2,9 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
+#include <random>
+
 class TextTest : public QObject {
     Q_OBJECT
 
@@ -241,6 +244,54 @@ private slots:
     }
 
     void platformHasItsJapaneseConverters() { Text::assertConverters(); }
+
+    void signsAreCountedNotUnits() {
+        const QString text = u"𠮷野家"_qs;
+        QCOMPARE(Text::signs(text), 3);
+        QCOMPARE(Text::first(text, 2), u"𠮷野"_qs);
+        const QString torn = text.mid(1); // its first half is gone
+        QCOMPARE(Text::signs(torn), 3);
+        QCOMPARE(Text::first(torn, 1), torn.left(1));
+        QCOMPARE(Text::first(text.left(1) + u"野"_qs, 2), text.left(1) + u"野"_qs);
+    }
+
+    void halvesOfSignsAreFound() {
+        const QString sign = u"𠮷"_qs;
+        QCOMPARE(Text::loneHalf(u"a"_qs + sign), -1);
+        QCOMPARE(Text::loneHalf(u"a"_qs + sign.left(1)), 1);
+        QCOMPARE(Text::loneHalf(sign + sign.mid(1)), 2);
+        QCOMPARE(Text::loneHalf(sign.mid(1) + sign.left(1)), 0);
+        QCOMPARE(Text::wholeSigns(sign + sign.left(1) + u"'"_qs), sign + u"\uFFFD'"_qs);
+        QCOMPARE(Text::wholeSigns(sign.mid(1) + sign), u"\uFFFD"_qs + sign);
+    }
+
+    // Whatever is pasted, one line of whole signs comes out, and of that the same again.
+    void anyTextBecomesOneLineOfWholeSigns() {
+        std::mt19937 random(7);
+        const QStringList pieces{u"山"_qs,
+                                 u"𠮷"_qs,
+                                 u" "_qs,
+                                 u"　"_qs,
+                                 u"\t"_qs,
+                                 u"\r\n"_qs,
+                                 u"\u2028"_qs,
+                                 u"\u0001"_qs,
+                                 QString(QChar(0xD842)),
+                                 QString(QChar(0xDFB7)),
+                                 u"a"_qs};
+        for (int round = 0; round < 3000; ++round) {
+            QString text;
+            for (auto n = random() % 12; n > 0; --n)
+                text += pieces.at(static_cast<qsizetype>(random() % pieces.size()));
+            const QString line = Text::oneLine(text);
+            QCOMPARE(Text::loneHalf(line), -1);
+            QCOMPARE(Text::oneLine(line), line);
+            QVERIFY(
+                std::none_of(line.begin(), line.end(), [](QChar sign) { return sign < u' ' || sign == u'\u2028'; }));
+            QCOMPARE(Text::loneHalf(Text::wholeSigns(text)), -1);
+            QCOMPARE(Text::signs(Text::wholeSigns(text)), Text::signs(text));
+        }
+    }
 };
 
 HALVANE_TEST(TextTest)

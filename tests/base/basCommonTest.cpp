@@ -200,6 +200,8 @@ private slots:
         QTest::newRow("three digits") << u"123"_qs << u"123"_qs;
         QTest::newRow("four digits") << u"1234"_qs << u"123-4"_qs;
         QTest::newRow("has one") << u"12-34567"_qs << u"12-34567"_qs;
+        QTest::newRow("signs of two units") << u"12𠮷4567"_qs << u"12𠮷-4567"_qs;
+        QTest::newRow("three signs of two units") << u"𠮷𠮷𠮷"_qs << u"𠮷𠮷𠮷"_qs;
         QTest::newRow("empty") << QString() << QString();
     }
     void postalCodeGetsItsHyphen() {
@@ -267,6 +269,14 @@ private slots:
             QCOMPARE(error->number(), 13);
         }
         QCOMPARE(ToInt(u" 12.5 "_qs), 12);
+    }
+
+    void fullWidthDigitsCountEverywhere() {
+        QCOMPARE(Val(u"１，２３４．５円"_qs), 1234.5);
+        QCOMPARE(ToInt(u"－１２"_qs), -12);
+        QCOMPARE(int(ToInt16(u"３"_qs)), 3);
+        QCOMPARE(formatThousands(u"１２３４"_qs), u"1,234"_qs);
+        QCOMPARE(narrowNumber(u"１２ー３"_qs), u"12-3"_qs);
     }
 
     void leadingNumberIsTaken() {
@@ -337,6 +347,18 @@ private slots:
         ProgramFolder folder;
         folder.writeProfile("[DB]\r\nPath=data\\sub\\\r\nDatabase=office.db\r\n");
         QCOMPARE(QDir::cleanPath(GetDbFilePath()), folder.path(u"data/sub/office.db"_qs));
+    }
+
+    // The file of a second installation stands in that one's folder.
+    void databasePathIsThatOfItsOwnProfile() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nPath=data\r\nDatabase=a.db\r\n");
+        QVERIFY(QDir(folder.path()).mkpath(u"other"_qs));
+        folder.write(u"other/Halvane.ini"_qs, "[DB]\r\nPath=data\r\nDatabase=b.db\r\n");
+        const clsProfile other(folder.path(u"other/Halvane.ini"_qs));
+        QCOMPARE(GetDbFilePath(other), folder.path(u"other/data/b.db"_qs));
+        folder.writeProfile("[DB]\r\nPath=\r\nDatabase=a.db\r\n");
+        QCOMPARE(GetDbFilePath(), folder.path(u"a.db"_qs));
     }
 
     void noDriveIsFound() { QCOMPARE(FindDriveByType(5), QString()); }

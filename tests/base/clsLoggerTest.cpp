@@ -141,6 +141,25 @@ private slots:
         QVERIFY(log.contains("SELECT 2"));
         QCOMPARE(log.count('\n'), 1);
     }
+
+    void newLogIsForItsOwnerAlone() {
+        ProgramFolder folder;
+        FixedClock clock(u"2024/03/10"_qs);
+        folder.writeProfile("[Log]\r\nPath=log\r\n");
+        const clsLogger logger;
+        logger.WriteLog(u"x"_qs);
+        const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(!(QFile::permissions(logger.FileNm()) & others));
+        QVERIFY(QFile::setPermissions(logger.FileNm(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        logger.WriteLog(u"y"_qs);
+        QVERIFY(QFile::permissions(logger.FileNm()) & QFile::ReadGroup); // the office said so
+    }
+
+    void daysBeyondTheirLimitsNameTheirKey() {
+        ProgramFolder folder;
+        folder.writeProfile("[Log]\r\nSaveDays=40000\r\n");
+        QVERIFY(raised([] { clsLogger logger; }).contains(u"[Log] の SaveDays（40000）"_qs));
+    }
 };
 
 HALVANE_TEST(clsLoggerTest)

@@ -158,6 +158,85 @@ private slots:
         QTEST(valueIn("[DB]\r\nPath=" + cp932(written) + "\r\n"), "read");
     }
 
+    // What takes a second of work for each thousand signs would hold up every screen.
+    void aValueOfManySignsIsCutAtOnce() {
+        QCOMPARE(valueIn("[DB]\r\nPath=" + cp932(QString(200'000, u'能')) + "\r\n"), QString(499, u'能'));
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\n");
+        QCOMPARE(clsProfile().GetValue(u"DB"_qs, u"Path"_qs, QString(1200, u'a') + u"𠮷"_qs), QString(999, u'a'));
+    }
+
+    void fileInAnotherEncodingIsNamed_data() {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("encoding");
+        const QString text = u"; 設定\r\n[DB]\r\nPath=データ\r\n"_qs;
+        const QByteArray sixteen(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+        QTest::newRow("UTF-8") << text.toUtf8() << u"UTF-8"_qs;
+        QTest::newRow("UTF-8 with its mark") << "\xEF\xBB\xBF[DB]\r\n" + QByteArray() << u"UTF-8"_qs;
+        QTest::newRow("UTF-16 with its mark") << "\xFF\xFE" + sixteen << u"UTF-16"_qs;
+        QTest::newRow("UTF-16") << sixteen.mid(10) << u"UTF-16"_qs;
+        QTest::newRow("UTF-16, the other way round") << QByteArray("\0[\0D\0B\0]", 8) << u"UTF-16"_qs;
+        QTest::newRow("the code page") << Text::toCp932(text) << QString();
+        QTest::newRow("half-width katakana") << Text::toCp932(u"[DB]\r\nPath=ﾄｲ\r\n"_qs) << QString();
+        QTest::newRow("Latin alone") << QByteArray("[DB]\r\nPath=a\r\n") << QString();
+    }
+    void fileInAnotherEncodingIsNamed() {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, encoding);
+        ProgramFolder folder;
+        folder.writeProfile(file);
+        const clsProfile profile;
+        const QString told = encoding.isEmpty() ? QString() : u"INIﾌｧｲﾙが %1 で保存されています。"_qs.arg(encoding);
+        QCOMPARE(raised([&] { profile.GetValue(u"DB"_qs, u"Path"_qs); }).section(u"Shift_JIS"_qs, 0, 0), told);
+        // Written to in the code page it would be spoiled for good.
+        QCOMPARE(raised([&] { profile.SaveValue(u"DB"_qs, u"Path"_qs, u"x"_qs); }).section(u"Shift_JIS"_qs, 0, 0),
+                 told);
+        QCOMPARE(folder.read(u"Halvane.ini"_qs) == file, !encoding.isEmpty());
+    }
+
+    void numbersAreReadWithinTheirLimits_data() {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<qint64>("number");
+        QTest::newRow("plain") << QByteArray("N=12") << qint64(12);
+        QTest::newRow("missing") << QByteArray() << qint64(5);
+        QTest::newRow("full width") << cp932(u"N=１２"_qs) << qint64(12);
+        QTest::newRow("separators") << QByteArray("N=1,200") << qint64(1200);
+        QTest::newRow("rounded to even") << QByteArray("N=2.5") << qint64(2);
+        QTest::newRow("least") << QByteArray("N=-3") << qint64(-3);
+        QTest::newRow("most") << QByteArray("N=2147483648") << qint64(2147483648);
+    }
+    void numbersAreReadWithinTheirLimits() {
+        QFETCH(QByteArray, line);
+        ProgramFolder folder;
+        folder.writeProfile("[S]\r\n" + line + "\r\n");
+        QTEST(clsProfile().GetNumber(u"S"_qs, u"N"_qs, 5, -3, 2147483648), "number");
+    }
+
+    void valueThatIsNoNumberNamesItsKey_data() {
+        QTest::addColumn<QByteArray>("value");
+        for (const char* value : {"", "abc", "-4", "2147483649", "99999999999999999999", "1e3", "1-2"})
+            QTest::newRow(value) << QByteArray(value);
+    }
+    void valueThatIsNoNumberNamesItsKey() {
+        QFETCH(QByteArray, value);
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\nConnectionTimeout=" + value + "\r\n");
+        const auto error =
+            errorOf([] { clsProfile().GetNumber(u"DB"_qs, u"ConnectionTimeout"_qs, 5, -3, 2147483648); });
+        QVERIFY(error);
+        QCOMPARE(error->number(), 13);
+        const QString shown = value.isEmpty() ? u"空"_qs : QString::fromLatin1(value);
+        QVERIFY2(error->description().contains(u"[DB] の ConnectionTimeout（%1）"_qs.arg(shown)),
+                 qPrintable(error->description()));
+    }
+
+    void whatIsRememberedIsWrittenTogether() {
+        ProgramFolder folder;
+        folder.writeProfile("[DB]\r\n");
+        clsProfile().Remember(u"frmMenu"_qs, {{u"Top"_qs, u"1"_qs}, {u"Left"_qs, u"2"_qs}});
+        QCOMPARE(folder.read(u"Halvane.ini"_qs), QByteArray("[DB]\r\n[frmMenu]\r\nTop=1\r\nLeft=2\r\n"));
+    }
+
     void pathsResolveAgainstTheProgramFolder_data() {
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("path");

@@ -127,6 +127,13 @@ private slots:
         QCOMPARE(texts.at(4), u"採型"_qs);
         QCOMPARE(texts.at(5), QString());
     }
+
+    void grantAndRepairWaitForTheChoiceBeforeThem() {
+        Cells row = shortLegBrace();
+        QVERIFY(!ItemRules::choices(row, ItemRules::GrantRepair).isEmpty());
+        row[ItemRules::PickStyle].clear();
+        QVERIFY(ItemRules::choices(row, ItemRules::GrantRepair).isEmpty());
+    }
 };
 
 HALVANE_TEST(ItemRulesTest)

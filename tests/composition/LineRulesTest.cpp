@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <tuple>
+
 // On the price list of the sample office.
 class LineRulesTest : public QObject {
     Q_OBJECT
@@ -139,6 +141,39 @@ private slots:
         QVERIFY(row.at(PartsLine::Price).toInt() > 0);
         choosePart(row, PartsLine::Suryo, u"3"_qs, context);
         QCOMPARE(row.at(PartsLine::Price), QString::number(3 * row.at(PartsLine::UnitPrice).toInt()));
+    }
+
+    // The column for makers offers all who make that name and form; the code and the price follow the choice.
+    void everyMakerOfANameAndFormIsOffered() {
+        const LineContext context = braceContext();
+        for (const auto& [id, code, maker, price] :
+             {std::tuple(9999001, u"K1"_qs, u"甲製作所"_qs, 1000), std::tuple(9999002, u"K2"_qs, u"乙製作所"_qs, 2000),
+              std::tuple(9999003, u"K3"_qs, u"乙製作所"_qs, 3000)})
+            m_database->connection().execute(
+                u"INSERT INTO [価格部品] ([ID], [種目], [名称], [形式], [部品コード], [メーカ名], [新価格], "
+                u"[使用設定], "
+                u"[有効Flg]) VALUES (%1, '下肢装具', '試継手', '試型', '%2', '%3', %4, 1, 0)"_qs.arg(id)
+                    .arg(code, maker)
+                    .arg(price));
+        Cells row = emptyRow(PartsLine::Columns);
+        choosePart(row, PartsLine::PartsNm, u"試継手"_qs, context);
+        choosePart(row, PartsLine::PartsCd, u"K1"_qs, context);
+        QCOMPARE(row.at(PartsLine::MakerNm), u"甲製作所"_qs);
+        QStringList makers;
+        for (const CellChoice& choice : partsRules().choices(row, PartsLine::MakerNm, context)) makers << choice.value;
+        makers.sort();
+        QCOMPARE(makers, (QStringList{u"乙製作所"_qs, u"甲製作所"_qs}));
+        choosePart(row, PartsLine::Suryo, u"3"_qs, context);
+        choosePart(row, PartsLine::MakerNm, u"乙製作所"_qs, context);
+        QCOMPARE(row.at(PartsLine::PartsCd), u"K2"_qs);
+        QCOMPARE(row.at(PartsLine::Price), u"2000"_qs);
+        // Of a maker who makes the row's code nothing but the name is taken.
+        choosePart(row, PartsLine::PartsCd, u"K3"_qs, context);
+        choosePart(row, PartsLine::Suryo, u"2"_qs, context);
+        choosePart(row, PartsLine::MakerNm, {}, context);
+        choosePart(row, PartsLine::MakerNm, u"乙製作所"_qs, context);
+        QCOMPARE(row.at(PartsLine::PartsCd), u"K3"_qs);
+        QCOMPARE(row.at(PartsLine::Price), u"6000"_qs);
     }
 
     void partOfTheQuickEntryMustBeInUse() {

@@ -3,6 +3,8 @@
 #include "support/TestDatabase.h"
 #include "support/TestServer.h"
 
+#include "db/SqlText.h"
+
 #include <QElapsedTimer>
 
 #include <functional>
@@ -359,6 +361,64 @@ private slots:
         database.connection().lockForWriting(u"採番"_qs);
         QCOMPARE(raised([&] { second.execute(setSeries(u"顧客ID"_qs, u"8"_qs)); }), busy);
         QVERIFY(!valueOf(second, u"顧客ID"_qs).isEmpty());
+    }
+
+    void noTimeOutWaitsForNobody() {
+        TestDatabase database(TestDatabase::Contents::Delivered);
+        ConnectionSettings settings = database.settings();
+        settings.timeout = 0;
+        Connection second(settings);
+        second.open();
+        Transaction first(database.connection());
+        database.connection().lockForWriting(u"採番"_qs);
+        QCOMPARE(raised([&] { second.execute(setSeries(u"顧客ID"_qs, u"8"_qs)); }), busy);
+    }
+
+    void failuresOfTheEngineAreToldInOurWords() {
+        TestDatabase database(TestDatabase::Contents::Delivered);
+        Connection& connection = database.connection();
+        const auto told = [&] {
+            return raised([&] {
+                Transaction transaction(connection);
+                for (int i = 0; i < 4000; ++i)
+                    connection.execute(u"INSERT INTO [装具] ([装具No], [装具]) VALUES (%1, '%2')"_qs.arg(i + 1000).arg(
+                        QString(100, u'長')));
+            });
+        };
+        const QString head = u"データベースの処理に失敗しました。\n"_qs;
+        if (TestDatabase::isPostgres()) {
+            const auto raisedBy = [&](const QString& state) {
+                return raised([&] {
+                    connection.engineExecute(
+                        u"DO $$ BEGIN RAISE EXCEPTION 'x' USING ERRCODE = '%1', DETAIL = 'Row (山田)'; END $$"_qs.arg(
+                            state));
+                });
+            };
+            QCOMPARE(raisedBy(u"53100"_qs), head + u"ディスクの空き容量がありません。"_qs);
+            QCOMPARE(raisedBy(u"58P01"_qs),
+                     head + u"データベースのファイルがなくなったか、別のファイルに置き換えられました。"_qs);
+            QVERIFY(!raisedBy(u"22000"_qs).contains(u"山田"_qs)); // the log is given this text
+            return;
+        }
+        connection.engineExecute(u"PRAGMA max_page_count = 1"_qs); // no more than it has
+        QCOMPARE(told(), head + u"ディスクの空き容量がありません。"_qs);
+        connection.engineExecute(u"PRAGMA max_page_count = 1000000"_qs);
+        connection.engineExecute(u"PRAGMA query_only = ON"_qs);
+        QCOMPARE(told(), head + u"データベースが読み取り専用になっています。"_qs);
+        connection.engineExecute(u"PRAGMA query_only = OFF"_qs);
+        QVERIFY(QFile::remove(database.settings().path));
+        QCOMPARE(told(), head + u"データベースのファイルがなくなったか、別のファイルに置き換えられました。"_qs);
+    }
+
+    void textsWithHalvesOfSignsAreStoredAlike() {
+        TestDatabase database(TestDatabase::Contents::Delivered);
+        Connection& connection = database.connection();
+        const QString text = u"𠮷"_qs + QChar(0xD842) + u"'田"_qs;
+        connection.execute(u"INSERT INTO [装具] ([装具No], [装具]) VALUES (1, %1)"_qs.arg(sqlText(text)));
+        QCOMPARE(connection.scalar(u"SELECT [装具] FROM [装具]"_qs), u"𠮷\uFFFD'田"_qs);
+        QVERIFY(raised([&] {
+                    connection.execute(u"UPDATE [装具] SET [装具] = '"_qs + QChar(0xD842) + u"' WHERE [装具No] = 1"_qs);
+                }).startsWith(u"SQL文を解釈できません。使えない文字があります。"_qs));
     }
 
     void copyMakesTheTableOfAnotherFile() {

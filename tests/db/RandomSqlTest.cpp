@@ -2,6 +2,7 @@
 #include "support/Raised.h"
 #include "support/TestServer.h"
 
+#include "base/Text.h"
 #include "db/Connection.h"
 #include "db/SqlDialect.h"
 
@@ -63,15 +64,14 @@ private:
     };
 
     static const QStringList& pieces() {
-        static const QStringList list{u"'"_qs,      u"["_qs,      u"]"_qs,      u"("_qs,          u")"_qs,
-                                      u"#"_qs,      u","_qs,      u";"_qs,      u"&"_qs,          u"\""_qs,
-                                      u"--"_qs,     u"/*"_qs,     u"\\"_qs,     u"%"_qs,          u" OR "_qs,
-                                      u" AND "_qs,  u" NOT "_qs,  u" IS "_qs,   u" NULL "_qs,     u"SELECT "_qs,
-                                      u" FROM "_qs, u" IN "_qs,   u" LIKE "_qs, u"IIF("_qs,       u"ISNULL("_qs,
-                                      u"MAX("_qs,   u"*"_qs,      u"-"_qs,      u"+"_qs,          u"="_qs,
-                                      u"<>"_qs,     u"1"_qs,      u"'1'"_qs,    u"0.5"_qs,        u"#2005/03/01#"_qs,
-                                      u"[装具]"_qs, u" AS x "_qs, u" DESC"_qs,  u"𠮷"_qs,         u"\u0001"_qs,
-                                      u"　"_qs,     u"{"_qs,      u"?"_qs,      u" DISTINCT "_qs, u" BETWEEN "_qs};
+        static const QStringList list{
+            u"'"_qs, u"["_qs, u"]"_qs, u"("_qs, u")"_qs, u"#"_qs, u","_qs, u";"_qs, u"&"_qs, u"\""_qs, u"--"_qs,
+            u"/*"_qs, u"\\"_qs, u"%"_qs, u" OR "_qs, u" AND "_qs, u" NOT "_qs, u" IS "_qs, u" NULL "_qs, u"SELECT "_qs,
+            u" FROM "_qs, u" IN "_qs, u" LIKE "_qs, u"IIF("_qs, u"ISNULL("_qs, u"MAX("_qs, u"*"_qs, u"-"_qs, u"+"_qs,
+            u"="_qs, u"<>"_qs, u"1"_qs, u"'1'"_qs, u"0.5"_qs, u"#2005/03/01#"_qs, u"[装具]"_qs, u" AS x "_qs,
+            u" DESC"_qs, u"𠮷"_qs, u"\u0001"_qs, u"　"_qs, u"{"_qs, u"?"_qs, u" DISTINCT "_qs, u" BETWEEN "_qs,
+            // signs of two units, and their halves
+            u"𩸽"_qs, u"\U000E0100"_qs, QString(QChar(0xD842)), QString(QChar(0xDFB7))};
         return list;
     }
 
@@ -81,8 +81,8 @@ private:
                                              {u"[装具].[順番]"_qs, 't'},
                                              {u"[装具].[有効Flg]"_qs, 'n'}};
         static const QList<Column> estimates{{u"[見積ID]"_qs, 't'},   {u"見積名称"_qs, 't'}, {u"[合計]"_qs, 'n'},
-                                           {u"[耐用年数]"_qs, 'n'}, {u"登録日"_qs, 'd'},   {u"[更新日]"_qs, 'd'},
-                                           {u"[編集者No]"_qs, 'n'}, {u"[備考]"_qs, 't'}};
+                                             {u"[耐用年数]"_qs, 'n'}, {u"登録日"_qs, 'd'},   {u"[更新日]"_qs, 'd'},
+                                             {u"[編集者No]"_qs, 'n'}, {u"[備考]"_qs, 't'}};
         static const QList<Column> both = equipment + estimates;
         return pairs ? both : estimates;
     }
@@ -92,10 +92,9 @@ private:
         const bool grouped = chance(20);
         QString from = u"[顧客見積情報]"_qs;
         if (m_pairs)
-            from = chance(50)
-                       ? u"([顧客見積情報] %1 JOIN [装具] ON %2)"_qs.arg(
-                             oneOf({u"LEFT"_qs, u"INNER"_qs}), u"[顧客見積情報].[編集者No] = [装具].[装具No]"_qs)
-                       : u"[装具], [顧客見積情報]"_qs;
+            from = chance(50) ? u"([顧客見積情報] %1 JOIN [装具] ON %2)"_qs.arg(
+                                    oneOf({u"LEFT"_qs, u"INNER"_qs}), u"[顧客見積情報].[編集者No] = [装具].[装具No]"_qs)
+                              : u"[装具], [顧客見積情報]"_qs;
         QString where = chance(70) ? u" WHERE "_qs + condition() : QString();
         if (grouped) {
             const QString group = column('t').name;
@@ -129,15 +128,15 @@ private:
         return oneOf({u"0"_qs, u"1"_qs, u"2"_qs, u"-1"_qs, u"100"_qs, u"0.5"_qs, u"'3'"_qs, u"1000.25"_qs});
     }
     QString text() {
-        return oneOf(
-            {u"'abc'"_qs, u"'ABC'"_qs, u"''"_qs, u"'ｱ'"_qs, u"'山''s'"_qs, u"'b'"_qs, u"'_'"_qs, u"5"_qs, u"'1'"_qs});
+        return oneOf({u"'abc'"_qs, u"'ABC'"_qs, u"''"_qs, u"'ｱ'"_qs, u"'山''s'"_qs, u"'b'"_qs, u"'_'"_qs, u"5"_qs,
+                      u"'1'"_qs, u"'𠮷'"_qs, u"'a𠮷b'"_qs});
     }
     QString date() {
         return oneOf({u"#2005/03/01#"_qs, u"#2005/3/1 9:05:00#"_qs, u"'2005/03/02'"_qs, u"#1999-12-31#"_qs});
     }
     QString pattern() {
         return oneOf({u"'a%'"_qs, u"'%B%'"_qs, u"'_'"_qs, u"'[_]%'"_qs, u"'%[%]'"_qs, u"''"_qs, u"'ｱ%'"_qs,
-                      u"'%\\%'"_qs, u"'[-]%'"_qs});
+                      u"'%\\%'"_qs, u"'[-]%'"_qs, u"'𠮷%'"_qs, u"'_田'"_qs, u"'%[𠮷]%'"_qs});
     }
 
     QString aggregate(char kind = 0) {
@@ -259,6 +258,7 @@ void fill(Connection& connection) {
         u"VALUES ('B', 'ABC', 1000.25, 2, #2005/03/02#, NULL, 2, '50%_')"_qs,
         u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [登録日], [編集者No]) "
         u"VALUES ('1', 'ｱｲ', 0, #1999/12/31 23:59:59#, 1)"_qs,
+        u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [備考]) VALUES ('𠮷', '𠮷田', 'a𩸽')"_qs,
         u"INSERT INTO 顧客見積情報 ([見積ID], [見積名称], [合計], [耐用年数], [備考]) VALUES ('_', '', -0.5, 100, '')"_qs,
         u"INSERT INTO 顧客見積情報 ([見積ID]) VALUES ('山')"_qs};
     for (const QString& statement : statements) connection.execute(statement);
@@ -332,6 +332,7 @@ private slots:
             const auto inFile = errorOf([&] { file.translate(statement); });
             const auto onServer = errorOf([&] { server.translate(statement); });
             QCOMPARE(inFile.has_value(), onServer.has_value());
+            if (Text::loneHalf(statement) >= 0) QVERIFY2(inFile, qPrintable(statement)); // no engine reads such a text
             if (inFile) QVERIFY(inFile->description().endsWith(u"）"_qs));
         }
     }
@@ -339,7 +340,7 @@ private slots:
     // Nothing was written by what only reads.
     void rowsAreAsTheyWere() {
         for (Connection* connection : {m_file.get(), m_server.get()}) {
-            QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs), u"5"_qs);
+            QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs), u"6"_qs);
             QCOMPARE(connection->scalar(u"SELECT COUNT(*) FROM [装具]"_qs), u"4"_qs);
         }
     }

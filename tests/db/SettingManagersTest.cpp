@@ -124,6 +124,10 @@ private slots:
         QTest::addColumn<qint64>("number");
         QTest::newRow("provider") << u"Provider=Other"_qs << AppError::Application;
         QTest::newRow("time-out") << u"ConnectionTimeout=abc"_qs << qint64(13);
+        QTest::newRow("negative time-out") << u"ConnectionTimeout=-1"_qs << qint64(13);
+        QTest::newRow("empty time-out") << u"ConnectionTimeout="_qs << qint64(13);
+        QTest::newRow("time-out beyond its milliseconds") << u"ConnectionTimeout=2147484"_qs << qint64(13);
+        QTest::newRow("huge time-out") << u"ConnectionTimeout=99999999999"_qs << qint64(13);
     }
     void badProfileIsTold() {
         QFETCH(QString, line);
@@ -134,7 +138,15 @@ private slots:
         const auto error = errorOf([&] { manager.DBOpen(); });
         QVERIFY(error);
         QCOMPARE(error->number(), number);
+        QVERIFY2(error->description().contains(line.section(u'=', 0, 0)), qPrintable(error->description()));
         QVERIFY(!manager.isOpen());
+    }
+
+    void longestTimeOutIsTaken() {
+        m_database->writeProfile(u"ConnectionTimeout=2147483\r\n"_qs);
+        clsDbManager manager;
+        manager.DBOpen();
+        QCOMPARE(manager.Connection().scalar(u"SELECT COUNT(*) FROM [企業情報]"_qs), u"1"_qs);
     }
 
     void managersRefuseWorkWithoutADatabase() {

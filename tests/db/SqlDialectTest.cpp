@@ -119,6 +119,7 @@ private slots:
         QTest::newRow("percent") << u"50[%]%"_qs << u"'50\\%%' ESCAPE '\\'"_qs << u"'50\\%%'"_qs;
         QTest::newRow("underscore") << u"a[_]"_qs << u"'a\\_' ESCAPE '\\'"_qs << u"'a\\_'"_qs;
         QTest::newRow("bracket") << u"[[]a]"_qs << u"'[a]'"_qs << u"'[a]'"_qs;
+        QTest::newRow("sign of two units") << u"[𠮷]%"_qs << u"'𠮷%'"_qs << u"'𠮷%'"_qs;
         QTest::newRow("hyphen") << u"a[-]b"_qs << u"'a-b'"_qs << u"'a-b'"_qs;
         QTest::newRow("backslash") << u"a\\b"_qs << u"'a\\\\b' ESCAPE '\\'"_qs << u"'a\\\\b'"_qs;
         QTest::newRow("quote") << u"a''b"_qs << u"'a''b'"_qs << u"'a''b'"_qs;

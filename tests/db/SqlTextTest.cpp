@@ -1,7 +1,11 @@
 #include "HalvaneTest.h"
 #include "support/Raised.h"
 
+#include "base/Text.h"
 #include "db/SqlKeys.h"
+#include "db/SqlTokens.h"
+
+#include <random>
 
 namespace {
 
@@ -126,6 +130,34 @@ private slots:
                  u"([顧客見積情報] LEFT JOIN [顧客カルテ] ON ([顧客見積情報].[顧客ID] = [顧客カルテ].[顧客ID])"
                  u" AND ([顧客見積情報].[顧客枝番] = [顧客カルテ].[顧客枝番])"
                  u" AND ([顧客見積情報].[カルテNo] = [顧客カルテ].[カルテNo]))"_qs);
+    }
+
+    // Half of a sign would be read together with the quote behind it.
+    void halvesOfSignsBecomeSignsOfTheirOwn() {
+        const QString half(QChar(0xD842));
+        QCOMPARE(sqlText(u"田"_qs + half), u"'田\uFFFD'"_qs);
+        QCOMPARE(SqlStartsWith(u"[名前1]"_qs, half), u"[名前1] LIKE '\uFFFD%'"_qs);
+        QCOMPARE(sqlText(u"𠮷"_qs), u"'𠮷'"_qs);
+    }
+
+    void fullWidthNumbersAreNumbers() { QCOMPARE(sqlNumber(u"－１２"_qs), u"-12"_qs); }
+
+    // No text, whatever its signs, ends before its quote or takes what stands behind it.
+    void anyTextIsOneWordOfAStatement() {
+        std::mt19937 random(11);
+        for (int round = 0; round < 3000; ++round) {
+            QString text;
+            for (auto n = random() % 8; n > 0; --n) {
+                const bool half = random() % 4 == 0;
+                text += random() % 4 == 0
+                            ? QChar(u'\'')
+                            : QChar(static_cast<char16_t>(half ? 0xD800 + random() % 0x800 : 1 + random() % 0xFFFE));
+            }
+            const QList<SqlToken> tokens = tokenizeSql(u"a = "_qs + sqlText(text) + u" AND b"_qs);
+            QCOMPARE(tokens.size(), 6);
+            QCOMPARE(tokens.at(2).kind, SqlToken::String);
+            QCOMPARE(tokens.at(2).text, Text::wholeSigns(text));
+        }
     }
 };
 

@@ -76,6 +76,9 @@ private slots:
         row(u"a \\ b"_qs, 3);
         row(u"a @ b"_qs, 3);
         row(u"a $1"_qs, 3);
+        row(u"'a"_qs + QChar(0xD842) + u"'"_qs, 3);
+        row(u"a "_qs + QChar(0xDFB7), 3);
+        row(u"[𠮷"_qs + QChar(0xD842) + u"]"_qs, 4);
         row(u"12a"_qs, 1);
         row(u"1.2.3"_qs, 1);
         row(u"a　b"_qs, 2);

@@ -75,9 +75,15 @@ private slots:
             AppError);
     }
 
-    void percentageOfARemainderRoundsTiesToEven() {
-        QCOMPARE(percentageOf(u"50"_qs, 5), 2);
-        QCOMPARE(percentageOf(u"30"_qs, 1000), 300);
+    void fullWidthPercentagesCount() {
+        const EstimateAmounts amounts =
+            recalcAmounts({u"９５"_qs, u"100"_qs, u"100"_qs, u"１０"_qs}, {u"１，０００"_qs}, {});
+        QCOMPARE(amounts.makeElements, 950);
+        QCOMPARE(amounts.tax, 95);
+        QCOMPARE(storedTax(u"１０ "_qs), u"10"_qs);
+        QCOMPARE(storedDiscount(u"９５"_qs), u"95"_qs);
+        for (const QString& none : {u"割"_qs, u"1-2"_qs, u"-"_qs, QString()}) QCOMPARE(storedDiscount(none), u"100"_qs);
+        QCOMPARE(storedTax(u"1-2"_qs), u"0"_qs);
     }
 };
 

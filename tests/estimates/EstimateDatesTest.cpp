@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Raised.h"
 
 #include "base/Application.h"
 #include "estimates/EstimateDates.h"
@@ -63,6 +64,11 @@ private slots:
         clsCsEstimate estimate;
         estimate.RecvDate = u"0099/12/31"_qs;
         QCOMPARE(statusOf(estimate, {}), u"9"_qs);
+        QCOMPARE(plannedDate(u"0099/12/31"_qs, u"7"_qs), QString());
+        QCOMPARE(latestOfAll({u"2026/03/05"_qs, u"0099/12/31"_qs}), QString());
+        estimate.PayInFinDate = u"0099/12/31"_qs;
+        completeFromClaims(estimate, {paidOn(u"2026/03/05"_qs)});
+        QCOMPARE(estimate.PayInFinDate, u"2026/03/05"_qs);
     }
 
     void completionTakesTheLatestDateOfAllClaims() {
@@ -95,6 +101,13 @@ private slots:
         setSystemDate(u"2005/03/01"_qs);
         QCOMPARE(lifeEndDate(u"5"_qs), u"2010/03/01"_qs);
         QCOMPARE(lifeEndDate({}), QString());
+    }
+
+    void aLifeBeyondTheCalendarNamesTheField() {
+        setSystemDate(u"2005/03/01"_qs);
+        for (const QString& years : {u"9000"_qs, u"2000000000"_qs, u"-3000"_qs})
+            QCOMPARE(raised([&] { lifeEndDate(years); }), u"耐用年数がオーバーフローします。"_qs);
+        QCOMPARE(lifeEndDate(u"7994"_qs), u"9999/03/01"_qs);
     }
 };
 

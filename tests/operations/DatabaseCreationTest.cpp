@@ -123,6 +123,13 @@ private slots:
         QVERIFY(!QFile::exists(m_settings.path + u".new"_qs));
     }
 
+    void newFileIsForItsOwnerAlone() {
+        if (TestDatabase::isPostgres()) QSKIP("the server keeps its own files");
+        DatabaseCreation::create(m_settings, Contents::Delivered);
+        const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(!(QFile::permissions(m_settings.path) & others));
+    }
+
     void unfinishedTablesAreRolledBack() {
         TestDatabase database(TestDatabase::Contents::Empty);
         Connection& connection = database.connection();

@@ -49,7 +49,7 @@ void Expect::text(const QString& name, const QString& text) {
     const QWidget* control = Desk::control(name);
     if (const auto* field = qobject_cast<const QLineEdit*>(control)) return same(field->text(), text);
     if (const auto* memo = qobject_cast<const QPlainTextEdit*>(control)) return same(memo->toPlainText(), text);
-    if (const auto* choice = qobject_cast<const ChoiceBox*>(control)) return same(choice->text(), text);
+    if (const auto* choice = qobject_cast<const ChoiceBox*>(control)) return same(choice->shownText(), text);
     if (const auto* combo = qobject_cast<const QComboBox*>(control)) return same(combo->currentText(), text);
     if (const auto* label = qobject_cast<const QLabel*>(control)) return sameCaption(label->text(), text);
     if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return sameCaption(button->text(), text);

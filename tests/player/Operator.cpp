@@ -6,6 +6,7 @@
 #include "ui/Grid.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -145,6 +146,19 @@ void Operator::type(const QString& name, const QString& text) {
     textTarget(control);
     goTo(control, [this, control, text, &player = m_player] {
         replaceText(textTarget(control), text);
+        player.then([target = QPointer<QWidget>(control)] {
+            if (target && hasFocus(target)) leave(target);
+        });
+    });
+}
+
+void Operator::paste(const QString& name, const QString& text) {
+    QWidget* control = Desk::usableControl(name);
+    textTarget(control);
+    goTo(control, [control, text, &player = m_player] {
+        QApplication::clipboard()->setText(text);
+        selectAll(textTarget(control));
+        sendKey(textTarget(control), Qt::Key_V, Qt::ControlModifier);
         player.then([target = QPointer<QWidget>(control)] {
             if (target && hasFocus(target)) leave(target);
         });

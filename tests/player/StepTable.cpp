@@ -105,6 +105,8 @@ QList<StepKind> acting() {
          [](Player& p, const Step&, const Args& a) { Operator(p).press(a.at(0)); }},
         {u"type"_qs, u"NAME TEXT"_qs, u"focus, select all, type, leave the field; a list takes its entries only"_qs, 2,
          2, Acts, [](Player& p, const Step&, const Args& a) { Operator(p).type(a.at(0), a.at(1)); }},
+        {u"paste"_qs, u"NAME TEXT"_qs, u"focus, select all, paste from the clipboard, leave the field"_qs, 2, 2, Acts,
+         [](Player& p, const Step&, const Args& a) { Operator(p).paste(a.at(0), a.at(1)); }},
         {u"key"_qs, u"NAME KEYS"_qs, u"send keys such as Return or Alt+U"_qs, 2, -1, Acts,
          [](Player& p, const Step&, const Args& a) { Operator(p).key(a.at(0), a.mid(1)); }},
         {u"choose"_qs, u"NAME TEXT"_qs, u"pick an entry of a list by its shown text"_qs, 2, 2, Acts,

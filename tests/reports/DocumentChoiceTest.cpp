@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Raised.h"
 
 #include "base/clsProfile.h"
 #include "reports/DocumentChoice.h"
@@ -129,6 +130,7 @@ private slots:
         QVERIFY(fromProfile("[PayBank]\r\nPlural=True\r\n").threeAccounts);
         QCOMPARE(fromProfile("").contractLimit, u"500000"_qs);
         QCOMPARE(fromProfile("[Receipt]\r\nPrice=300000\r\n").contractLimit, u"300000"_qs);
+        QVERIFY(raised([] { fromProfile("[Receipt]\r\nPrice=abc\r\n"); }).contains(u"[Receipt] の Price（abc）"_qs));
     }
 
     void onlyInvoicesAndReceiptsHaveACopyUnlessTheSettingIsTwo() {

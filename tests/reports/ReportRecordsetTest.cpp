@@ -41,10 +41,10 @@ private slots:
         QCOMPARE(records.text(0, u"Name"_qs), u"下腿義足"_qs);
     }
 
-    void aCutNeverLeavesHalfOfACharacter() {
+    void aCutCountsSignsAndLeavesThemWhole() {
         ReportRecordset records = sample();
         records.Set(u"Name"_qs, u"あいう𠮷野"_qs);
-        QCOMPARE(records.text(0, u"Name"_qs), u"あいう"_qs);
+        QCOMPARE(records.text(0, u"Name"_qs), u"あいう𠮷"_qs);
     }
 
     void aTextBecomesTheNumberAtItsStart_data() {

@@ -1,4 +1,6 @@
+#include "FormUnderTest.h"
 #include "HalvaneTest.h"
+#include "support/CapturedMessages.h"
 
 #include "ui/ChoiceBox.h"
 #include "ui/basControlUtil.h"
@@ -90,6 +92,48 @@ private slots:
         QCOMPARE(box.data(), QString());
         box.setEditText(u"東京都"_qs);
         QCOMPARE(box.data(), u"13"_qs);
+    }
+
+    void pastedLineChoosesItsEntry() {
+        ChoiceBox box;
+        box.setEditable(true);
+        fill(box);
+        box.setEditText(u" 大阪府 \n"_qs);
+        QCOMPARE(box.text(), u"大阪府"_qs);
+        QCOMPARE(box.data(), u"27"_qs);
+        box.setEditText(u"琉球\r\n二"_qs);
+        QCOMPARE(box.text(), u"琉球"_qs);
+    }
+
+    void storedTextIsGivenBackUntilItIsAnotherOne() {
+        ChoiceBox box;
+        box.setEditable(true);
+        box.setMaxLength(3);
+        fill(box);
+        box.setText(u" 琉球王国 "_qs);
+        QCOMPARE(box.currentText(), u"琉球王"_qs);
+        QCOMPARE(box.text(), u" 琉球王国 "_qs);
+        box.setEditText(u"琉球"_qs);
+        QCOMPARE(box.text(), u"琉球"_qs);
+    }
+
+    void numericBoxTakesNumbersAlone() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* box = form.add<ChoiceBox>();
+        box->setNumeric(true);
+        box->addEntry(u"8"_qs, u"2"_qs);
+        form.open();
+        form.enter(box, u"１０"_qs);
+        QCOMPARE(box->text(), u"10"_qs);
+        box->lineEdit()->selectAll();
+        form.enter(box, u"8"_qs);
+        QCOMPARE(box->data(), u"2"_qs);
+        box->lineEdit()->selectAll();
+        form.enter(box, u"1-2"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(box->hasFocus());
+        QCOMPARE(box->currentText(), u"1-2"_qs);
     }
 
     void changesAreTold() {

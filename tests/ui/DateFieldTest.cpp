@@ -3,6 +3,7 @@
 #include "support/CapturedMessages.h"
 
 #include "ui/DateField.h"
+#include "ui/EraField.h"
 #include "ui/frmCalendar.h"
 
 #include <QPushButton>
@@ -59,6 +60,55 @@ private slots:
         QCOMPARE(field->text(), u"2005/2/30"_qs);
         QCOMPARE(field->value(), QString());
         QVERIFY(field->hasFocus());
+    }
+
+    void dateBeforeTheFloorIsToldAndKept() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        form.open();
+        for (const QString& typed : {u"1752/12/31"_qs, u"17521231"_qs, u"0099/1/1"_qs}) {
+            form.enter(field, typed);
+            QCOMPARE(field->value(), QString());
+        }
+        QCOMPARE(messages.texts.size(), 3);
+        form.enter(field, u"1753/1/1"_qs);
+        QCOMPARE(field->value(), u"1753/01/01"_qs);
+    }
+
+    // What is stored may have a time, or be no date that anybody would type.
+    void storedDateIsGivenBackUntilItIsAnotherOne() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<DateField>();
+        form.open();
+        field->setValue(u"2005/03/01 9:05:00"_qs);
+        QCOMPARE(field->text(), u"2005/03/01"_qs);
+        QCOMPARE(field->value(), u"2005/03/01 9:05:00"_qs);
+        field->setValue(u"1600/01/01"_qs);
+        field->setFocus(Qt::TabFocusReason);
+        form.leave();
+        QVERIFY(field->commit());
+        QCOMPARE(field->value(), u"1600/01/01"_qs);
+        QVERIFY(messages.texts.isEmpty());
+        form.enter(field, u"2005/03/01"_qs);
+        QCOMPARE(field->value(), u"2005/03/01"_qs);
+    }
+
+    void eraFieldTakesDatesByTheirEraAlone() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<EraField>();
+        form.open();
+        QSignalSpy settled(field, &EntryField::valueSettled);
+        form.enter(field, u"ｈ010401"_qs);
+        QCOMPARE(field->value(), u"1989/04/01"_qs);
+        QCOMPARE(settled.count(), 1);
+        form.enter(field, u"2005/3/1"_qs);
+        QCOMPARE(messages.texts,
+                 QStringList(u"2005/3/1は日付として入力できません。 h010203 のように入力してください"_qs));
+        QVERIFY(field->hasFocus());
+        QCOMPARE(field->value(), QString());
     }
 
     void wrongInputMayBeLeftByAButtonThatGivesUp() {

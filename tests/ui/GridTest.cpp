@@ -150,6 +150,51 @@ private slots:
         QCOMPARE(m_grid->value(2, Item), QString());
     }
 
+    // The key of a row: any number, in either width; a text that is none is refused, and the cell stays.
+    void numbersAloneMayBeTypedBesideTheList() {
+        const CapturedMessages messages;
+        QList<GridColumn> columns = estimateColumns();
+        columns[Quick].freeText = false;
+        columns[Quick].numbersOnly = true;
+        m_grid->setColumns(columns);
+        m_grid->setRows(5);
+        enter(1, Quick, u"５２"_qs);
+        QCOMPARE(m_grid->value(1, Quick), u"52"_qs);
+        enter(2, Quick, u"１２"_qs);
+        QCOMPARE(m_grid->value(2, Quick), u"12"_qs);
+        enter(1, Quick, u"1-2"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        m_grid->giveUpEdit();
+        QCOMPARE(m_grid->value(1, Quick), u"52"_qs);
+        m_grid->setEntries(Quick, GridEntries());
+        enter(3, Quick, u"７"_qs);
+        QCOMPARE(m_grid->value(3, Quick), u"7"_qs);
+    }
+
+    void codesBecomeNarrow() {
+        QList<GridColumn> columns = estimateColumns();
+        columns[Quick].narrow = true;
+        m_grid->setColumns(columns);
+        m_grid->setRows(5);
+        enter(1, Quick, u"Ｔ０１"_qs);
+        QCOMPARE(m_grid->value(1, Quick), u"T01"_qs);
+    }
+
+    void yenAreShownWholeAndAQuantityWithItsDecimals() {
+        QList<GridColumn> columns = estimateColumns();
+        columns[Price].wholeYen = true;
+        m_grid->setColumns(columns);
+        m_grid->setRows(5);
+        m_grid->setRowValues(1, {u"1234.5"_qs, {}, u"1234567.5"_qs}, Quantity);
+        QCOMPARE(m_grid->text(1, Quantity), u"1,234.5"_qs);
+        QCOMPARE(m_grid->text(1, Price), u"1,234,568"_qs);
+        QCOMPARE(m_grid->value(1, Price), u"1234567.5"_qs);
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        QVERIFY(m_grid->beginEdit(1, Price));
+        QVERIFY(m_grid->endEdit());
+        QCOMPARE(edits.count(), 0);
+    }
+
     void freeTextMayBeTypedBesideTheList() {
         enter(1, Quick, u"3"_qs);
         QCOMPARE(m_grid->value(1, Quick), u"3"_qs);

@@ -87,6 +87,35 @@ private slots:
         QVERIFY(field->hasFocus());
     }
 
+    void storedDecimalsAreShownInWholeNumbersAndGivenBack() {
+        FormUnderTest form;
+        auto* field = form.add<NumberField>();
+        form.open();
+        form.leave();
+        field->setValue(u"1234.5"_qs);
+        QCOMPARE(field->text(), u"1,234"_qs);
+        QCOMPARE(field->value(), u"1234.5"_qs);
+        field->setFocus(Qt::TabFocusReason);
+        form.leave();
+        QCOMPARE(field->text(), u"1,234"_qs);
+        QCOMPARE(field->value(), u"1234.5"_qs);
+        form.enter(field, u"1235"_qs);
+        QCOMPARE(field->value(), u"1235"_qs);
+    }
+
+    void numberBeyondItsLimitNamesTheField() {
+        const CapturedMessages messages;
+        FormUnderTest form;
+        auto* field = form.add<NumberField>();
+        field->setLimit(999, u"耐用年数"_qs);
+        form.open();
+        form.enter(field, u"9000"_qs);
+        QCOMPARE(messages.texts, QStringList(u"耐用年数がオーバーフローします。"_qs));
+        QVERIFY(field->hasFocus());
+        form.enter(field, u"999"_qs);
+        QCOMPARE(field->text(), u"999"_qs);
+    }
+
     void separatorsAreNoChange() {
         FormUnderTest form;
         auto* field = form.add<NumberField>();

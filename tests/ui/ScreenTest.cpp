@@ -1,6 +1,7 @@
 #include "FormUnderTest.h"
 #include "HalvaneTest.h"
 #include "support/CapturedMessages.h"
+#include "support/FileLimit.h"
 
 #include "base/AppError.h"
 #include "base/clsProfile.h"
@@ -11,6 +12,7 @@
 #include "ui/Screen.h"
 #include "ui/TextField.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -287,6 +289,37 @@ private slots:
         frmTest screen;
         QVERIFY(screen.Load());
         QCOMPARE(screen.y(), 10'000);
+    }
+
+    void placeThatCannotBeWrittenIsToldOnceAndTheScreenCloses() {
+        writeIni("[DB]\r\nPassWd=x\r\n");
+        const CapturedMessages messages;
+        for (int i = 0; i < 2; ++i) {
+            frmTest screen;
+            QVERIFY(screen.Load());
+            show(screen);
+            const FileLimit limit(0);
+            QVERIFY(screen.close());
+        }
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(messages.texts.first().startsWith(u"INIﾌｧｲﾙに書き込めません。"_qs));
+    }
+
+    void placeThatIsNoNumberNamesItsKey() {
+        writeIni("[frmTest]\r\nTop=abc\r\n");
+        const CapturedMessages messages;
+        frmTest screen;
+        QVERIFY(!screen.Load());
+        QCOMPARE(messages.texts.size(), 1);
+        QVERIFY(messages.texts.first().contains(u"[frmTest] の Top（abc）"_qs));
+    }
+
+    void namesAreShownAsText() {
+        frmTest screen;
+        auto* label = new QLabel(&screen);
+        QVERIFY(screen.Load());
+        label->setText(u"<h1>山田</h1>"_qs);
+        QCOMPARE(label->textFormat(), Qt::PlainText);
     }
 
     void positionOfAMaximisedFormIsNotWritten() {

@@ -4,6 +4,7 @@
 #include "ui/MemoField.h"
 #include "ui/TextField.h"
 
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QSignalSpy>
 
@@ -55,6 +56,68 @@ private slots:
         form.type(field, QString(100, u'医'));
         form.leave();
         QCOMPARE(field->cursorPosition(), 0);
+    }
+
+    void pastedLinesBecomeTheFirstOne_data() {
+        QTest::addColumn<QString>("pasted");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("Windows line end") << u"愛知県\r\n"_qs << u"愛知県"_qs;
+        QTest::newRow("blanks around") << u" \t愛知県 \n"_qs << u"愛知県"_qs;
+        QTest::newRow("ideographic blanks around") << u"　愛知県　"_qs << u"愛知県"_qs;
+        QTest::newRow("empty line ahead") << u"\n愛知県"_qs << u"愛知県"_qs;
+        QTest::newRow("second line") << u"愛知県\n岐阜県"_qs << u"愛知県"_qs;
+        QTest::newRow("line separator") << u"愛知県\u2028岐阜県"_qs << u"愛知県"_qs;
+        QTest::newRow("tab inside") << u"愛知県\t名古屋市"_qs << u"愛知県 名古屋市"_qs;
+        QTest::newRow("control character") << u"愛\u0001知県"_qs << u"愛知県"_qs;
+        QTest::newRow("lone half") << u"愛"_qs + QChar(0xD842) + u"知県"_qs << u"愛知県"_qs;
+        QTest::newRow("sign of two units") << u"𠮷田\n"_qs << u"𠮷田"_qs;
+    }
+    void pastedLinesBecomeTheFirstOne() {
+        QFETCH(QString, pasted);
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        form.open();
+        field->setFocus(Qt::TabFocusReason);
+        QApplication::clipboard()->setText(pasted);
+        field->paste();
+        QTEST(field->value(), "value");
+        form.leave();
+        QTEST(field->text(), "value");
+    }
+
+    void linePastedIntoATextLeavesItsEnd() {
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        field->setText(u"東都"_qs);
+        form.open();
+        field->setFocus();
+        field->setCursorPosition(1);
+        QApplication::clipboard()->setText(u"京\n大阪"_qs);
+        field->paste();
+        QCOMPARE(field->text(), u"東京都"_qs);
+        QCOMPARE(field->cursorPosition(), 2);
+    }
+
+    // A stored text that the field shows otherwise is no change until somebody makes another of it.
+    void setTextIsGivenBackUntilItIsAnotherOne() {
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        field->setInputMode(TextField::Off);
+        field->setMaxLength(8);
+        QSignalSpy changes(field, &EntryField::valueChanged);
+        const QString stored = u"０５２ー１２３４５６\r\n"_qs;
+        field->setValue(stored);
+        QCOMPARE(field->text(), u"052-1234"_qs);
+        QCOMPARE(field->value(), stored);
+        QCOMPARE(changes.count(), 1);
+        form.open();
+        field->setFocus(Qt::TabFocusReason);
+        form.leave();
+        QVERIFY(field->commit());
+        QCOMPARE(field->value(), stored);
+        QCOMPARE(changes.count(), 1);
+        form.enter(field, u"０５２－９"_qs);
+        QCOMPARE(field->value(), u"052-9"_qs);
     }
 
     void numbersAndCodesBecomeNarrowWhenLeft() {
@@ -135,9 +198,23 @@ private slots:
         MemoField memo;
         memo.setMaxLength(5);
         QSignalSpy changes(&memo, &MemoField::valueChanged);
-        memo.setValue(u"一行\n二行目"_qs);
+        memo.setPlainText(u"一行\n二行目"_qs);
         QCOMPARE(memo.value(), u"一行\n二行"_qs);
         QCOMPARE(changes.count(), 1);
+    }
+
+    void memoGivesBackWhatWasSet() {
+        MemoField memo;
+        memo.setMaxLength(5);
+        QSignalSpy changes(&memo, &MemoField::valueChanged);
+        const QString stored = u"一行\r\n二行目"_qs;
+        memo.setValue(stored);
+        QCOMPARE(memo.toPlainText(), u"一行\n二行"_qs);
+        QCOMPARE(memo.value(), stored);
+        memo.setValue(stored);
+        QCOMPARE(changes.count(), 1);
+        memo.setPlainText(u"三"_qs + QChar(0xDC00));
+        QCOMPARE(memo.value(), u"三\uFFFD"_qs);
     }
 };
 

@@ -11,4 +11,4 @@ inline GridEntries gridEntries(const CellChoices& choices) {
 }
 
 // The ID of a price row, chosen or typed; what no row has clears the line.
-inline GridColumn quickEntry() { return GridColumn::of(u"一括選択"_qs, 10).typed().takingAny(); }
+inline GridColumn quickEntry() { return GridColumn::of(u"一括選択"_qs, 10).typed().takingNumbers(); }

@@ -23,6 +23,7 @@ struct LineForm {
 
 GridColumn text(const QString& title, int width) { return GridColumn::of(title, width).typed(); }
 GridColumn number(const QString& title, int width) { return GridColumn::of(title, width, GridColumn::Number); }
+GridColumn yen(const QString& title, int width) { return number(title, width).inYen(); }
 
 LineForm makeForm() {
     return {makeRules(),
@@ -30,7 +31,7 @@ LineForm makeForm() {
             u"種目別製作要素合計："_qs,
             MakeLine::Materials,
             {GridColumn::rowNumber(), quickEntry(), text(u"製作要素"_qs, 34), text(u"原材料等"_qs, 60),
-             number(u"数量"_qs, 8).typed(), number(u"ﾏｽﾀ価格"_qs, 12).unseen(), number(u"価格"_qs, 14).typed().grey()}};
+             number(u"数量"_qs, 8).typed(), yen(u"ﾏｽﾀ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}};
 }
 
 LineForm partsForm() {
@@ -40,7 +41,7 @@ LineForm partsForm() {
             PartsLine::Form,
             {GridColumn::rowNumber(), quickEntry(), text(u"部品名称"_qs, 34), text(u"部品型式"_qs, 30),
              text(u"部品ｺｰﾄﾞ"_qs, 18), text(u"ﾒｰｶｰ名"_qs, 20).grey(), number(u"数量"_qs, 8).typed(),
-             number(u"マスタ価格"_qs, 12).unseen(), number(u"価格"_qs, 14).typed().grey()}};
+             yen(u"マスタ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}};
 }
 
 } // namespace

@@ -24,12 +24,13 @@ namespace {
 constexpr int personLength = 30;
 constexpr int chargeLength = 40;
 constexpr int insurancePayer = 4;
+constexpr int longestLife = 999; // years
 
 // 法別 and 請求先 of a row stand in its hidden numbers.
 QList<GridColumn> insuranceColumns() {
     return {GridColumn::of(u"法別No"_qs, 10).unseen(), GridColumn::of(u"保険名"_qs, 15).typed(),
             GridColumn::of(u"請求先No"_qs, 10).unseen(),
-            GridColumn::of(u"請求先ｺｰﾄﾞ"_qs, 11).typed().takingAny().atMost(10),
+            GridColumn::of(u"請求先ｺｰﾄﾞ"_qs, 11).typed().takingAny().coded().atMost(10),
             GridColumn::of(u"請求先"_qs, 10).typed().takingAny().atMost(40)};
 }
 
@@ -42,6 +43,7 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     m_person = new PersonFields(PersonControls::of(*ui), this);
     for (ChoiceBox* person : {ui->cboDoctor, ui->cboProducer}) person->setMaxLength(personLength);
     ui->cboCharge1->setMaxLength(chargeLength);
+    ui->numLifeYear->setLimit(longestLife, u"耐用年数"_qs);
     ui->flxIns->setColumns(insuranceColumns());
     ui->flxIns->setRows(claimRowCount);
     FormPieces::stretchColumn(ui->flxIns, insurancePayer);
@@ -53,6 +55,7 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
         ui->numPartialPayment->setEnabled(hasClaims());
         emit insurancesChanged();
     });
+    connect(ui->numPartialPayment, &NumberField::valueSettled, this, &CsEstimateBasicPage::takePartialPayment);
     connect(ui->cmdEtcPrt_2, &QPushButton::clicked, this, &CsEstimateBasicPage::receiptAsked);
     // What these open is not there yet.
     for (QPushButton* later : {ui->cmdProductSelect, ui->cmdOpnPrt_2}) later->setEnabled(false);
@@ -68,9 +71,9 @@ void CsEstimateBasicPage::connectPerson() {
     connect(m_person, &PersonFields::nameChanged, this, &CsEstimateBasicPage::nameChanged);
     connect(ui->numLifeYear, &NumberField::valueSettled, this, [this] {
         const QString years = ui->numLifeYear->value();
-        if (!m_showing && !years.isEmpty()) ui->idtLifeEnd->setValue(lifeEndDate(years));
+        if (!m_showing && !years.isEmpty()) guarded([&] { ui->idtLifeEnd->setValue(lifeEndDate(years)); });
     });
-    connect(ui->txtEra, &QLineEdit::editingFinished, this, [this] { guarded([this] { takeEraDate(); }); });
+    connect(ui->txtEra, &EraField::valueSettled, this, &CsEstimateBasicPage::takeEraDate);
     connect(ui->cmdCustSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseCustomer(); }); });
 }
 
@@ -178,6 +181,10 @@ bool CsEstimateBasicPage::hasClaims() const {
     return std::any_of(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
 }
 
+void CsEstimateBasicPage::takePartialPayment() {
+    if (!m_showing && hasClaims() && ui->numPartialPayment->value().isEmpty()) emit partialPaymentEmptied();
+}
+
 QString CsEstimateBasicPage::partialPayment() const { return hasClaims() ? ui->numPartialPayment->value() : QString(); }
 
 QList<ClaimRow> CsEstimateBasicPage::claimRows() const { return m_claimGrid->rows(); }
@@ -193,19 +200,10 @@ CsEstimateBasicPage::QuickDates CsEstimateBasicPage::quickDates() const {
 // --- person ---
 
 void CsEstimateBasicPage::takeEraDate() {
-    const QString typed = Text::rightTrimmed(ui->txtEra->value());
-    if (typed.isEmpty()) return;
-    const QString narrow = Text::toHalfWidth(typed);
-    const int base = eraBaseYear(narrow.at(0));
-    const auto date = base == 0 ? std::nullopt : parseTypedDate(narrow);
+    const QString date = ui->txtEra->value();
+    if (date.isEmpty()) return;
+    ui->idtBirth->setValue(date);
     ui->txtEra->setValue({});
-    if (date) {
-        ui->idtBirth->setValue(dateText(*date));
-        return;
-    }
-    ui->txtEra->setValue(typed);
-    ShowMessage(Message::Warning, typed + u"は日付として入力できません。 h010203 のように入力してください"_qs);
-    ui->txtEra->setFocus();
 }
 
 void CsEstimateBasicPage::chooseCustomer() {

@@ -52,6 +52,8 @@ signals:
     void nameChanged();
     void receiptAsked();
     void insurancesChanged();
+    // The operator took the advance payment back.
+    void partialPaymentEmptied();
     // A customer was chosen whose numbers the header shows.
     void customerChosen(const clsCustomer& customer);
     // An estimate was chosen in the list of the person's estimates.
@@ -61,6 +63,7 @@ private:
     void connectPerson();
     void connectChart();
     void takeEraDate();
+    void takePartialPayment();
     void chooseCustomer();
     void chooseChart();
     void chooseOrder();

@@ -71,12 +71,12 @@ void CsEstimateSchedulePage::collectPercentages(clsCsEstimate& estimate) const {
 
 void CsEstimateSchedulePage::planFromCasting() {
     const QString casting = ui->idtPickPtnDate->value();
-    if (casting.isEmpty()) return;
+    if (!isDate(casting)) return;
     const QList<std::pair<DateField*, int>> planned{{ui->idtTmpSetPlnDate, Setting::TmpSetDays},
                                                     {ui->idtCmpltPlnDate, Setting::CmpltDays},
                                                     {ui->idtDelvPlnDate, Setting::DelvDays},
                                                     {ui->idtAskPlnDate, Setting::AskDays},
                                                     {ui->idtPayInPlnDate, Setting::PayInDays}};
     for (const auto& [field, setting] : planned)
-        if (field->value().isEmpty()) field->setValue(plannedDate(casting, gSysSettingManager.value(setting)));
+        if (!isDate(field->value())) field->setValue(plannedDate(casting, gSysSettingManager.value(setting)));
 }

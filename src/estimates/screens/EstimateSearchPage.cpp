@@ -114,7 +114,8 @@ EstimateListFilter EstimateSearchPage::filter() const {
 
 QList<QWidget*> EstimateSearchPage::fields() const {
     QList<QWidget*> fields;
-    for (EntryField* field : findChildren<EntryField*>()) fields << field;
+    for (EntryField* field : findChildren<EntryField*>())
+        if (!field->focusProxy()) fields << field; // that of a list is the list's own
     for (ChoiceBox* box : findChildren<ChoiceBox*>()) fields << box;
     for (QCheckBox* box : findChildren<QCheckBox*>()) fields << box;
     for (QWidget* code : {ui->txtClaimCd, ui->txtOrderCd, ui->txtProductCd}) fields.removeOne(code);

@@ -24,6 +24,12 @@ namespace {
 
 const QString subject = u"見積"_qs;
 
+// The row of the first claim; without a claim the first row.
+int firstClaimRow(const QList<ClaimRow>& rows) {
+    const auto used = std::find_if(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
+    return used == rows.end() ? 0 : static_cast<int>(used - rows.begin());
+}
+
 // Raises an error when it is gone.
 EstimateDraft storedEstimate(const QString& EstId) {
     EstimateDraft draft;
@@ -68,6 +74,7 @@ void frmCsEstimate::connectPages() {
     });
     connect(ui->pagBasic, &CsEstimateBasicPage::estimateChosen, this,
             [this](const QString& id, qint16 mode) { guarded([&] { openStored(id, mode); }); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::partialPaymentEmptied, this, [this] { takeBackAdvance(); });
     connect(ui->pagItem, &ItemPage::changed, this, [this] { noteEdit(); });
     connect(ui->pagItem, &ItemPage::rowsMoved, this, [this] { guarded([this] { showAmounts(); }); });
     for (LinePage* page : {ui->pagMake, ui->pagParts})
@@ -163,6 +170,7 @@ void frmCsEstimate::showEstimate(const EstimateDraft& draft) {
     const QScopedValueRollback refilling(m_suppressed, true);
     for (LinePage* page : {ui->pagMake, ui->pagParts}) page->clear(); // its item is one of the estimate before
     m_draft = draft;
+    m_receiptSet.clear();
     showHeader();
     ui->txtEstName->setValue(draft.estimate.EstNm);
     ui->pagBasic->showProduct(draft);
@@ -218,11 +226,47 @@ EstimateDraft frmCsEstimate::collect() const {
     return draft;
 }
 
+// The amount that the advance payment had put into the first claim goes with it; another one was typed there.
+void frmCsEstimate::takeBackAdvance() {
+    const int row = firstClaimRow(ui->pagBasic->claimRows());
+    const QString put = m_draft.partialPayment;
+    if (!put.isEmpty() && Money::leadingNumber(ui->pagPrint->payPrice(row)) == Money::leadingNumber(put))
+        ui->pagPrint->setPayPrice(row, {});
+}
+
 // --- saving ---
+
+// The first row, from 0, with an amount that a save would lose, as no 法別 stands beside it; -1: none. A row whose 法別
+// the operator took away goes with its amounts.
+int frmCsEstimate::rowOfLostAmount(const EstimateDraft& draft) const {
+    for (int row = 0; row < draft.claims.size(); ++row) {
+        const ClaimRow& claim = draft.claims.at(row);
+        const bool received = !claim.ask.PayPrice.isEmpty() && claim.ask.PayPrice != m_receiptSet;
+        const bool amount = !claim.ask.AskPrice.isEmpty() || received;
+        if (amount && !claim.isUsed() && !m_draft.claims.value(row).isUsed()) return row;
+    }
+    return -1;
+}
+
+// False when a save would lose an amount, which was told.
+bool frmCsEstimate::keepsAmounts(const EstimateDraft& draft) {
+    const int row = rowOfLostAmount(draft);
+    if (row < 0) return true;
+    ShowMessage(
+        Message::Warning,
+        u"%1 行目に金額がありますが、法別がないため登録できません。\n基本情報で法別を選択するか、金額を消して下さい。"_qs
+            .arg(row + 1));
+    ui->tabCsEst->setCurrentIndex(Print);
+    ui->pagPrint->goTo(draft.claims.at(row).ask.AskPrice.isEmpty() ? DocumentRequest::Field::PayPrice
+                                                                   : DocumentRequest::Field::AskPrice,
+                       row);
+    return false;
+}
 
 std::optional<EstimateDraft> frmCsEstimate::store() {
     if (!leaveField()) return std::nullopt;
     const EstimateDraft entered = collect();
+    if (!keepsAmounts(entered)) return std::nullopt;
     EstimateDraft stored = entered;
     SetWaitCursor(true);
     const SaveResult result =
@@ -361,12 +405,7 @@ void frmCsEstimate::proposeName() {
 namespace {
 
 const QString printAndSave = u"印刷終了後必ず反映処理を実行してください。"_qs;
-
-// The row of the first claim; without a claim the first row.
-int firstClaimRow(const QList<ClaimRow>& rows) {
-    const auto used = std::find_if(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
-    return used == rows.end() ? 0 : static_cast<int>(used - rows.begin());
-}
+const QString notSavedYet = u"データベースに未反映の情報があります。\n"_qs + printAndSave;
 
 } // namespace
 
@@ -383,7 +422,7 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     // With several payers the amounts are theirs; with one alone the receipt follows the estimate.
     const bool soleReceipt = request.outcome == DocumentRequest::Outcome::Print && draft.usedClaims().size() == 1 &&
                              !request.claimsOf(DocumentKind::Receipt).isEmpty();
-    const bool wholeSum = soleReceipt && to == EstimatePrinting::To::Printer && setReceiptAmount();
+    const bool wholeSum = soleReceipt && setReceiptAmount();
     if (confirmPrinting(to)) EstimatePrinting::run({collect(), request, ui->pagPrint->hasReceivedMark(), wholeSum, to});
 }
 
@@ -409,15 +448,15 @@ bool frmCsEstimate::setReceiptAmount() {
     if (Money::leadingNumber(ui->pagPrint->payPrice(row)) == Money::leadingNumber(expected)) return whole;
     const bool unsaved = EstId.isEmpty() || isEdited();
     ui->pagPrint->setPayPrice(row, expected);
-    if (!unsaved) {
-        ShowMessage(Message::Information, u"領収金額を自動設定しました。\n"_qs + printAndSave);
-        m_warnedUnsaved = true;
-    }
+    m_receiptSet = expected;
+    const QString set = u"領収金額を自動設定しました。\n"_qs + printAndSave;
+    ShowMessage(Message::Information, unsaved ? set + u"\n\n"_qs + notSavedYet : set);
+    m_warnedUnsaved = true;
     return whole;
 }
 
 bool frmCsEstimate::confirmPrinting(EstimatePrinting::To to) {
     if (!m_warnedUnsaved && (m_draft.estimate.EstId.isEmpty() || isEdited()))
-        ShowMessage(Message::Information, u"データベースに未反映の情報があります。\n"_qs + printAndSave);
+        ShowMessage(Message::Information, notSavedYet);
     return to == EstimatePrinting::To::Preview || ShowMessage(Message::AskPrint, {}) == AnswerYes;
 }

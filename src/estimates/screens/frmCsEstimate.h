@@ -50,6 +50,9 @@ private:
     // The estimate as it stands on the screen, without lines that no item carries any more.
     EstimateDraft collect() const;
     QStringList tiers() const;
+    void takeBackAdvance();
+    int rowOfLostAmount(const EstimateDraft& draft) const;
+    bool keepsAmounts(const EstimateDraft& draft);
 
     // What is stored afterwards, also when more goes wrong; nothing when the save was refused.
     std::optional<EstimateDraft> store();
@@ -75,6 +78,7 @@ private:
 
     std::unique_ptr<Ui::frmCsEstimate> ui;
     EstimateDraft m_draft;        // as loaded or saved last, with the composition and the amounts as they are now
+    QString m_receiptSet;         // the amount received that printing has set
     bool m_warnedUnsaved = false; // within one printing command
     bool m_suppressed = false;    // while the program refills the screen
 };

@@ -1,5 +1,6 @@
 #include "price/screens/frmCalcPrice.h"
 
+#include "base/Money.h"
 #include "base/Numbers.h"
 #include "base/basMessage.h"
 #include "ui_frmCalcPrice.h"
@@ -7,8 +8,6 @@
 #include <QScreen>
 
 namespace {
-
-constexpr double percent = 100;
 
 // The whole form stays on the display, also beside a button at its edge.
 QPoint onDisplay(const QWidget* form, QPoint place) {
@@ -38,8 +37,7 @@ void frmCalcPrice::load() {
 }
 
 void frmCalcPrice::showPrice() {
-    const double price = Val(ui->numPercent->value()) / percent * AskDiff;
-    ui->lblPrice->setText(formatThousands(static_cast<qint64>(roundHalfEven(price))));
+    ui->lblPrice->setText(formatThousands(Money::percentage(ui->numPercent->value(), AskDiff)));
 }
 
 void frmCalcPrice::takeOver() {

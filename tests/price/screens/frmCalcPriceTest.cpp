@@ -48,6 +48,7 @@ private slots:
         QTest::newRow("ninety") << u"90"_qs << 12340 << u"11,106"_qs;
         QTest::newRow("half to even, down") << u"50"_qs << 5 << u"2"_qs;
         QTest::newRow("half to even, up") << u"50"_qs << 7 << u"4"_qs;
+        QTest::newRow("half that a binary fraction misses") << u"70"_qs << 10245 << u"7,172"_qs;
         QTest::newRow("fraction") << u"33.3"_qs << 1000 << u"333"_qs;
         QTest::newRow("more than all") << u"150"_qs << 1000 << u"1,500"_qs;
         QTest::newRow("negative remainder") << u"50"_qs << -3000 << u"-1,500"_qs;
