@@ -2,6 +2,7 @@
 //   large_office FILE.ini 100000           multiplies the estimates of the sample, with all that belongs to them
 //   large_office FILE.ini 500000 200000    adds customers of many names with a case each, and estimates for them; the
 //                                          same numbers give the same office
+//   large_office FILE.ini masters 5000     multiplies the master estimates of the sample
 #include "base/AppError.h"
 #include "base/clsProfile.h"
 #include "db/Connection.h"
@@ -17,28 +18,35 @@ namespace {
 const QStringList estimateTables{u"顧客見積情報"_qs, u"顧客見積種目"_qs, u"顧客見積基本製作要素"_qs,
                                  u"顧客見積完成要素"_qs, u"顧客見積請求"_qs};
 
-// Copies the estimates whose number starts with two zeros, as all of the sample's do, under another start.
-void repeat(Connection& connection, const QString& table, const QString& start) {
-    QStringList names;
-    for (const Schema::Column& column : Schema::table(table)->columns)
-        if (column.name != u"見積ID") names << u'[' + column.name + u']';
-    connection.execute(
-        u"INSERT INTO [%1] ([見積ID], %2) SELECT '%3' & [見積ID], %2 FROM [%1] WHERE [見積ID] LIKE '00%'"_qs.arg(
-            table, names.join(u", "_qs), start));
+const QStringList masterTables{u"マスタ見積情報"_qs, u"マスタ見積種目"_qs, u"マスタ見積基本製作要素"_qs,
+                               u"マスタ見積完成要素"_qs};
+
+// Copies the rows whose id starts with two zeros, as all of the sample's do, under another start; a code ends with it.
+void repeat(Connection& connection, const QString& table, const QString& id, const QString& start) {
+    QStringList names, values;
+    for (const Schema::Column& column : Schema::table(table)->columns) {
+        if (column.name == id) continue;
+        names << u'[' + column.name + u']';
+        values << names.last() +
+                      (id == u"製品ID" && column.name == u"製品コード" ? u" & '-%1'"_qs.arg(start) : QString());
+    }
+    connection.execute(u"INSERT INTO [%1] ([%2], %3) SELECT '%4' & [%2], %5 FROM [%1] WHERE [%2] LIKE '00%'"_qs.arg(
+        table, id, names.join(u", "_qs), start, values.join(u", "_qs)));
 }
 
-qint64 estimates(Connection& connection) {
-    return connection.scalar(u"SELECT COUNT(*) FROM [顧客見積情報]"_qs).toLongLong();
-}
-
-void enlarge(Connection& connection, qint64 wanted) {
-    const qint64 sample = estimates(connection);
+// Until a table holds so many rows.
+void enlarge(Connection& connection, const QStringList& tables, const QString& id, qint64 wanted) {
+    const auto count = [&] {
+        return connection.scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(tables.first())).toLongLong();
+    };
+    const qint64 sample = count();
     Transaction transaction(connection);
     for (qint64 i = 36; (i - 35) * sample < wanted; ++i)
-        for (const QString& table : estimateTables)
-            repeat(connection, table, QString::number(i, 36).rightJustified(2, u'0'));
+        for (const QString& table : tables)
+            repeat(connection, table, id, QString::number(i, 36).rightJustified(2, u'0'));
     transaction.commit();
-    std::printf("%lld estimates\n", estimates(connection));
+    connection.engineExecute(u"ANALYZE"_qs);
+    std::printf("%s: %lld\n", qUtf8Printable(tables.first()), count());
 }
 
 // --- many customers ---
@@ -146,9 +154,12 @@ int main(int argc, char** argv) {
     try {
         Connection connection(ConnectionSettings::fromProfile(clsProfile(QString::fromLocal8Bit(argv[1]))));
         connection.open();
-        const int wanted = QString::fromLocal8Bit(argv[2]).toInt();
+        const QString first = QString::fromLocal8Bit(argv[2]);
+        const int wanted = first.toInt();
         if (argc == 3)
-            enlarge(connection, wanted);
+            enlarge(connection, estimateTables, u"見積ID"_qs, wanted);
+        else if (first == u"masters")
+            enlarge(connection, masterTables, u"製品ID"_qs, QString::fromLocal8Bit(argv[3]).toInt());
         else
             addOffice(connection, QString::fromLocal8Bit(argv[3]).toInt(), wanted);
         return EXIT_SUCCESS;

@@ -16,7 +16,7 @@ import sys
 sys.dont_write_bytecode = True
 
 from sample_office import (  # noqa: E402
-    DOCTORS, EQUIPMENT, MAKERS_IN_CHARGE, OFFICE, ORDERERS, OWN_SHARE_CAP, PAYERS, PEOPLE, PLANS, POSTAL,
+    DOCTORS, EQUIPMENT, MAKERS_IN_CHARGE, MASTERS, OFFICE, ORDERERS, OWN_SHARE_CAP, PAYERS, PEOPLE, PLANS, POSTAL,
     PRODUCTS, SIDE_PAYER, STAFF, VOUCHER_LAWS)
 from sample_prices import (  # noqa: E402
     ADDITIONS, CHAIR_APPLY, CODE_STEP, ELEMENTS, FORM_STEP, ITEMS, MAKERS, MAKER_FIELDS, MEASURE_SHARE,
@@ -59,13 +59,18 @@ COLUMNS = {
     "顧客見積基本製作要素": "見積ID 見積種目No 要素No 製作要素 原材料等 数量 価格",
     "顧客見積完成要素": "見積ID 見積種目No 要素No 部品コード 部品名称 形式等 メーカー名 数量 価格",
     "顧客見積請求": "見積ID 請求No 法別No 請求先No 請求先 請求日 請求金額 請求書発行日 入金日 領収金額 領収書発行日",
+    "マスタ見積情報": "製品ID 製品コード 製品名称 小人価格 中人価格 大人価格 価格設定年度 備考 登録日 更新日 編集者No",
+    "マスタ見積種目": "製品ID 製品種目No 種目 採型区分 名称 形式 採型採寸 交付修理",
+    "マスタ見積基本製作要素": "製品ID 製品種目No 要素No 製作要素 原材料等 数量 小人価格 中人価格 大人価格",
+    "マスタ見積完成要素": "製品ID 製品種目No 要素No 部品コード 部品名称 形式等 メーカー名 数量 価格",
     "採番": "項目名 最終値 桁 年度",
     "郵便番号簿": "郵便番号 都道府県名 市区町村名 町域名",
 }
 COLUMNS = {table: text.split() for table, text in COLUMNS.items()}
 KEYS = {
     "企業情報": 1, "受注先": 1, "主治医": 1, "請求先": 1, "法別請求対応": 1, "製作担当者": 1, "スタッフ": 1, "装具": 1, "顧客情報": 2, "顧客カルテ": 3,
-    "顧客保険": 3, "顧客見積情報": 1, "顧客見積種目": 2, "顧客見積基本製作要素": 3, "顧客見積完成要素": 3, "顧客見積請求": 2, "採番": 1, "郵便番号簿": 4,
+    "顧客保険": 3, "顧客見積情報": 1, "顧客見積種目": 2, "顧客見積基本製作要素": 3, "顧客見積完成要素": 3, "顧客見積請求": 2,
+    "マスタ見積情報": 1, "マスタ見積種目": 2, "マスタ見積基本製作要素": 3, "マスタ見積完成要素": 3, "採番": 1, "郵便番号簿": 4,
 }
 
 PRICE_COLUMNS = {
@@ -88,6 +93,7 @@ SIZES = {
     "顧客見積基本製作要素": {"製作要素": 20, "原材料等": 50},
     "顧客見積完成要素": {"部品名称": 20, "形式等": 34, "メーカー名": 16, "部品コード": 16},
     "顧客見積請求": {"請求先": 40},
+    "マスタ見積情報": {"製品コード": 12, "製品名称": 50},
 }
 
 
@@ -683,6 +689,52 @@ CATEGORY = {"殻構造義手": "義肢", "殻構造義足": "義肢", "骨格構
             "体幹装具": "装具", "上肢装具": "装具", "座位保持装置": "座位保持装置"}
 
 
+def offers_of(price, item, name, form):
+    """The parts of one name and form that can be ordered."""
+    offers = [row for row in price["Parts"]
+              if (row["種目"], row["名称"], row["形式"], row["使用設定"]) == (item["種目"], name, form, "1")]
+    return offers or fail("no part %s %s for %s" % (name, form, item["種目"]))
+
+
+TIERS = (("小人価格", "小人"), ("中人価格", "中人"), ("大人価格", "大人"))
+# The patterns were put in order when the prices in force came; each at its own time of that day.
+MASTERS_STORED = PRICE_CHANGE + datetime.timedelta(5)
+
+
+def make_masters(out, price, products):
+    """The master estimates at the prices in force. Returns their codes by product."""
+    codes = {}
+    for number, line in enumerate(lines_of(MASTERS), 1):
+        code, name, key, memo = parts_of(line, 4)
+        master = "%08d" % number
+        codes[key] = code
+        sums = dict.fromkeys((column for column, _ in TIERS), 0)
+        for place, item in enumerate(products[key]["items"], 1):
+            texts = {column: item[column] for column in ("種目", "採型区分", "名称", "形式", "採型採寸", "交付修理")}
+            out["マスタ見積種目"].append(table_row("マスタ見積種目", 製品ID=master, 製品種目No=place, **texts))
+            for line_number, (element, material, count) in enumerate(item["make"], 1):
+                row = table_row("マスタ見積基本製作要素", 製品ID=master, 製品種目No=place, 要素No=line_number, 製作要素=element,
+                                原材料等=material, 数量=count)
+                for column, tier in TIERS:
+                    unit, _ = element_price(price, item["種目"], item["採型区分"], item["名称"], item["形式"], item["採型採寸"],
+                                            element, material, tier)
+                    row[column] = str(unit * int(count))
+                    sums[column] += unit * int(count)
+                out["マスタ見積基本製作要素"].append(row)
+            for line_number, (part_name, form, count) in enumerate(item["parts"], 1):
+                part = offers_of(price, item, part_name, form)[0]
+                cost = part_price(price, item["種目"], part_name, form, part["部品コード"])[0] * int(count)
+                out["マスタ見積完成要素"].append(table_row(
+                    "マスタ見積完成要素", 製品ID=master, 製品種目No=place, 要素No=line_number, 部品コード=part["部品コード"],
+                    部品名称=part_name, 形式等=form, メーカー名=part["メーカ名"], 数量=count, 価格=cost))
+                for column in sums:
+                    sums[column] += cost
+        out["マスタ見積情報"].append(table_row(
+            "マスタ見積情報", 製品ID=master, 製品コード=code, 製品名称=name, 価格設定年度=PRICE_CHANGE.year, 備考=memo,
+            登録日=shown(MASTERS_STORED), 更新日=shown(MASTERS_STORED), 編集者No=1, **sums))
+    return codes
+
+
 def make_lines(out, price, order, estimate, product):
     """Item and element rows; returns the two sums."""
     tier, old = order["person"]["tier"], order["received"] < PRICE_CHANGE
@@ -697,10 +749,7 @@ def make_lines(out, price, order, estimate, product):
                                                          製作要素=element, 原材料等=material, 数量=count, 価格=unit * int(count)))
             sums[0] += unit * int(count)
         for place, (name, form, count) in enumerate(item["parts"], 1):
-            offers = [row for row in price["Parts"]
-                      if (row["種目"], row["名称"], row["形式"], row["使用設定"]) == (item["種目"], name, form, "1")]
-            if not offers:
-                fail("no part %s %s for %s" % (name, form, item["種目"]))
+            offers = offers_of(price, item, name, form)
             # A customer stays with the maker of the first fitting.
             part = offers[int(order["person"]["id"]) % len(offers)]
             unit, _ = part_price(price, item["種目"], name, form, part["部品コード"], old)
@@ -711,7 +760,7 @@ def make_lines(out, price, order, estimate, product):
     return sums
 
 
-def make_estimates(out, price, orders, products, assist, settings):
+def make_estimates(out, price, orders, products, codes, assist, settings):
     per_year, vouchers = {}, 0
     for number, order in enumerate(orders, 1):
         person, chart, product = order["person"], order["chart"], products[order["key"]]
@@ -753,6 +802,9 @@ def make_estimates(out, price, orders, products, assist, settings):
             **{"基本割引１": discount1, "基本割引２": discount2})
         for column, date in dates.items():
             row[column] = shown(date)
+        # Since there are patterns, most orders begin with one; the rest are composed by hand.
+        if received > MASTERS_STORED and number % 4:
+            row["製品コード"] = codes.get(order["key"], "")
         kind = product["items"][0]["種目"]
         if kind in SHELL:
             row["骨格殻別"] = "殻構造" if kind[0] == "殻" else "骨格構造"
@@ -792,7 +844,7 @@ def make_numbers(out, customers_per_year, estimates_per_year, seed_numbers):
     year = str(TODAY.year)
     last = {"顧客ID": out["顧客情報"][-1]["顧客ID"], "見積ID": out["顧客見積情報"][-1]["見積ID"],
             "顧客番号": str(customers_per_year.get(TODAY.year, 0)), "見積番号": str(estimates_per_year.get(TODAY.year, 0)),
-            "主治医コード": out["主治医"][-1]["主治医コード"], "製作担当者コード": out["製作担当者"][-1]["製作担当者コード"]}
+            "製品ID": out["マスタ見積情報"][-1]["製品ID"], "主治医コード": out["主治医"][-1]["主治医コード"], "製作担当者コード": out["製作担当者"][-1]["製作担当者コード"]}
     for item, value in last.items():
         seed = seed_numbers[item]
         out["採番"].append(table_row("採番", 項目名=item, 最終値=value.zfill(int(seed["桁"])), 桁=seed["桁"], 年度=year if seed["年度"] else ""))
@@ -929,6 +981,37 @@ def check_prices(out, price):
     return lines
 
 
+def check_masters(out, price):
+    """The patterns by the lookup rules and by their own sums. Returns lines checked."""
+    chosen = selection_list(price)
+    combinations = {tuple(row[column] for column in PRICE_COLUMNS["Item"][1:]) for row in price["Item"]}
+    codes = [row["製品コード"] for row in out["マスタ見積情報"]]
+    check(len(set(codes)) == len(codes) and all(codes), "double 製品コード")
+    check({row["製品コード"] for row in out["顧客見積情報"]} <= set(codes) | {""}, "製品コード of no pattern")
+    check({row["種目"] for row in out["マスタ見積種目"]} == set(ITEMS), "a 種目 without a pattern")
+    items = {(row["製品ID"], row["製品種目No"]): row for row in out["マスタ見積種目"]}
+    for item in items.values():
+        check(tuple(item[column] for column in ("種目", "採型区分", "名称", "形式")) in combinations, "pattern not in the list")
+    for row in out["マスタ見積基本製作要素"]:
+        item = items[row["製品ID"], row["製品種目No"]]
+        texts = [item[column] for column in ("種目", "採型区分", "名称", "形式", "採型採寸")] + [row["製作要素"], row["原材料等"]]
+        check((texts[0], texts[1], texts[5], texts[6]) in chosen, "line cannot be chosen: " + "/".join(texts))
+        for column, tier in TIERS:
+            unit, code = element_price(price, *texts, tier)
+            wanted = AMBIGUOUS if texts[0] == "電動車椅子" and texts[5] == "基本価格" else NOTHING
+            check(unit > 0 and code == wanted and unit * int(row["数量"]) == int(row[column]), "price of " + "/".join(texts))
+    for row in out["マスタ見積完成要素"]:
+        item = items[row["製品ID"], row["製品種目No"]]
+        unit, code = part_price(price, item["種目"], row["部品名称"], row["形式等"], row["部品コード"])
+        check(unit > 0 and code == NOTHING and unit * int(row["数量"]) == int(row["価格"]), "price of part " + row["部品コード"])
+    for head in out["マスタ見積情報"]:
+        make = [row for row in out["マスタ見積基本製作要素"] if row["製品ID"] == head["製品ID"]]
+        parts = sum(int(row["価格"]) for row in out["マスタ見積完成要素"] if row["製品ID"] == head["製品ID"])
+        for column, _ in TIERS:
+            check(int(head[column]) == parts + sum(int(row[column]) for row in make), "sum of " + head["製品コード"])
+    return len(out["マスタ見積基本製作要素"]) + len(out["マスタ見積完成要素"])
+
+
 def check_estimates(out):
     """Amounts, claims, status and the order of the dates. Returns how many claims differ from their total."""
     differing = 0
@@ -1015,12 +1098,14 @@ def main():
     orders = make_orders(people)
     check(len(orders) == ESTIMATE_COUNT, "%d estimates" % len(orders))
     customers_per_year = make_customers(out, people, orders)
-    estimates_per_year = make_estimates(out, price, orders, read_products(), assist, settings)
+    products = read_products()
+    codes = make_masters(out, price, products)
+    estimates_per_year = make_estimates(out, price, orders, products, codes, assist, settings)
     make_numbers(out, customers_per_year, estimates_per_year, {row["項目名"]: row for row in seed["採番"]})
 
     check_keys(out)
     check_references(out, seed)
-    lines = check_prices(out, price)
+    lines = check_prices(out, price) + check_masters(out, price)
     differing = check_estimates(out)
     check_sizes(out)
     check_numbers(out)

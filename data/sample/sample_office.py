@@ -501,6 +501,58 @@ m 付属品|骨盤ベルト|1
 p テーブル|標準|1
 """
 
+# Master estimates: 製品コード|製品名称|product|備考
+MASTERS = """
+UE-SHO-P|前腕義手　装飾用　標準|BE_PASSIVE|
+UE-SHO-A|前腕義手　能動フック　８字ハーネス|BE_ACTIVE|作業場のある方に。フックの材質は要確認
+UE-JOW-M|上腕義手　骨格構造　装飾用|AE_MODULAR|
+UE-YUBI|手指義手　シリコーン|FINGER_PROSTHESIS|採型は色合わせと同じ日に
+UE-GLOVE|前腕義手　手袋交換・断端袋|BE_FIX|修理用
+LE-KATAI|下腿義足　ＰＴＢ　サッチ足|TT_SHELL|
+LE-KATAI-R|下腿義足　カフ・断端袋の交換|TTS_FIX|修理用
+LE-TSB|下腿義足　ライナー　エネルギー蓄積足|TT_MODULAR|
+LE-TSB-R|下腿義足　ソケット・ライナー交換|TT_FIX|修理用
+LE-DAITAI|大腿義足　吸着式　空圧膝|TF_MODULAR|
+LE-DAITAI-L|大腿義足　ライナー式　油圧膝|TF_LINER|高活動の方に
+LE-DAITAI-R|大腿義足　外装交換|TF_FIX|修理用
+LE-KO|股義足　骨格構造|HIP|
+AFO-PL|プラスチック短下肢装具|AFO_PL|
+AFO-JOINT|プラスチック短下肢装具　継手付|AFO_JOINT|
+AFO-METAL|金属支柱付短下肢装具|AFO_METAL|
+AFO-SHOE|金属支柱付短下肢装具（短靴付）|AFO_SHOE|靴は別に採寸
+AFO-CHILD|小児短下肢装具　両側|AFO_CHILD|成長に合わせて半年ごとに調整
+AFO-FIX|短下肢装具　締め革・滑り止め交換|AFO_FIX|修理用
+KAFO|長下肢装具　リングロック|KAFO|
+KAFO-FIX|長下肢装具　膝当て交換|KAFO_FIX|修理用
+HKAFO|骨盤帯付長下肢装具　両側|HKAFO|
+KO-HARD|膝装具　硬性　ダイヤルロック|KO_HARD|
+KO-SOFT|膝装具　軟性|KO_SOFT|採寸で製作
+INSOLE|アーチサポート　両側|ARCH|
+RB|リーメンビューゲル|RB|
+DB|デニスブラウン|DB|
+SHOE|整形靴（短靴）　両側|SHOE|
+SHOE-UP|補高靴（チャッカ靴）　左右不同|SHOE_RAISE|補高の高さは備考に
+LSO-SOFT|腰椎コルセット　軟性|LSO_SOFT|
+LSO-HARD|腰椎装具　硬性|LSO_HARD|
+TLSO|胸椎装具　硬性　ターンバックル付|TLSO|
+SCOLIOSIS|側弯矯正装具|SCOLIOSIS|
+COLLAR|頸椎カラー|COLLAR|
+WHO|手背屈装具|WHO|
+OPPONENS|短対立装具|OPPONENS|
+ELBOW|肘装具　ダイヤルロック|ELBOW|
+SHOULDER|肩外転装具|SHOULDER|
+SEAT-MOULD|座位保持装置　モールド型|SEAT_MOULD|
+SEAT-FLAT|座位保持装置　平面形状型|SEAT_FLAT|
+WC-ORDER|車椅子　普通型　オーダーメイド|WC_ORDER|
+WC-READY|車椅子　介助用　レディメイド|WC_READY|
+WC-TILT|車椅子　ティルト式|WC_TILT|
+EWC-STD|電動車椅子　普通型　４．５km／h|POWER|
+CRUTCH|ロフストランド・クラッチ　一組|CRUTCH|
+WALKER|歩行器　四輪型　腰掛付|WALKER|
+STANDER|起立保持具|STANDER|
+CAR-SEAT|座位保持椅子　車載用|CAR_SEAT|
+"""
+
 # Who pays what. Shares of the total in percent, in line order; the last line takes the rest. 0 stands for the
 # customer's own line. "cap" limits the own line, as the municipal support does.
 PLANS = {

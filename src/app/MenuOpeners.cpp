@@ -3,6 +3,7 @@
 #include "customers/screens/frmCustomerList.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
+#include "master/screens/frmMsEstimateList.h"
 
 const QHash<QString, MenuOpener>& menuOpeners() {
     static const QHash<QString, MenuOpener> table{
@@ -13,6 +14,7 @@ const QHash<QString, MenuOpener>& menuOpeners() {
                  menu, [](frmCsEstimateList& list) { list.OpenMode = frmCsEstimateList::fromMenu; },
                  [](frmCsEstimateList&) {});
          }},
+        {u"cbMsEstimateList"_qs, [](QWidget* menu) { openScreen<frmMsEstimateList>(menu); }},
         {u"cbCustomerList"_qs, [](QWidget* menu) { openScreen<frmCustomerList>(menu); }},
     };
     return table;

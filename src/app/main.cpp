@@ -45,8 +45,11 @@ void print(const QString& line) {
 
 void createDatabase(const QStringList& options) {
     using DatabaseCreation::Contents;
-    DatabaseCreation::create(ConnectionSettings::fromProfile(clsProfile()),
-                             options.isEmpty() ? Contents::Delivered : Contents::WithSample, print);
+    const clsProfile profile;
+    const bool withSample = !options.isEmpty();
+    DatabaseCreation::create(ConnectionSettings::fromProfile(profile),
+                             withSample ? Contents::WithSample : Contents::Delivered, print);
+    if (withSample) DatabaseCreation::writeSampleHelp(profile);
 }
 
 void copyDatabase(const QStringList& profiles) {

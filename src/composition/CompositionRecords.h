@@ -58,12 +58,16 @@ Composition compose(const QList<Item>& items, const ItemRecord<Item>& itemRecord
     return composition;
 }
 
-// The usable items, numbered from 1.
+// Which items are stored; they are numbered from 1.
+using IsStored = bool (*)(const ComposedItem&);
+inline bool isUsable(const ComposedItem& item) { return item.isUsable(); }
+
 template <class Record>
-QList<Record> itemsOf(const Composition& composition, const ItemRecord<Record>& form, const QString& owner) {
+QList<Record> itemsOf(const Composition& composition, const ItemRecord<Record>& form, const QString& owner,
+                      IsStored isStored = isUsable) {
     QList<Record> records;
     for (const ComposedItem& item : composition.items()) {
-        if (!item.isUsable()) continue;
+        if (!isStored(item)) continue;
         Record record;
         record.*form.owner = owner;
         record.*form.number = QString::number(records.size() + 1);
@@ -76,11 +80,11 @@ QList<Record> itemsOf(const Composition& composition, const ItemRecord<Record>& 
 // Their lines of one kind, numbered from 1 within each item.
 template <class Record>
 QList<Record> linesOf(const Composition& composition, ItemLines lines, const LineRecord<Record>& form,
-                      const QString& owner) {
+                      const QString& owner, IsStored isStored = isUsable) {
     QList<Record> records;
     int itemNumber = 0;
     for (const ComposedItem& item : composition.items()) {
-        if (!item.isUsable()) continue;
+        if (!isStored(item)) continue;
         ++itemNumber;
         int number = 0;
         for (const Cells& cells : item.*lines) {

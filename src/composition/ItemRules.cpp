@@ -45,14 +45,30 @@ void narrow(Cells& row, int column) {
     narrow(row, column + 1);
 }
 
+// That a price row has the row's texts up to a column.
+SqlTerm hasTexts(const Cells& row, int column) {
+    using Row = clsPriceItem;
+    static const QList<QString Row::*> texts{&Row::Item, &Row::PickKbn, &Row::Name, &Row::Form};
+    QList<SqlTerm> terms;
+    for (int i = Item; i <= column; ++i) terms << gPriceItemManager.equal(texts.at(i - Item), row.at(i));
+    return SqlAllOf(terms);
+}
+
 // Clears the quick entry when no valid row of that ID has the row's texts up to a column.
 void checkRowId(Cells& row, int column) {
     if (row.at(RowId).isEmpty()) return;
-    using Row = clsPriceItem;
-    static const QList<QString Row::*> texts{&Row::Item, &Row::PickKbn, &Row::Name, &Row::Form};
-    QList<SqlTerm> terms{isId(row.at(RowId))};
-    for (int i = Item; i <= column; ++i) terms << gPriceItemManager.equal(texts.at(i - Item), row.at(i));
-    if (validItems(SqlAllOf(terms)).isEmpty()) row[RowId].clear();
+    if (validItems(SqlAllOf({isId(row.at(RowId)), hasTexts(row, column)})).isEmpty()) row[RowId].clear();
+}
+
+void startAnew(Cells& row, int column) {
+    if (validItems(hasTexts(row, column)).isEmpty()) row[column].clear();
+    if (column != Form) clearFrom(row, column + 1, column == Item ? -1 : int(Form));
+}
+
+void takeText(Cells& row, int column, const Habits& habits) {
+    if (habits.startsAnew) startAnew(row, column);
+    checkRowId(row, column);
+    narrow(row, column + 1);
 }
 
 void takeRowId(Cells& row) {
@@ -65,13 +81,12 @@ void takeRowId(Cells& row) {
 }
 
 // Only the 種目 priced by 採型 or 採寸 ask for that choice.
-void startPickStyle(Cells& row, PickStyleStart start) {
+void startPickStyle(Cells& row, const Habits& habits) {
     if (row.at(Item).isEmpty()) return;
     if (!hasPickStyle(row.at(Item)))
         row[PickStyle] = u"0"_qs;
     else if (row.at(PickStyle) != u"1" && row.at(PickStyle) != u"2")
-        row[PickStyle] =
-            start == PickStyleStart::Empty ? QString() : assistChoices(AssistGroup::PickStyle).value(0).value;
+        row[PickStyle] = habits.takesFirstStyle ? assistChoices(AssistGroup::PickStyle).value(0).value : QString();
 }
 
 void clearBehind(Cells& row, int column) {
@@ -109,19 +124,23 @@ CellChoices choices(const Cells& row, int column) {
     }
 }
 
-void edited(Cells& row, int column, const QString& before, PickStyleStart start) {
+void edited(Cells& row, int column, const QString& before, const Habits& habits) {
     if (row.at(column) == before || column > Form) return;
-    if (row.at(column).isEmpty()) {
-        if (column != Form) clearBehind(row, column);
-        return;
-    }
-    if (column == RowId) {
+    const bool isEmpty = row.at(column).isEmpty();
+    if (column == RowId && !isEmpty)
         takeRowId(row);
-    } else {
-        checkRowId(row, column);
-        narrow(row, column + 1);
-    }
-    if (column != Form) startPickStyle(row, start);
+    else if (!isEmpty)
+        takeText(row, column, habits);
+    else if (column != Form)
+        clearBehind(row, column);
+    if (column != Form && !isEmpty) startPickStyle(row, habits);
+    if (column != RowId && habits.namesId) row[RowId] = idOf(row);
+}
+
+QString idOf(const Cells& row) {
+    if (!isFilledUpTo(row, PickStyle)) return {};
+    const QList<clsPriceItem> found = validItems(hasTexts(row, Form));
+    return found.size() == 1 ? found.first().ID : QString();
 }
 
 bool isUsable(const Cells& row) { return !row.at(Item).isEmpty() && !row.at(PickKbn).isEmpty(); }

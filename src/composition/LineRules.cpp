@@ -5,12 +5,18 @@
 
 #include <algorithm>
 
-LineContext::LineContext(const Cells& itemRow, const QStringList& tiers)
+LineContext::LineContext(const Cells& itemRow, const QStringList& priced)
     : item(itemRow.at(ItemRules::Item)), pickKbn(itemRow.at(ItemRules::PickKbn)), name(itemRow.at(ItemRules::Name)),
-      form(itemRow.at(ItemRules::Form)), pickStyle(itemRow.at(ItemRules::PickStyle)), tiers(tiers) {}
+      form(itemRow.at(ItemRules::Form)), pickStyle(itemRow.at(ItemRules::PickStyle)), tiers(priced) {}
 
 QString lineAmount(const QString& unitPrice, const QString& quantity) {
     return numberText(Val(unitPrice) * Val(quantity));
+}
+
+qint32 totalOf(const QStringList& amounts) {
+    qint32 total = 0;
+    for (const QString& amount : amounts) total = ToInt(total + Val(amount));
+    return total;
 }
 
 bool LineRules::mayEdit(const Cells& row, int column, const LineContext& context) const {

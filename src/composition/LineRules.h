@@ -71,3 +71,5 @@ const LineRules& partsRules();
 
 // Unit price times quantity as plain text, not rounded; both count with the number at their start.
 QString lineAmount(const QString& unitPrice, const QString& quantity);
+// The amounts of lines in whole yen; each is rounded as it is added. Raises an overflow error beyond 32 bits.
+qint32 totalOf(const QStringList& amounts);

@@ -13,8 +13,29 @@ using Row = clsBaseElmtSelect;
 
 SqlTerm has(QString Row::*member, const QString& value) { return gBaseElmtSelectManager.equal(member, value); }
 
+// The elements of wheelchairs stand under any 採型区分.
+QStringList categoriesOf(const LineContext& context) {
+    static const QString any = u"＊"_qs;
+    QStringList categories{context.pickKbn};
+    if (isWheelchair(context.item) && context.pickKbn != any) categories << any;
+    return categories;
+}
+
 SqlTerm ofItem(const LineContext& context) {
-    return SqlAllOf({has(&Row::Item, context.item), has(&Row::PickKbn, context.pickKbn)});
+    QList<SqlTerm> categories;
+    for (const QString& category : categoriesOf(context)) categories << has(&Row::PickKbn, category);
+    return SqlAllOf({has(&Row::Item, context.item), SqlAnyOf(categories)});
+}
+
+CellChoices elements(const LineContext& context) {
+    CellChoices choices;
+    for (const QString& category : categoriesOf(context)) {
+        QList<clsBaseElmtSelect> rows;
+        gBaseElmtSelectManager.GetListSumMakeElmt(rows, context.item, category);
+        for (const CellChoice& element : choicesOf(rows, &clsBaseElmtSelect::MakeElmt))
+            if (!holds(choices, element.value)) choices << element;
+    }
+    return choices;
 }
 
 QList<clsBaseElmtSelect> selection(const QList<SqlTerm>& terms) {
@@ -26,15 +47,13 @@ QList<clsBaseElmtSelect> selection(const QList<SqlTerm>& terms) {
 CellChoices choices(const Cells& row, int column, const LineContext& context) {
     if (!context.isUsable()) return {};
     CellChoices choices;
-    QList<clsBaseElmtSelect> rows;
     switch (column) {
     case RowId:
         for (const clsBaseElmtSelect& entry : selection({ofItem(context)}))
             choices << CellChoice{entry.ID, entry.ID, entry.MakeElmt + u'／' + entry.Materials};
         return choices;
     case MakeElmt:
-        gBaseElmtSelectManager.GetListSumMakeElmt(rows, context.item, context.pickKbn);
-        return choicesOf(rows, &clsBaseElmtSelect::MakeElmt);
+        return elements(context);
     case Materials:
         if (row.at(MakeElmt).isEmpty()) return {};
         return choicesOf(selection({ofItem(context), has(&Row::MakeElmt, row.at(MakeElmt))}),

@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "composition/LineRules.h"
 #include "price/basPriceLookup.h"
 
 namespace {
@@ -13,13 +14,6 @@ QString storedNumber(const QString& text, const QString& whenNone) {
 }
 
 qint32 discountOf(const QString& text) { return ToInt16(Val(storedDiscount(text))); }
-
-// Each line is rounded as it is added.
-qint32 totalOf(const QStringList& amounts) {
-    qint32 total = 0;
-    for (const QString& amount : amounts) total = ToInt(total + Val(amount));
-    return total;
-}
 
 } // namespace
 

@@ -322,8 +322,12 @@ bool loadEstimate(const QString& EstId, EstimateDraft& draft) {
     return true;
 }
 
-void deleteEstimate(Connection& connection, const QString& EstId) {
+void deleteEstimate(Connection& connection, const QString& EstId, const std::optional<QString>& UpdDate) {
     Transaction transaction(connection);
+    connection.lockForWriting(gCsEstimateManager.table()); // a save under way ends first, with all its rows
+    clsCsEstimate stored;
+    if (UpdDate && gCsEstimateManager.GetData(EstId, stored) && stored.UpdDate != *UpdDate)
+        throw AppError(u"この見積は他の端末で更新されています。\n開き直して内容を確かめてから削除してください。"_qs);
     gCsEstAskManager.DeleteData(EstId);
     gCsMakeElmtManager.DeleteData(EstId);
     gCsCmpltElmtManager.DeleteData(EstId);

@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 // A row of the insurance grid with its claim: 法別 and payer, and what the claim line holds.
 struct ClaimRow {
@@ -71,8 +72,9 @@ SaveResult saveEstimate(Connection& connection, EstimateDraft& draft, const Conf
 // stored; a customer or chart that is gone leaves empty members.
 bool loadEstimate(const QString& EstId, EstimateDraft& draft);
 
-// Removes an estimate and its rows in one transaction; customer and chart stay.
-void deleteEstimate(Connection& connection, const QString& EstId);
+// Removes an estimate and its rows in one transaction; customer and chart stay. `UpdDate` is that of the load: when
+// another machine has stored the estimate since, an error rises and nothing is removed.
+void deleteEstimate(Connection& connection, const QString& EstId, const std::optional<QString>& UpdDate = {});
 
 // The insurance rows of a customer branch, at most 4, without payers.
 QList<ClaimRow> claimRowsOf(const QString& CustId, const QString& CustSubId);

@@ -2,6 +2,8 @@
 
 #include "base/AppError.h"
 #include "base/Csv.h"
+#include "base/WholeFile.h"
+#include "base/clsProfile.h"
 #include "db/Connection.h"
 #include "db/clsSQLMaker.h"
 #include "price/PriceFiles.h"
@@ -121,6 +123,22 @@ void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
     }
 }
 
+void writeHelp(const clsProfile& profile, const QString& section, const QString& ours) {
+    const QString folder = profile.GetPath(section, u"Path"_qs);
+    const QString type = profile.GetValue(section, u"Type"_qs);
+    if (folder.isEmpty() || type.mid(type.startsWith(u'.') ? 1 : 0).toLower() != ours) return;
+    QDir().mkpath(folder);
+    const QString source = u"sample/%1/"_qs.arg(section.toLower());
+    initResources();
+    for (const QString& name : QDir(u":/data/"_qs + source).entryList()) {
+        const QString path = QDir(folder).filePath(name);
+        if (QFile::exists(path)) continue;
+        WholeFile file(path);
+        file.write(resource(source + name));
+        file.commit();
+    }
+}
+
 } // namespace
 
 void create(const ConnectionSettings& settings, Contents contents,
@@ -154,6 +172,11 @@ void loadSample(Connection& connection) {
     RebuildBaseElmtSelect(connection);
     loadFolder(connection, u"sample"_qs);
     transaction.commit();
+}
+
+void writeSampleHelp(const clsProfile& profile) {
+    writeHelp(profile, u"Image"_qs, u"png"_qs);
+    writeHelp(profile, u"Text"_qs, u"txt"_qs);
 }
 
 } // namespace DatabaseCreation

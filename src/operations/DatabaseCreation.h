@@ -7,6 +7,7 @@
 #include <functional>
 
 class Connection;
+class clsProfile;
 
 // A new database from the schema, the delivered rows and, if asked, the sample office.
 namespace DatabaseCreation {
@@ -27,5 +28,8 @@ void createTables(Connection& connection);
 void loadDelivered(Connection& connection);
 // The sample office and its price list, on top of the delivered rows. One transaction.
 void loadSample(Connection& connection);
+// Pictures and texts of its articles, into the folders that an INI file names for them, when it asks for files of their
+// type. What stands there stays as it is.
+void writeSampleHelp(const clsProfile& profile);
 
 } // namespace DatabaseCreation

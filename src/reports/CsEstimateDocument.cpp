@@ -6,21 +6,14 @@
 #include "base/basCommon.h"
 #include "price/basPriceLookup.h"
 #include "reports/CsEstimateFields.h"
+#include "reports/LineRows.h"
 #include "reports/ReportText.h"
 
 #include <algorithm>
 
 namespace {
 
-using Values = QList<std::pair<QString, QVariant>>;
-
-const QString basicPrice = u"基本価格"_qs;
-
-bool isWildcard(const QString& text) { return text == u"*" || text == u"＊"; }
-
-QString unlessWildcard(const QString& text) { return isWildcard(text) ? QString() : text; }
-
-bool takesNameAsPickKbn(const QString& item) { return item == u"車椅子" || item == u"車いす"; }
+using LineRows::Values;
 
 // A discount that was never entered leaves the amount as it is.
 int percentage(const QString& text) { return text.trimmed().isEmpty() ? 100 : ToInt(Val(text)); }
@@ -67,7 +60,7 @@ private:
     }
 
     void addDiscount(double subtotal, const QStringList& rates, int first, int second) {
-        addRow({{u"SumTitle"_qs, u"小　　　計"_qs}, {u"Price"_qs, subtotal}});
+        addRow(LineRows::subtotal(subtotal));
         QString words = u"( 小計 "_qs;
         for (const QString& rate : rates) words += u"× %1/100 "_qs.arg(rate);
         addRow({{u"SumCal"_qs, words + u')'}, {u"Price"_qs, discounted(subtotal, first, second)}});
@@ -75,55 +68,21 @@ private:
 
     double addMakeRows() {
         double subtotal = 0;
-        for (const clsCsMakeElmt& element : m_source.makeElements) {
-            Values values{{u"Elmt"_qs, element.MakeElmt}};
-            if (element.MakeElmt == basicPrice)
-                values += basicPriceValues(itemOf(element.EstItemNo));
-            else
-                values.append({u"Materials"_qs, element.Materials});
-            addRow(values + amounts(element.Suryo, element.Price));
-            subtotal += Val(element.Price);
+        for (const clsCsMakeElmt& line : m_source.makeElements) {
+            addRow(LineRows::makeLine(line, m_source.items, m_source.pickStyles));
+            subtotal += Val(line.Price);
         }
         return subtotal;
     }
 
     double addCompleteRows() {
-        addRow({{u"Elmt"_qs, u"完成用部品"_qs}});
+        addRow(LineRows::partsHead());
         double subtotal = 0;
-        for (const clsCsCmpltElmt& element : m_source.completeElements) {
-            addRow(Values{{u"Elmt"_qs, element.PartsNm},
-                          {u"PartsForm"_qs, unlessWildcard(element.Form)},
-                          {u"MakerNm"_qs, element.MakerNm},
-                          {u"PartsCd"_qs, element.PartsCd}} +
-                   amounts(element.Suryo, element.Price));
-            subtotal += Val(element.Price);
+        for (const clsCsCmpltElmt& line : m_source.completeElements) {
+            addRow(LineRows::partsLine(line));
+            subtotal += Val(line.Price);
         }
         return subtotal;
-    }
-
-    static Values amounts(const QString& suryo, const QString& price) {
-        const double quantity = Val(suryo);
-        Values values{{u"Suryo"_qs, suryo}, {u"Price"_qs, Val(price)}};
-        if (quantity > 0) values.append({u"Unit"_qs, roundHalfEven(Val(price) / quantity)});
-        return values;
-    }
-
-    Values basicPriceValues(const clsCsItem& item) const {
-        Values values{{u"Item"_qs, item.Item}};
-        if (takesNameAsPickKbn(item.Item)) {
-            values.append({u"PickKbn"_qs, item.Name});
-        } else {
-            values.append({u"PickKbn"_qs, unlessWildcard(item.PickKbn)});
-            values.append({u"Name"_qs, unlessWildcard(item.Name)});
-        }
-        if (hasPickStyle(item.Item)) values.append({u"PickStyle"_qs, m_source.pickStyles.value(item.PickStyle)});
-        return values;
-    }
-
-    clsCsItem itemOf(const QString& itemNo) const {
-        for (const clsCsItem& item : m_source.items)
-            if (Val(item.EstItemNo) == Val(itemNo)) return item;
-        return {};
     }
 
     const CsEstimateSource& m_source;

@@ -1,7 +1,4 @@
-#include "base/Application.h"
-#include "base/Dates.h"
 #include "reports/ReportClasses.h"
-#include "reports/ReportText.h"
 
 namespace {
 
@@ -14,11 +11,6 @@ ReportRecordset listRecordset() {
                                            {u"Ins"_qs, Text, 50},         {u"PickPtnDate"_qs, Text, 30},
                                            {u"DelvFinDate"_qs, Text, 30}, {u"Sort"_qs, Text, 3}};
     return ReportRecordset(fields);
-}
-
-ReportHeader dayOfPrinting() {
-    constexpr int wholeDate = 1;
-    return {{{u"PrtDate"_qs, ReportText::issueDate(dateText(gSysDate), wholeDate, false)}}};
 }
 
 ReportSample sample() {
@@ -34,5 +26,5 @@ ReportSample sample() {
 
 QList<ReportClass> estimateLists() {
     const auto title = [](const ReportRecordset&, const ReportParameters&) { return u"見積データ一覧"_qs; };
-    return {{u"repCsEstList"_qs, listRecordset, ReportRowPlan::List, nullptr, dayOfPrinting, title, sample()}};
+    return {{u"repCsEstList"_qs, listRecordset, ReportRowPlan::List, nullptr, printDayHeader, title, sample()}};
 }

@@ -1,7 +1,10 @@
 #include "reports/ReportClasses.h"
 
 #include "base/AppError.h"
+#include "base/Application.h"
+#include "base/Dates.h"
 #include "base/clsProfile.h"
+#include "reports/ReportText.h"
 
 namespace {
 
@@ -20,8 +23,13 @@ int linesOnPage(const ReportClass& report, const ReportLayout& layout, int setti
 
 } // namespace
 
+ReportHeader printDayHeader() {
+    constexpr int wholeDate = 1;
+    return {{{u"PrtDate"_qs, ReportText::issueDate(dateText(gSysDate), wholeDate, false)}}};
+}
+
 const QList<ReportClass>& reportClasses() {
-    static const QList<ReportClass> classes = estimateDocuments() + estimateLists();
+    static const QList<ReportClass> classes = estimateDocuments() + estimateLists() + masterReports();
     return classes;
 }
 

@@ -37,6 +37,10 @@ struct ReportClass {
 // The tables of the subjects.
 QList<ReportClass> estimateDocuments();
 QList<ReportClass> estimateLists();
+QList<ReportClass> masterReports();
+
+// The header of papers that tell the day of printing: the system date as `PrtDate`.
+ReportHeader printDayHeader();
 
 const QList<ReportClass>& reportClasses();
 // Raises an error for a class that the system does not have.

@@ -84,4 +84,10 @@ QString issueDate(const QString& date, int form, bool blankForm) {
     return Text::toFullWidth(text);
 }
 
+QString shortened(const QString& text, int size) {
+    if (text.size() <= size) return text;
+    const int kept = size - 1;
+    return text.left(text.at(kept - 1).isHighSurrogate() ? kept - 1 : kept) + u'…';
+}
+
 } // namespace ReportText

@@ -24,4 +24,7 @@ bool isDateForm(const QString& form);
 // `blankForm` is set, else the empty text.
 QString issueDate(const QString& date, int form, bool blankForm);
 
+// A text of more characters (UTF-16 units) than that ends with "…".
+QString shortened(const QString& text, int size);
+
 } // namespace ReportText

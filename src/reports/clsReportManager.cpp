@@ -8,7 +8,9 @@
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateManagers.h"
 #include "estimates/ListedLaws.h"
+#include "master/MasterManagers.h"
 #include "reference/ReferenceManagers.h"
+#include "reports/MasterReports.h"
 #include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
 
@@ -134,5 +136,42 @@ void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm
         };
         estimates.ForEachOf(estimates.IdsWithMst(where, sort), add, pause, begin);
         return records;
+    });
+}
+
+double clsReportManager::readTaxRate() {
+    clsSysSettingManager settings;
+    settings.Prepare(*m_connection);
+    return Val(settings.value(Setting::Tax));
+}
+
+void clsReportManager::GetMstEstimateData(const SqlTerm& where, ReportRecordset& outRecordset) {
+    outRecordset = underSource(u"GetMstEstimateData"_qs, [&] {
+        clsMstEstimateManager masters;
+        clsMstItemManager items;
+        clsMstMakeElmtManager makeLines;
+        clsMstCmpltElmtManager partsLines;
+        masters.Prepare(*m_connection);
+        items.Prepare(*m_connection);
+        makeLines.Prepare(*m_connection);
+        partsLines.Prepare(*m_connection);
+        QList<clsMstEstimate> headers;
+        masters.GetList(headers, where, masters.sorted({&clsMstEstimate::ProductCd, &clsMstEstimate::ProductId}));
+        QList<MasterSource> sources;
+        for (const clsMstEstimate& header : headers) {
+            const QStringList owner{header.ProductId};
+            sources << MasterSource{header, items.rowsOf(owner), makeLines.rowsOf(owner), partsLines.rowsOf(owner)};
+        }
+        return masterSheetRows(sources, readAssistViews(AssistGroup::PickStyle), readTaxRate());
+    });
+}
+
+void clsReportManager::GetMstEstListData(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset) {
+    outRecordset = underSource(u"GetMstEstListData"_qs, [&] {
+        clsMstEstimateManager masters;
+        masters.Prepare(*m_connection);
+        QList<clsMstEstimate> rows;
+        masters.GetList(rows, where, sort);
+        return masterListRows(rows, readTaxRate());
     });
 }

@@ -25,7 +25,13 @@ public:
     void GetCsEstimateListData(const SqlTerm& where, const SqlTerm& sort, int member, const QString& exclusions,
                                ReportRecordset& outRecordset, const std::function<bool()>& pause = {});
 
+    // The sheets of the master estimates of a condition over `マスタ見積情報`, by their codes, and the list of them in
+    // an order. Both show the totals with the tax of setting No 2.
+    void GetMstEstimateData(const SqlTerm& where, ReportRecordset& outRecordset);
+    void GetMstEstListData(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset);
+
 private:
+    double readTaxRate();
     DocumentSwitches readSwitches(DocumentKind kind);
     InsNames readInsNames(const QList<clsCsEstAsk>& claims);
     InsNames readInsNames(); // of all laws

@@ -104,6 +104,9 @@ QString sheet() {
         QLabel[shownValue="true"] { background: %1; border: 1px solid #D5DBE0; border-radius: 3px;
             padding: 1px 5px; min-height: 1.2em; }
         QLabel[shownValue="true"]:disabled { background: %4; color: #5B6670; }
+        QLabel[grandTotal="true"] { font-weight: bold; border: 1px solid %3; }
+        QLabel[heading="true"] { color: #4A5866; }
+        QLabel[picture="true"] { background: #FFFFFF; border: 1px solid %2; border-radius: 3px; }
         #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),

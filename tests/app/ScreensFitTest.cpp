@@ -6,6 +6,9 @@
 #include "db/clsDbManager.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
+#include "master/screens/frmMsEstimateList.h"
+#include "master/screens/frmMstEstimateDialog.h"
+#include "master/screens/frmMsEstimate.h"
 #include "ui/Grid.h"
 #include "ui/Style.h"
 
@@ -50,7 +53,10 @@ private slots:
     }
 
     void theEditorFits() { checkFits<frmCsEstimate>(); }
+    void theMasterEditorFits() { checkFits<frmMsEstimate>(); }
     void theEstimateListFits() { checkFits<frmCsEstimateList>(); }
+    void theMasterListFits() { checkFits<frmMsEstimateList>(); }
+    void theDialogOfANewMasterFits() { checkFits<frmMstEstimateDialog>(); }
     void theCustomerListFits() { checkFits<frmCustomerList>(); }
     void theCustomerScreenFits() { checkFits<frmCustomer>(); }
 

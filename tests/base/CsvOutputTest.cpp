@@ -107,6 +107,15 @@ private slots:
 
     void aTextThatLacksNothingIsNotTold() { QVERIFY(lacking({u"名"_qs}, {{{u"髙橋①"_qs}, {}}}).isEmpty()); }
 
+    void fifteenAreAllToldTheSixteenthIsCounted() {
+        QList<CsvRow> rows(15, {{u"𠮷"_qs}, u"𠮷田"_qs});
+        const QString all = lacking({u"名前1"_qs}, rows).told();
+        QCOMPARE(all.count(u'\n'), 14);
+        QVERIFY(all.endsWith(u"15行目（𠮷田） 名前1：𠮷"_qs));
+        rows << rows.first();
+        QCOMPARE(lacking({u"名前1"_qs}, rows).told(), all + u"\nほか 1か所（すべての箇所はログに記録しました）"_qs);
+    }
+
     void manyAreCounted() {
         const ProgramFolder folder;
         folder.writeProfile("[Log]\r\nPath=.\r\n");

@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "composition/ItemRules.h"
@@ -99,6 +100,27 @@ private slots:
         QCOMPARE(lineAmount({}, u"3"_qs), u"0"_qs);
     }
 
+    void elementsOfWheelchairsStandUnderAnyCategory() {
+        Cells item = emptyRow(ItemRules::Columns);
+        choose(item, ItemRules::RowId, u"105"_qs);
+        const CellChoices usual =
+            makeRules().choices(emptyRow(MakeLine::Columns), MakeLine::MakeElmt, LineContext(item, {QString()}));
+        QVERIFY(holds(usual, u"基本価格"_qs));
+        item[ItemRules::PickKbn] = u"K-1"_qs;
+        const LineContext context(item, {QString()});
+        Cells row = emptyRow(MakeLine::Columns);
+        const CellChoices offered = makeRules().choices(row, MakeLine::MakeElmt, context);
+        QCOMPARE(offered.size(), usual.size());
+        chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, context);
+        chooseMake(row, MakeLine::Materials, u"オーダーメイド"_qs, context);
+        QVERIFY(row.at(MakeLine::Price).toInt() > 0);
+    }
+
+    void amountsAreRoundedAsTheyAreAdded() {
+        QCOMPARE(totalOf({u"499.5"_qs, u"499.5"_qs, u"499.5"_qs, u"1,000円"_qs, {}}), 2500);
+        QVERIFY(!raised([] { totalOf({u"2147483647"_qs, u"1"_qs}); }).isEmpty());
+    }
+
     void clearedElementClearsTheLine() {
         Cells row = emptyRow(MakeLine::Columns);
         chooseMake(row, MakeLine::MakeElmt, u"基本価格"_qs, braceContext());
@@ -174,6 +196,68 @@ private slots:
         choosePart(row, PartsLine::MakerNm, u"乙製作所"_qs, context);
         QCOMPARE(row.at(PartsLine::PartsCd), u"K3"_qs);
         QCOMPARE(row.at(PartsLine::Price), u"6000"_qs);
+    }
+
+    void aSinglePartFillsItsMakerOfSeveralTheOneChosenBeforeStays() {
+        const auto add = [this](int id, const QString& form, const QString& code, const QString& maker) {
+            m_database->connection().execute(
+                u"INSERT INTO [価格部品] ([ID], [種目], [名称], [形式], [部品コード], [メーカ名], [新価格], [使用設定],"
+                u" [有効Flg]) VALUES (%1, '下肢装具', '試継手', '%2', '%3', '%4', 1000, 1, 0)"_qs.arg(
+                    QString::number(id), form, code, maker));
+        };
+        add(9999001, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs);
+        Cells row = emptyRow(PartsLine::Columns);
+        choosePart(row, PartsLine::PartsNm, u"試継手"_qs, braceContext());
+        QCOMPARE(row.mid(PartsLine::PartsNm, 4), (QStringList{u"試継手"_qs, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs}));
+
+        add(9999002, u"二型"_qs, u"S-2"_qs, u"甲製作所"_qs);
+        add(9999003, u"二型"_qs, u"S-2"_qs, u"乙製作所"_qs);
+        choosePart(row, PartsLine::Form, u"二型"_qs, braceContext());
+        choosePart(row, PartsLine::PartsCd, u"S-2"_qs, braceContext());
+        QCOMPARE(row.at(PartsLine::MakerNm), QString());
+        row[PartsLine::MakerNm] = u"乙製作所"_qs;
+        choosePart(row, PartsLine::PartsCd, u"S-9"_qs, braceContext());
+        QCOMPARE(row.at(PartsLine::MakerNm), QString());
+        row[PartsLine::MakerNm] = u"乙製作所"_qs;
+        choosePart(row, PartsLine::PartsCd, u"S-2"_qs, braceContext());
+        QCOMPARE(row.at(PartsLine::MakerNm), u"乙製作所"_qs);
+    }
+
+    void aTextThatGoesTakesQuantityAndPriceAlong() {
+        const LineContext context = braceContext();
+        Cells part{{}, u"1"_qs, u"無い部品"_qs, u"型"_qs, u"C"_qs, u"甲"_qs, u"3"_qs, u"10"_qs, u"30"_qs};
+        choosePart(part, PartsLine::PartsNm, u"他の無い部品"_qs, context);
+        QCOMPARE(part.mid(PartsLine::Form), QStringList(6));
+        QCOMPARE(part.at(PartsLine::RowId), QString());
+
+        Cells make{{}, u"1"_qs, u"基本価格"_qs, u"無い材料"_qs, u"3"_qs, u"10"_qs, u"30"_qs};
+        chooseMake(make, MakeLine::MakeElmt, u"無い要素"_qs, context);
+        QCOMPARE(make.mid(MakeLine::Materials), QStringList(4));
+        QCOMPARE(make.at(MakeLine::RowId), QString());
+    }
+
+    // An ID belongs to the texts beside it: with another text it would name another row of the price list.
+    void theQuickEntryGoesWithTheTextThatItNamed() {
+        const LineContext context = braceContext();
+        const CellChoices makes = makeRules().choices(emptyRow(MakeLine::Columns), MakeLine::RowId, context);
+        Cells make = emptyRow(MakeLine::Columns);
+        chooseMake(make, MakeLine::RowId, makes.first().value, context);
+        chooseMake(make, MakeLine::Materials, u"他の材料"_qs, context);
+        QCOMPARE(make.at(MakeLine::RowId), QString());
+        chooseMake(make, MakeLine::RowId, makes.first().value, context);
+        const QString element = make.at(MakeLine::MakeElmt);
+        chooseMake(make, MakeLine::MakeElmt, {}, context);
+        chooseMake(make, MakeLine::MakeElmt, element, context);
+        QCOMPARE(make.at(MakeLine::MakeElmt), element);
+
+        const CellChoices parts = partsRules().choices(emptyRow(PartsLine::Columns), PartsLine::RowId, context);
+        for (const int column : {PartsLine::PartsNm, PartsLine::Form, PartsLine::PartsCd}) {
+            Cells part = emptyRow(PartsLine::Columns);
+            choosePart(part, PartsLine::RowId, parts.first().value, context);
+            QCOMPARE(part.at(PartsLine::RowId), parts.first().value);
+            choosePart(part, column, u"他"_qs, context);
+            QVERIFY2(part.at(PartsLine::RowId).isEmpty(), qPrintable(QString::number(column)));
+        }
     }
 
     void partOfTheQuickEntryMustBeInUse() {

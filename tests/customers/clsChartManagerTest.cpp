@@ -92,6 +92,43 @@ private slots:
         QTEST(clsChartManager::GetDiffText(chart, chartOf()), "names");
     }
 
+    void noNumberIsNoDifferenceWhetherEmptyOr0() {
+        for (const auto member : {&clsChart::OrderNo, &clsChart::DoctorNo}) {
+            clsChart none = chartOf(), zero = chartOf();
+            (none.*member).clear();
+            zero.*member = u"0"_qs;
+            QCOMPARE(clsChartManager::GetDiffText(none, zero), QString());
+            QCOMPARE(clsChartManager::GetDiffText(zero, none), QString());
+            QVERIFY(!clsChartManager::GetDiffText(zero, chartOf()).isEmpty());
+        }
+    }
+
+    void newEstimateMakesAChartForAnyOneDifference_data() {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QString>("value");
+        for (const auto& [column, value] : {std::pair{"カルテ番号", "K-2"},
+                                            {"病名原因", "骨折"},
+                                            {"左右区分", "左"},
+                                            {"入通院開始日", "2024/01/06"},
+                                            {"受注先No", "9"},
+                                            {"受注先", "別の病院"},
+                                            {"主治医No", "9"},
+                                            {"主治医", "別の医師"}})
+            QTest::newRow(column) << QString::fromUtf8(column) << QString::fromUtf8(value);
+    }
+    void newEstimateMakesAChartForAnyOneDifference() {
+        QFETCH(QString, column);
+        QFETCH(QString, value);
+        clsChart first = chartOf();
+        gChartManager.SaveData(first);
+        clsChart other = chartOf();
+        for (const auto& field : gChartManager.fields())
+            if (field.column == column) other.*field.member = value;
+        gChartManager.SaveFromEstimate(other, clsChartManager::Mode::NewEstimate);
+        QCOMPARE(other.ChartNo, u"2"_qs);
+        QCOMPARE(count(), u"2"_qs);
+    }
+
     void newEstimateUsesAChartThatFits() {
         MessageQueue boxes;
         clsChart first = chartOf();

@@ -450,6 +450,17 @@ private slots:
         QVERIFY(rows.isNull(u"旧価格"_qs));
     }
 
+    // Otherwise a text "9:05" would stand behind every later hour.
+    void aTimeBeforeTenIsCopiedWithItsZero() {
+        TestDatabase database(TestDatabase::Contents::Empty);
+        Connection& connection = database.connection();
+        const QString path = fileWithPostalCodes(database);
+        connection.execute(u"SELECT * INTO [価格部品_個別] FROM [;database=%1].[価格部品]"_qs.arg(path));
+        const QString found = u"SELECT COUNT(*) FROM [価格部品_個別] WHERE [登録日] "_qs;
+        QCOMPARE(connection.scalar(found + u"= #2005/03/01 9:05:00#"_qs), u"1"_qs);
+        QCOMPARE(connection.scalar(found + u"> #2005/03/01 10:00:00#"_qs), u"0"_qs);
+    }
+
     void failedCopyLeavesNothing_data() {
         QTest::addColumn<QString>("statement");
         QTest::newRow("no file") << u"SELECT * INTO [価格部品_個別] FROM [;database=%1.none].[価格部品]"_qs;

@@ -182,6 +182,12 @@ private slots:
         row(u"INSERT INTO 採番 ([年度]) VALUES (^NOW())"_qs);
         row(u"UPDATE [採番] ^WHERE [桁] = 1"_qs);
         row(u"SELECT [桁] & [項目名] ^+ 1 FROM [採番]"_qs);
+        row(u"SELECT ^([桁] = 3) & [項目名] FROM [採番]"_qs);
+        row(u"SELECT ^[項目名] & ([桁] = 3) FROM [採番]"_qs);
+        row(u"SELECT ^ISNULL([桁]) & [項目名] FROM [採番]"_qs);
+        row(u"SELECT * FROM [採番] WHERE ^([桁] = 3) & 'x' = '1x'"_qs);
+        row(u"SELECT * FROM [採番] WHERE [桁] = ^0001234567890123456"_qs);
+        row(u"SELECT * FROM [採番] WHERE [桁] = ^0.1234567890123456"_qs);
         row(u"SELECT (^) FROM [採番]"_qs);
         row(u"SELECT * FROM [採番] WHERE [桁] =^"_qs);
         row(u"SELECT * FROM [採番] WHERE ([桁] = 1^"_qs);
@@ -196,6 +202,16 @@ private slots:
         for (SqlDialect* dialect : {static_cast<SqlDialect*>(&m_file), static_cast<SqlDialect*>(&m_server)}) {
             const QString words = raised([&] { dialect->translate(statement); });
             QVERIFY2(words.endsWith(u"（位置 %1）"_qs.arg(position)), qUtf8Printable(statement + u" -> "_qs + words));
+        }
+    }
+
+    // Zeros ahead count for nothing: both engines keep the fifteen digits behind them.
+    void numbersKeepTheirFifteenDigitsBehindZeros() {
+        for (const QString& number :
+             {u"000000123456789012345"_qs, u"0.00123456789012345"_qs, u"-0123456789012345"_qs}) {
+            const QString statement = u"SELECT * FROM [採番] WHERE [桁] = "_qs + number;
+            for (SqlDialect* dialect : {static_cast<SqlDialect*>(&m_file), static_cast<SqlDialect*>(&m_server)})
+                QVERIFY2(dialect->translate(statement).endsWith(u"= "_qs + number), qPrintable(number));
         }
     }
 

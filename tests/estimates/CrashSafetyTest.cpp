@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/EstimateSamples.h"
+#include "support/MasterSamples.h"
 #include "support/TestDatabase.h"
 
 #include <QProcess>
@@ -18,10 +19,10 @@ int kills() {
     return asked > 0 ? asked : killsOfTheDay;
 }
 
-// Starts the saver and kills it at a random moment after its first order.
-void saveAndKill(const QString& iniFile) {
+// Starts the saver and kills it at a random moment after its first save.
+void saveAndKill(const QString& iniFile, const QString& what = {}) {
     QProcess saver;
-    saver.start(QStringLiteral(HALVANE_ORDER_SAVER), {iniFile});
+    saver.start(QStringLiteral(HALVANE_ORDER_SAVER), {iniFile, what});
     QVERIFY2(saver.waitForReadyRead(patience), qPrintable(QString::fromUtf8(saver.readAllStandardError())));
     QTest::qSleep(static_cast<int>(QRandomGenerator::global()->bounded(longestRun)));
     ::kill(static_cast<pid_t>(saver.processId()), SIGKILL);
@@ -35,16 +36,16 @@ class CrashSafetyTest : public QObject {
     Q_OBJECT
 
 private:
-    static QString orphansOf(Connection& connection, const QString& table) {
-        return connection.scalar(
-            u"SELECT COUNT(*) FROM [%1] LEFT JOIN [顧客見積情報] ON [%1].[見積ID] = [顧客見積情報].[見積ID] "
-            u"WHERE [顧客見積情報].[見積ID] IS NULL"_qs.arg(table));
+    static QString orphansOf(Connection& connection, const QString& table, const QString& owners = u"顧客見積情報"_qs,
+                             const QString& key = u"見積ID"_qs) {
+        return connection.scalar(u"SELECT COUNT(*) FROM [%1] LEFT JOIN [%2] ON [%1].[%3] = [%2].[%3] "
+                                 u"WHERE [%2].[%3] IS NULL"_qs.arg(table, owners, key));
     }
 
-    static QHash<QString, int> rowsByOrder(Connection& connection, const QString& table) {
+    static QHash<QString, int> rowsByOrder(Connection& connection, const QString& table,
+                                           const QString& key = u"見積ID"_qs) {
         QHash<QString, int> counts;
-        Recordset rows =
-            connection.query(u"SELECT [見積ID], COUNT(*) AS CNT FROM [%1] GROUP BY [見積ID]"_qs.arg(table));
+        Recordset rows = connection.query(u"SELECT [%1], COUNT(*) AS CNT FROM [%2] GROUP BY [%1]"_qs.arg(key, table));
         while (rows.next()) counts.insert(rows.value(0), rows.value(1).toInt());
         return counts;
     }
@@ -57,6 +58,22 @@ private:
         while (estimates.next()) {
             const QString id = estimates.value(0);
             if (EstimateSamples::nameFor(lines.value(id), claims.value(id)) != estimates.value(1)) return -1;
+            ++whole;
+        }
+        return whole;
+    }
+
+    // How many master estimates there are; -1 when one is not as one save left it.
+    static int wholeMasters(Connection& connection) {
+        const QHash<QString, int> lines = rowsByOrder(connection, u"マスタ見積基本製作要素"_qs, u"製品ID"_qs);
+        const QHash<QString, int> items = rowsByOrder(connection, u"マスタ見積種目"_qs, u"製品ID"_qs);
+        int whole = 0;
+        Recordset masters = connection.query(u"SELECT [製品ID], [製品名称], [大人価格] FROM [マスタ見積情報]"_qs);
+        while (masters.next()) {
+            const int count = lines.value(masters.value(0));
+            const bool fits = MasterSamples::nameFor(count) == masters.value(1) &&
+                              masters.value(2) == QString::number(300 * count) && items.value(masters.value(0)) == 1;
+            if (!fits) return -1;
             ++whole;
         }
         return whole;
@@ -79,6 +96,27 @@ private slots:
             before = estimates;
         }
         qInfo("%d kills, %d orders stored", kills(), before);
+    }
+
+    void everyMasterIsWholeOrNotAtAllAfterKills() {
+        TestDatabase database;
+        database.writeProfile(u"ConnectionTimeout=30\r\n"_qs);
+        int before = 0;
+        for (int i = 0; i < kills(); ++i) {
+            saveAndKill(database.folder() + u"/Halvane.ini"_qs, u"masters"_qs);
+            if (QTest::currentTestFailed()) return;
+            const auto connection = database.another();
+            for (const QString& table : {u"マスタ見積種目"_qs, u"マスタ見積基本製作要素"_qs})
+                QCOMPARE(orphansOf(*connection, table, u"マスタ見積情報"_qs, u"製品ID"_qs), u"0"_qs);
+            QCOMPARE(
+                connection->scalar(u"SELECT COUNT(*) FROM [マスタ見積情報] AS A INNER JOIN [マスタ見積情報] AS B ON "
+                                   u"A.[製品コード] = B.[製品コード] WHERE A.[製品ID] < B.[製品ID]"_qs),
+                u"0"_qs);
+            const int masters = wholeMasters(*connection);
+            QVERIFY2(masters > before, qPrintable(u"%1 whole masters after %2"_qs.arg(masters).arg(before)));
+            before = masters;
+        }
+        qInfo("%d kills, %d masters stored", kills(), before);
     }
 };
 

@@ -47,6 +47,13 @@ private slots:
         QCOMPARE(amounts.makeElements, base);
     }
 
+    void everyLineIsRoundedAsItIsAdded() {
+        const EstimateAmounts amounts =
+            recalcAmounts({u"100"_qs, u"100"_qs, u"100"_qs, u"0"_qs}, {u"0.5"_qs, u"0.5"_qs}, {u"1.5"_qs, u"1.5"_qs});
+        QCOMPARE(amounts.makeElements, 0);
+        QCOMPARE(amounts.completeParts, 4);
+    }
+
     void exactHalfGoesToTheEvenNeighbour() {
         QCOMPARE(ToInt(2.5), 2);
         QCOMPARE(ToInt(3.5), 4);

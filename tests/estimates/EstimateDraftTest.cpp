@@ -4,12 +4,14 @@
 #include "support/TestDatabase.h"
 
 #include "base/AppError.h"
+#include "base/Application.h"
 #include "base/Seams.h"
 #include "composition/LineRules.h"
 #include "customers/clsCsInsManager.h"
 #include "estimates/EstimateDraft.h"
 #include "estimates/EstimateManagers.h"
 
+#include <QScopedValueRollback>
 #include <QTest>
 
 namespace {
@@ -216,6 +218,25 @@ private slots:
         QCOMPARE(scalar(u"SELECT [顧客枝番] FROM [顧客見積情報]"_qs), u"2"_qs);
     }
 
+    void newBranchTakesAllChartsOfTheOldOne() {
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        EstimateDraft other = braceOrder();
+        other.customer = draft.customer;
+        other.chart.DiseaseNm = u"脳卒中"_qs;
+        save(other);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.customer.Addr1 = u"新しい町 1-2-3"_qs;
+        m_confirm = [](const clsCustomer&, const clsCustomer&) { return CustomerUpdate::NewBranch; };
+        QCOMPARE(save(stored), SaveResult::Saved);
+        QCOMPARE(stored.estimate.ChartNo, u"1"_qs);
+        const QString charts = u"SELECT [病名原因] FROM [顧客カルテ] WHERE [顧客枝番] = 2 AND [カルテNo] = "_qs;
+        QCOMPARE(scalar(charts + u"1"_qs), u"変形性膝関節症"_qs);
+        QCOMPARE(scalar(charts + u"2"_qs), u"脳卒中"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"4"_qs);
+    }
+
     void closedCustomerQuestionWritesNothing() {
         EstimateDraft draft = braceOrder();
         save(draft);
@@ -236,6 +257,22 @@ private slots:
         save(second);
         QCOMPARE(second.estimate.ChartNo, first.estimate.ChartNo);
         QCOMPARE(scalar(u"SELECT COUNT(*) FROM [顧客カルテ]"_qs), u"1"_qs);
+    }
+
+    void ordersThatDifferInTheSideAloneHaveChartsOfTheirOwn() {
+        EstimateDraft right = braceOrder();
+        right.chart.LR = u"右"_qs;
+        save(right);
+        EstimateDraft left = braceOrder();
+        left.customer = right.customer;
+        left.chart.LR = u"左"_qs;
+        save(left);
+        QCOMPARE(left.estimate.ChartNo, u"2"_qs);
+        EstimateDraft stored;
+        QVERIFY(loadEstimate(right.estimate.EstId, stored));
+        QCOMPARE(stored.chart.LR, u"右"_qs);
+        QVERIFY(loadEstimate(left.estimate.EstId, stored));
+        QCOMPARE(stored.chart.LR, u"左"_qs);
     }
 
     void changedChartOfAStoredOrderCanBeKeptApart() {
@@ -361,6 +398,89 @@ private slots:
         save(draft);
         deleteEstimate(connection(), draft.estimate.EstId);
         QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs, u"0"_qs}));
+    }
+
+    void deleteThatFailsMidwayLeavesTheOrderWhole() {
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        const QStringList whole = rowCounts();
+        connection().execute(u"DROP TABLE [顧客見積完成要素]"_qs);
+        QVERIFY(!raised([&] { deleteEstimate(connection(), draft.estimate.EstId); }).isEmpty());
+        QCOMPARE(connection().transactionDepth(), 0);
+        connection().createTable(*Schema::table(u"顧客見積完成要素"_qs));
+        QCOMPARE(rowCounts(), whole);
+    }
+
+    void emptiedPeopleInChargeLoseTheirNumbers() {
+        EstimateDraft draft = braceOrder();
+        draft.estimate.ProducerNm = u"有田　工"_qs;
+        draft.estimate.Charge1Nm = u"岡本　匠"_qs;
+        save(draft);
+        const QString numbers = u"SELECT [製作担当者No] & '/' & [担当義肢装具士No] FROM [顧客見積情報]"_qs;
+        QVERIFY(scalar(numbers).size() > 2);
+        EstimateDraft stored;
+        loadEstimate(draft.estimate.EstId, stored);
+        stored.estimate.ProducerNm.clear();
+        stored.estimate.Charge1Nm = u" "_qs;
+        save(stored);
+        QCOMPARE(scalar(numbers), u"/"_qs);
+    }
+
+    void everyRowNamesWhoWroteIt() {
+        const QScopedValueRollback user(gUserNo, 7);
+        EstimateDraft draft = braceOrder();
+        save(draft);
+        for (const QString& table : {u"顧客情報"_qs, u"顧客カルテ"_qs, u"顧客見積情報"_qs})
+            QCOMPARE(scalar(u"SELECT [編集者No] FROM [%1]"_qs.arg(table)), u"7"_qs);
+    }
+
+    void aPlaceOfOneWordAloneIsOfferedFromThenOn() {
+        EstimateDraft draft = braceOrder();
+        draft.customer.City = u"新しい市"_qs;
+        save(draft);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [都道府県] WHERE [市区郡] = '新しい市'"_qs), u"1"_qs);
+    }
+
+    void payerAndOrderingPartyComeBackWithTheirCodes() {
+        EstimateDraft draft = braceOrder();
+        draft.claims[0].ClaimCd = u"T-1"_qs;
+        draft.claims[0].ClaimNm = u"見本組合"_qs;
+        draft.orderCd = u"H-1"_qs;
+        draft.chart.OrderNm = u"見本病院"_qs;
+        save(draft);
+        EstimateDraft stored;
+        QVERIFY(loadEstimate(draft.estimate.EstId, stored));
+        QCOMPARE(stored.claims.at(0).ClaimCd, u"T-1"_qs);
+        QCOMPARE(stored.claims.at(0).ClaimNm, u"見本組合"_qs);
+        QCOMPARE(stored.claims.at(1).ClaimCd, QString());
+        QCOMPARE(stored.orderCd, u"H-1"_qs);
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [法別請求対応] INNER JOIN [請求先] ON [法別請求対応].[請求先No] ="
+                        u" [請求先].[請求先No] WHERE [法別No] = 1 AND [請求先コード] = 'T-1'"_qs),
+                 u"1"_qs);
+    }
+
+    void theStoredNameOfAPayerIsTakenWhenTheOperatorSaysSo() {
+        EstimateDraft draft = braceOrder();
+        draft.claims[0].ClaimCd = u"T-1"_qs;
+        draft.claims[0].ClaimNm = u"見本組合"_qs;
+        save(draft);
+        EstimateDraft other = braceOrder();
+        other.claims[0].ClaimCd = u"T-1"_qs;
+        other.claims[0].ClaimNm = u"打ち間違い"_qs;
+        m_answers << AnswerYes;
+        save(other);
+        QCOMPARE(other.claims.at(0).ClaimNm, u"見本組合"_qs);
+        QCOMPARE(scalar(u"SELECT [請求先] FROM [顧客見積請求] WHERE [請求No] = 1 AND [見積ID] = '%1'"_qs.arg(
+                     other.estimate.EstId)),
+                 u"見本組合"_qs);
+    }
+
+    void taxSettingWithBlanksIsTheSameTax() {
+        connection().execute(u"UPDATE [システム設定] SET [設定値] = ' 6 ' WHERE [No] = 2"_qs);
+        EstimateDraft draft = braceOrder();
+        draft.estimate.Tax = u"6 "_qs;
+        QCOMPARE(save(draft), SaveResult::Saved);
+        QVERIFY(m_messages.isEmpty());
     }
 
     void customerWithFiveLawsShowsTheFirstFour() {

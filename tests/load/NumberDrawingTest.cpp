@@ -77,6 +77,26 @@ private slots:
               qint64(saver.numbers.size()), longest);
     }
 
+    // Each code is stored by one of them, and told to all others as taken.
+    void machinesThatStoreUnderOneNewCodeLeaveOneRow() {
+        TestDatabase database;
+        database.writeProfile(u"ConnectionTimeout=30\r\n"_qs);
+        constexpr int machines = 4;
+        const int codes = drawsOfEach() / 2;
+        std::vector<Worker> workers(machines);
+        for (Worker& worker : workers)
+            worker.start({database.folder() + u"/Halvane.ini"_qs, u"codes"_qs, QString::number(codes)});
+        QList<qint64> stored;
+        for (Worker& worker : workers) {
+            QVERIFY2(worker.finish(), worker.complaint());
+            stored << worker.numbers;
+        }
+        QCOMPARE(stored.size(), codes);
+        QCOMPARE(QSet<qint64>(stored.begin(), stored.end()).size(), codes);
+        QCOMPARE(database.connection().scalar(u"SELECT COUNT(*) FROM [マスタ見積情報]"_qs).toInt(), codes);
+        QCOMPARE(database.connection().scalar(u"SELECT COUNT(*) FROM [マスタ見積種目]"_qs).toInt(), codes);
+    }
+
 private:
     static qint64 lastNumber(Connection& connection) {
         return connection.scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '見積ID'"_qs).toLongLong();

@@ -1,9 +1,11 @@
 #include "HalvaneTest.h"
+#include "support/ProgramFolder.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
 #include "support/TestServer.h"
 
 #include "base/Csv.h"
+#include "base/clsProfile.h"
 #include "operations/DatabaseCreation.h"
 #include "operations/Managers.h"
 #include "price/PriceManagers.h"
@@ -68,6 +70,26 @@ private slots:
         QVERIFY(connection->scalar(u"SELECT MAX([ID]) FROM [価格基本]"_qs).toInt() < 9000000);
         connection->execute(u"INSERT INTO 主治医 ([主治医コード]) VALUES ('new')"_qs);
         QVERIFY(connection->scalar(u"SELECT COUNT(*) FROM [主治医] WHERE [主治医No] = 1"_qs) == u"1");
+    }
+
+    void picturesAndTextsGoWhereTheProfileAsksForThem() {
+        const ProgramFolder program;
+        program.writeProfile("[Image]\r\nPath=drawings\r\nType=PNG\r\n[Text]\r\nPath=words\r\nType=.txt\r\n");
+        QVERIFY(QDir().mkpath(program.path(u"words"_qs)));
+        program.write(u"words/靴型装具.txt"_qs, "ours");
+        DatabaseCreation::writeSampleHelp(clsProfile());
+        QVERIFY(program.read(u"drawings/靴型装具.png"_qs).startsWith("\x89PNG"));
+        QCOMPARE(program.read(u"words/靴型装具.txt"_qs), QByteArray("ours"));
+        QVERIFY(program.has(u"words/車椅子.txt"_qs));
+    }
+
+    void profileThatAsksForOtherFilesGetsNone() {
+        const ProgramFolder program;
+        program.writeProfile("[Image]\r\nPath=drawings\r\nType=jpg\r\n[Text]\r\nType=txt\r\n");
+        DatabaseCreation::writeSampleHelp(clsProfile());
+        QVERIFY(!program.has(u"drawings"_qs));
+        QCOMPARE(QDir(program.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList({u"Halvane.ini"_qs}));
     }
 
     void existingDatabaseIsRefusedAndLeftAlone() {

@@ -21,12 +21,16 @@ QString fillerOf(const QString& folder) { return QDir(folder).filePath(u"filler"
 } // namespace
 
 Office::Office(Provider provider) : m_database(deliveredOn(provider)) {
-    m_database.writeProfile(u"[Log]\r\nPath=log\r\n"_qs);
+    m_database.writeProfile(u"[Log]\r\nPath=log\r\n"
+                            "[Image]\r\nPath=image\r\nType=png\r\n[Text]\r\nPath=text\r\nType=txt\r\n"_qs);
 }
 
 QString Office::iniFile() const { return QDir(folder()).filePath(u"Halvane.ini"_qs); }
 
-void Office::loadSample() { DatabaseCreation::loadSample(*m_database.another()); }
+void Office::loadSample() {
+    DatabaseCreation::loadSample(*m_database.another());
+    DatabaseCreation::writeSampleHelp(clsProfile(iniFile()));
+}
 
 void Office::execute(const QString& statement) { m_database.another()->execute(statement); }
 

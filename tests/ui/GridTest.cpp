@@ -269,6 +269,18 @@ private slots:
         QVERIFY(m_grid->isRowEmpty(2));
     }
 
+    void bothRowsArePaintedAnewAfterASwap() {
+        QSignalSpy changed(m_grid->model(), &QAbstractItemModel::dataChanged);
+        m_grid->swapRows(2, 4);
+        QSet<int> rows;
+        for (const QList<QVariant>& told : changed) {
+            const auto from = told.at(0).toModelIndex(), to = told.at(1).toModelIndex();
+            QCOMPARE(to.column() - from.column(), m_grid->columns() - 1);
+            for (int row = from.row(); row <= to.row(); ++row) rows << row + 1;
+        }
+        QVERIFY(rows.contains(2) && rows.contains(4));
+    }
+
     void sortMarkMovesAndTurns() {
         const auto title = [this](int column) {
             return m_grid->model()->headerData(column, Qt::Horizontal).toString();

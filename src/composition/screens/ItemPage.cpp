@@ -1,14 +1,13 @@
 #include "composition/screens/ItemPage.h"
 
 #include "base/basMessage.h"
-#include "base/clsProfile.h"
+#include "composition/ItemHelp.h"
 #include "composition/screens/CompositionColumns.h"
 #include "db/clsAssistManager.h"
 #include "ui/FormPieces.h"
 #include "ui_ItemPage.h"
 
-#include <QDir>
-#include <QFile>
+#include <QImageReader>
 
 namespace {
 
@@ -20,33 +19,20 @@ QList<GridColumn> itemColumns() {
             text(u"名称"_qs, 34),    text(u"型式"_qs, 30), text(u"採型/採寸"_qs, 10), text(u"交付/修理"_qs, 10)};
 }
 
-// The file of an item below the folder of an INI section, by its texts; empty when it has none.
-QString helpFile(const QString& section, const Cells& cells) {
-    const clsProfile profile;
-    const QString folder = profile.GetPath(section, u"Path"_qs);
-    const QString type = profile.GetValue(section, u"Type"_qs);
-    QStringList texts;
-    for (int column = ItemRules::Item; column <= ItemRules::Form; ++column)
-        if (!cells.at(column).isEmpty()) texts << QString(cells.at(column)).replace(u'/', u'／').replace(u'\\', u'￥');
-    if (folder.isEmpty() || texts.isEmpty()) return {};
-    const QString path = QDir(folder).filePath(texts.join(u'_') + (type.startsWith(u'.') ? type : u'.' + type));
-    return QFile::exists(path) ? path : QString();
-}
-
-QString textOf(const QString& path) {
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray bytes = file.readAll();
-    const QString text = QString::fromUtf8(bytes);
-    return text.contains(QChar::ReplacementCharacter) ? Text::fromCp932(bytes) : text;
-}
-
-// A drawing of any size stands whole below the grid.
-QPixmap reduced(const QPixmap& image, const QWidget* place) {
+// The picture in the size that it is shown in: a drawing of any size stands whole below the grid.
+QPixmap pictureOf(const QString& path, const QWidget* place) {
+    if (path.isEmpty()) return {};
     const int line = place->fontMetrics().lineSpacing();
-    const QSize room(18 * line, 8 * line);
+    const QSize room = QSize(18 * line, 8 * line) * place->devicePixelRatio();
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true); // a photograph may have been taken upright
+    const QImage image = reader.read();
     const bool fits = image.width() <= room.width() && image.height() <= room.height();
-    return fits ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QPixmap picture =
+        QPixmap::fromImage(fits ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    picture.setDevicePixelRatio(place->devicePixelRatio());
+    return picture;
 }
 
 // 0 means that the item has no such choice.
@@ -102,7 +88,7 @@ bool ItemPage::offerChoices(int row, int column) {
 
 void ItemPage::takeEdit(int row, int column, const QString& before) {
     ui->flxItem->followEdit(row, column, before,
-                            [&](Cells& cells) { ItemRules::edited(cells, column, before, pickStyleStart); });
+                            [&](Cells& cells) { ItemRules::edited(cells, column, before, habits); });
     showHelp(row);
     takeRows();
 }
@@ -115,10 +101,10 @@ void ItemPage::takeRows() {
 void ItemPage::showHelp(int row) {
     if (row < 1 || row > ui->flxItem->rows()) return;
     const Cells cells = ui->flxItem->rowValues(row);
-    const QPixmap image(helpFile(u"Image"_qs, cells));
-    const QString text = textOf(helpFile(u"Text"_qs, cells));
-    ui->imgItem->setPixmap(reduced(image, ui->imgItem));
-    ui->txtItemHelp->setPlainText(text);
-    ui->fraItemImage->setVisible(!image.isNull());
+    const QPixmap picture = pictureOf(ItemHelp::pictureFile(cells), ui->imgItem);
+    const QString text = ItemHelp::text(cells);
+    ui->imgItem->setPixmap(picture);
+    ui->imtHosoku->setPlainText(text);
+    ui->fraItemImage->setVisible(!picture.isNull());
     ui->fraItemHelp->setVisible(!text.isEmpty());
 }

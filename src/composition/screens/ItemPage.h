@@ -25,7 +25,7 @@ public:
     // A command beside those over the rows.
     void addCommand(QPushButton* command);
 
-    ItemRules::PickStyleStart pickStyleStart = ItemRules::PickStyleStart::Empty;
+    ItemRules::Habits habits = ItemRules::orderHabits;
 
 signals:
     void changed();

@@ -25,24 +25,35 @@ GridColumn text(const QString& title, int width) { return GridColumn::of(title, 
 GridColumn number(const QString& title, int width) { return GridColumn::of(title, width, GridColumn::Number); }
 GridColumn yen(const QString& title, int width) { return number(title, width).inYen(); }
 
-LineForm makeForm() {
-    return {makeRules(),
-            u"flxMkElm"_qs,
-            u"種目別製作要素合計："_qs,
-            MakeLine::Materials,
-            {GridColumn::rowNumber(), quickEntry(), text(u"製作要素"_qs, 34), text(u"原材料等"_qs, 60),
-             number(u"数量"_qs, 8).typed(), yen(u"ﾏｽﾀ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}};
+// Unit price and amount of each tier, that of the last one grey.
+QList<GridColumn> tierColumns(const QStringList& tiers) {
+    QList<GridColumn> columns;
+    for (const QString& tier : tiers) columns << yen(tier + u"単価"_qs, 10) << yen(tier + u"価格"_qs, 11).typed();
+    columns.last() = columns.last().grey();
+    return columns;
 }
 
-LineForm partsForm() {
+LineForm makeForm(const QStringList& tiers) {
+    const bool one = tiers.isEmpty();
+    return {makeRules(), u"flxMkElm"_qs, u"種目別製作要素合計："_qs, MakeLine::Materials,
+            QList{GridColumn::rowNumber(), quickEntry(), text(u"製作要素"_qs, one ? 34 : 20),
+                  text(u"原材料等"_qs, one ? 60 : 20), number(u"数量"_qs, 8).typed()} +
+                (one ? QList{yen(u"ﾏｽﾀ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}
+                     : tierColumns(tiers))};
+}
+
+LineForm partsForm(const QStringList& tiers) {
+    const GridColumn unitPrice = yen(u"マスタ価格"_qs, 12);
     return {partsRules(),
             u"flxCpElm"_qs,
             u"種目別完成要素合計："_qs,
             PartsLine::Form,
             {GridColumn::rowNumber(), quickEntry(), text(u"部品名称"_qs, 34), text(u"部品型式"_qs, 30),
              text(u"部品ｺｰﾄﾞ"_qs, 18), text(u"ﾒｰｶｰ名"_qs, 20).grey(), number(u"数量"_qs, 8).typed(),
-             yen(u"マスタ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}};
+             tiers.isEmpty() ? unitPrice.unseen() : unitPrice, yen(u"価格"_qs, 14).typed().grey()}};
 }
+
+LineForm formOf(int index, const QStringList& tiers) { return index == 2 ? makeForm(tiers) : partsForm(tiers); }
 
 } // namespace
 
@@ -63,14 +74,19 @@ LinePage::~LinePage() = default;
 
 void LinePage::setIndex(int index) {
     m_index = index;
-    const LineForm form = index == 2 ? makeForm() : partsForm();
+    const LineForm form = formOf(index, {});
     m_rules = &form.rules;
     ui->rowCommands->setUp(ui->flxLines, index);
-    ui->flxLines->setColumns(form.columns);
-    FormPieces::stretchColumn(ui->flxLines, form.widestColumn);
+    showColumns({});
     ui->lblSumPriceCaption->setText(form.sum);
     for (QWidget* block : {ui->wgtChoice, ui->wgtSum}) FormPieces::setArrayIndex(block, index);
     ui->flxLines->setObjectName(form.grid);
+}
+
+void LinePage::showColumns(const QStringList& tiers) {
+    const LineForm form = formOf(m_index, tiers);
+    ui->flxLines->setColumns(form.columns);
+    FormPieces::stretchColumn(ui->flxLines, form.widestColumn);
 }
 
 void LinePage::setComposition(Composition& composition) {
@@ -119,6 +135,7 @@ void LinePage::clear() {
 }
 
 void LinePage::showItem(int row) {
+    if (row != 0 && showing) showing(m_composition->item(row));
     m_itemId = row == 0 ? 0 : m_composition->item(row).id;
     if (!ui->flxLines->endEdit()) ui->flxLines->giveUpEdit();
     const QList<Cells> lines = row == 0 ? QList<Cells>() : m_composition->item(row).*m_rules->lines;

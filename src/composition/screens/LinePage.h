@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -24,6 +25,9 @@ public:
     // To be set once: it names the controls.
     void setIndex(int index);
 
+    // Shows unit price and amount of each of these tiers. Without it there is one amount, that of the customer's tier.
+    void showColumns(const QStringList& tiers);
+
     // Writes what is edited into this composition from now on; nothing is in view before `enter`.
     void setComposition(Composition& composition);
     // Offers the items that can have lines; the item in view stays when it is still there, else the first is shown.
@@ -32,6 +36,9 @@ public:
     // Shows the item in view anew, after its lines changed behind the grid.
     void refresh(const QStringList& tiers);
     void clear();
+
+    // Completes an item ahead of being shown.
+    std::function<void(ComposedItem&)> showing;
 
 signals:
     // After an edit or a command of the operator.

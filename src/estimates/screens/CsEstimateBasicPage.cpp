@@ -8,6 +8,7 @@
 #include "db/clsAssistManager.h"
 #include "estimates/EstimateDates.h"
 #include "estimates/screens/ClaimGrid.h"
+#include "estimates/screens/MasterCommands.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
@@ -17,6 +18,7 @@
 #include "ui/basControlUtil.h"
 #include "ui_CsEstimateBasicPage.h"
 
+#include <QApplication>
 #include <QLineEdit>
 
 namespace {
@@ -57,10 +59,10 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     });
     connect(ui->numPartialPayment, &NumberField::valueSettled, this, &CsEstimateBasicPage::takePartialPayment);
     connect(ui->cmdEtcPrt_2, &QPushButton::clicked, this, &CsEstimateBasicPage::receiptAsked);
-    // What these open is not there yet.
-    for (QPushButton* later : {ui->cmdProductSelect, ui->cmdOpnPrt_2}) later->setEnabled(false);
+    ui->cmdOpnPrt_2->setEnabled(false); // what it opens is not there yet
     connectPerson();
     connectChart();
+    connectProduct();
 }
 
 CsEstimateBasicPage::~CsEstimateBasicPage() = default;
@@ -81,6 +83,15 @@ void CsEstimateBasicPage::connectChart() {
     connect(ui->txtOrderCd, &TextField::valueSettled, this, [this] { guarded([this] { takeOrderCode(); }); });
     connect(ui->cmdOrderSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseOrder(); }); });
     connect(ui->cmdChartSelect, &QPushButton::clicked, this, [this] { guarded([this] { chooseChart(); }); });
+}
+
+void CsEstimateBasicPage::connectProduct() {
+    connect(ui->txtProductCd, &TextField::valueSettled, this, [this] { guarded([this] { takeProductCode(); }); });
+    connect(ui->cmdProductSelect, &QPushButton::clicked, this, [this] {
+        guarded([this] {
+            if (const auto master = MasterCommands::choose(this, ui->txtProductCd->value())) emit masterChosen(*master);
+        });
+    });
 }
 
 void CsEstimateBasicPage::fillLists() {
@@ -125,7 +136,7 @@ void CsEstimateBasicPage::showProduct(const EstimateDraft& draft) {
     const clsCsEstimate& estimate = draft.estimate;
     ui->txtGrantNo->setValue(estimate.GrantNo);
     ui->txtProductCd->setValue(estimate.ProductCd);
-    ui->lblProductNm->clear();
+    ui->lblProductNm->setText(MasterCommands::nameOf(estimate.ProductCd));
     ui->cboProducer->setText(estimate.ProducerNm);
     ui->numLifeYear->setValue(estimate.LifeYear);
     ui->idtLifeEnd->setValue(formatDate(estimate.LifeEnd, u"yyyy/mm/dd"_qs));
@@ -195,6 +206,26 @@ QString CsEstimateBasicPage::side() const { return ui->cboLR->text(); }
 
 CsEstimateBasicPage::QuickDates CsEstimateBasicPage::quickDates() const {
     return {ui->idtPickPtnDate2, ui->idtDelvFinDate2, ui->idtPayPrtDate2};
+}
+
+// --- product ---
+
+namespace {
+
+// キャンセル and 閉じる give up what was typed.
+bool isGivingUp() {
+    const QWidget* now = QApplication::focusWidget();
+    return now && now->property("leavesUnchecked").toBool();
+}
+
+} // namespace
+
+void CsEstimateBasicPage::takeProductCode() {
+    if (m_showing || isGivingUp()) return;
+    const QString code = Text::rightTrimmed(ui->txtProductCd->value());
+    ui->lblProductNm->clear();
+    if (code.isEmpty()) return;
+    if (const auto master = MasterCommands::ofTypedCode(this, code)) emit masterChosen(*master);
 }
 
 // --- person ---

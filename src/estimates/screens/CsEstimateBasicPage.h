@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimates/EstimateDraft.h"
+#include "master/MasterRecords.h"
 
 #include <QWidget>
 
@@ -58,10 +59,14 @@ signals:
     void customerChosen(const clsCustomer& customer);
     // An estimate was chosen in the list of the person's estimates.
     void estimateChosen(const QString& EstId, qint16 mode);
+    // A master estimate is to be taken, by its code or out of the list.
+    void masterChosen(const clsMstEstimate& master);
 
 private:
     void connectPerson();
     void connectChart();
+    void connectProduct();
+    void takeProductCode();
     void takeEraDate();
     void takePartialPayment();
     void chooseCustomer();

@@ -11,7 +11,9 @@
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
+#include "estimates/MasterTaking.h"
 #include "estimates/screens/DateMirrors.h"
+#include "estimates/screens/MasterCommands.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
 #include "ui/DateField.h"
@@ -75,6 +77,8 @@ void frmCsEstimate::connectPages() {
     connect(ui->pagBasic, &CsEstimateBasicPage::estimateChosen, this,
             [this](const QString& id, qint16 mode) { guarded([&] { openStored(id, mode); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::partialPaymentEmptied, this, [this] { takeBackAdvance(); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::masterChosen, this,
+            [this](const clsMstEstimate& master) { guarded([&] { takeMaster(master); }); });
     connect(ui->pagItem, &ItemPage::changed, this, [this] { noteEdit(); });
     connect(ui->pagItem, &ItemPage::rowsMoved, this, [this] { guarded([this] { showAmounts(); }); });
     for (LinePage* page : {ui->pagMake, ui->pagParts})
@@ -135,7 +139,7 @@ void frmCsEstimate::connectCommands() {
     connect(ui->pagPrint, &CsEstimatePrintPage::printingAsked, this,
             [this](EstimatePrinting::To to) { guarded([&] { printTicked(to); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::receiptAsked, this, [this] { guarded([this] { printReceipt(); }); });
-    ui->cmdInsEstMst->setEnabled(false); // what it opens is not there yet
+    onClick(ui->cmdInsEstMst, [this] { MasterCommands::store(this, collect()); });
 }
 
 // --- what stands on the screen ---
@@ -292,7 +296,7 @@ void frmCsEstimate::execute() {
 }
 
 bool frmCsEstimate::removeStored() {
-    deleteEstimate(gDbManager.Connection(), EstId);
+    deleteEstimate(gDbManager.Connection(), EstId, m_draft.estimate.UpdDate);
     return true;
 }
 
@@ -315,7 +319,8 @@ void frmCsEstimate::RepriceAll() {
     noteEdit();
     if (!pricing.incomplete()) return;
     ShowMessage(
-        902, u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
+        Message::Information,
+        u"更新処理中に該当するデータが存在しない。またはデータが複数存在しました。ログ内容をご確認ください。"_qs);
     if (gLogger) OpenWithShell(gLogger->FileNm());
 }
 
@@ -367,6 +372,17 @@ void frmCsEstimate::receiveAgain() {
     EstId.clear();
     setMode(Add);
     RepriceAll();
+}
+
+void frmCsEstimate::takeMaster(const clsMstEstimate& master) {
+    EstimateDraft taken = collect();
+    ::takeMaster(taken, master, ui->pagBasic->ageKbn());
+    showEstimate(taken);
+    noteEdit();
+    if (gSysSettingManager.value(Setting::UsesProductName) == u"1")
+        ui->txtEstName->setValue(master.ProductNm);
+    else
+        proposeName();
 }
 
 // --- header commands ---

@@ -2,6 +2,7 @@
 
 #include "estimates/EstimateDraft.h"
 #include "estimates/screens/EstimatePrinting.h"
+#include "master/MasterRecords.h"
 #include "ui/EditScreen.h"
 
 #include <optional>
@@ -67,6 +68,7 @@ private:
     void markUncollected();
     void chooseEstimate();
     void proposeName();
+    void takeMaster(const clsMstEstimate& master);
     void RepriceAll();
 
     // --- printing ---

@@ -336,14 +336,5 @@ void frmCsEstimateList::print(int member) {
         manager.Prepare(gDbManager.Connection());
         manager.GetCsEstimateListData(condition(), sorting(), member, m_exclusions, records, pause);
     });
-    if (records.isEmpty()) {
-        ShowMessage(Message::Warning, u"対象データがありません。"_qs);
-        return;
-    }
-    Report report(u"repCsEstList"_qs);
-    report.Recordset(records);
-    if (toPrinter)
-        report.PrintReport(false);
-    else
-        report.Show(1);
+    sendReport(u"repCsEstList"_qs, records, toPrinter ? PrintTo::Printer : PrintTo::Preview);
 }

@@ -1,5 +1,6 @@
 #include "reports/engine/Report.h"
 
+#include "base/basMessage.h"
 #include "base/clsProfile.h"
 #include "reports/engine/PaperGlyphs.h"
 
@@ -24,4 +25,17 @@ void Report::PrintReport(bool withDialog) {
 
 void Report::Show(int) {
     if (const ReportJob made = job(); !made.pages.isEmpty()) reportOutput().preview(made);
+}
+
+void sendReport(const QString& reportClass, const ReportRecordset& records, PrintTo to) {
+    if (records.isEmpty()) {
+        ShowMessage(Message::Warning, u"対象データがありません。"_qs);
+        return;
+    }
+    Report report(reportClass);
+    report.Recordset(records);
+    if (to == PrintTo::Printer)
+        report.PrintReport(false);
+    else
+        report.Show(1);
 }

@@ -30,3 +30,8 @@ private:
     std::optional<ReportRecordset> m_records;
     ReportParameters m_values;
 };
+
+enum class PrintTo { Preview, Printer };
+
+// Prints or shows the rows of a report class; that there are none is told.
+void sendReport(const QString& reportClass, const ReportRecordset& records, PrintTo to);

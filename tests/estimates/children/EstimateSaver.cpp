@@ -1,6 +1,8 @@
-// Stores one order after the other into the database of an INI file until it is killed. The crash test runs it.
+// Stores one order after the other into the database of an INI file until it is killed, with the word "masters" one
+// master estimate, new or over one stored before. The crash test runs it.
 
 #include "support/EstimateSamples.h"
+#include "support/MasterSamples.h"
 
 #include "base/AppError.h"
 #include "base/Application.h"
@@ -8,8 +10,30 @@
 #include "operations/Managers.h"
 
 #include <QCoreApplication>
+#include <QMap>
 
 #include <cstdio>
+
+namespace {
+
+void saveOrder(Connection& connection, int i) {
+    EstimateDraft draft = EstimateSamples::order(1 + i % 30, 1 + i % 4);
+    saveEstimate(connection, draft, {});
+}
+
+void saveMasterAgain(Connection& connection, int i) {
+    static QMap<QString, MasterDraft> stored;
+    const QString code = u"%1-%2"_qs.arg(QCoreApplication::applicationPid()).arg(i % 7);
+    MasterDraft draft = MasterSamples::master(code, 1 + i % 30);
+    const clsMstEstimate before = stored.value(code).master;
+    draft.master.ProductId = before.ProductId;
+    draft.master.UpdDate = before.UpdDate;
+    if (saveMaster(connection, draft, [](const QString&) { return false; }) != MasterSave::Saved)
+        throw AppError(u"refused"_qs);
+    stored[code] = draft;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
@@ -18,9 +42,9 @@ int main(int argc, char** argv) {
         connection.open();
         setSystemDate({});
         Managers::prepare(connection);
+        const bool savesMasters = application.arguments().value(2) == u"masters";
         for (int i = 0;; ++i) {
-            EstimateDraft draft = EstimateSamples::order(1 + i % 30, 1 + i % 4);
-            saveEstimate(connection, draft, {});
+            savesMasters ? saveMasterAgain(connection, i) : saveOrder(connection, i);
             std::printf("%d\n", i);
             std::fflush(stdout);
         }

@@ -90,8 +90,7 @@ private slots:
         const QString item = u" cboSelectItem_%1 lblItemIdx_%1 lblItem_%1 lblPickKbn_%1 lblItemName_%1 "
                              "lblSumPrice_%1"_qs;
         QTest::newRow("items") << 1
-                               << u"fraData_1 flxItem cmdInsEstMst imgItem txtItemHelp"_qs + rows.arg(1) +
-                                      amounts.arg(0);
+                               << u"fraData_1 flxItem cmdInsEstMst imgItem imtHosoku"_qs + rows.arg(1) + amounts.arg(0);
         QTest::newRow("make elements") << 2 << u"fraData_2 flxMkElm"_qs + item.arg(2) + rows.arg(2) + amounts.arg(1);
         QTest::newRow("parts") << 3 << u"fraData_3 flxCpElm"_qs + item.arg(3) + rows.arg(3) + amounts.arg(2);
         QTest::newRow("schedule") << 4
@@ -208,9 +207,9 @@ private slots:
         items->setValue(3, 2, u"靴型装具"_qs);
         QVERIFY(!shown(u"fraItemImage"_qs) && !shown(u"fraItemHelp"_qs));
         items->setCurrent(2);
-        QVERIFY(shown(u"imgItem"_qs) && !shown(u"txtItemHelp"_qs));
+        QVERIFY(shown(u"imgItem"_qs) && !shown(u"imtHosoku"_qs));
         items->setCurrent(3);
-        QVERIFY(!shown(u"imgItem"_qs) && shown(u"txtItemHelp"_qs));
+        QVERIFY(!shown(u"imgItem"_qs) && shown(u"imtHosoku"_qs));
         items->setCurrent(4);
         QVERIFY(!shown(u"fraItemImage"_qs) && !shown(u"fraItemHelp"_qs));
         QCoreApplication::processEvents();

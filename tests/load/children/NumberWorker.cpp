@@ -2,10 +2,12 @@
 //
 //   number_worker FILE.ini draw COUNT   draws that many numbers of the series 見積ID, as fast as it can
 //   number_worker FILE.ini save STOP    saves orders until the file STOP exists; takes every third one back
+//   number_worker FILE.ini codes COUNT  stores master estimates under that many codes, the same on every machine
 //
 // Writes each number that it has got for good on a line, then "longest", the milliseconds of the longest wait. An error
 // that an operator would have seen goes to standard error, and the process fails.
 #include "support/EstimateSamples.h"
+#include "support/MasterSamples.h"
 
 #include "base/AppError.h"
 #include "base/Application.h"
@@ -61,6 +63,16 @@ void saveEstimates(Connection& connection, const QString& stopFile) {
     }
 }
 
+void storeCodes(Connection& connection, int count) {
+    for (int i = 0; i < count; ++i) {
+        MasterDraft draft = MasterSamples::master(u"M-%1"_qs.arg(i), 1 + i % 5);
+        MasterSave came = MasterSave::Refused;
+        timed([&] { came = saveMaster(connection, draft, [](const QString&) { return false; }); });
+        if (came == MasterSave::Saved) keep(draft.master.ProductId);
+        if (came != MasterSave::Saved && came != MasterSave::WrongCode) throw AppError(u"refused"_qs);
+    }
+}
+
 void work(const QStringList& words) {
     setSystemDate({});
     Connection connection(ConnectionSettings::fromProfile(clsProfile(words.at(1))));
@@ -68,6 +80,8 @@ void work(const QStringList& words) {
     Managers::prepare(connection);
     if (words.at(2) == u"draw")
         drawNumbers(words.at(3).toInt());
+    else if (words.at(2) == u"codes")
+        storeCodes(connection, words.at(3).toInt());
     else
         saveEstimates(connection, words.at(3));
     Managers::release();
