@@ -78,14 +78,22 @@ QString harmless(const QString& field) {
     return u'\'' + field;
 }
 
-Writer::Writer(const QString& path, Encoding encoding) : m_file(path), m_encoding(encoding) {
+QString tabbedLine(const QStringList& fields) {
+    static const QRegularExpression parting(u"[\\t\\r\\n\\v\\f\\x{85}\\x{2028}\\x{2029}]+"_qs);
+    QStringList plain;
+    for (const QString& field : fields) plain << QString(field).replace(parting, u" "_qs);
+    return plain.join(u'\t');
+}
+
+Writer::Writer(const QString& path, Encoding encoding, QChar separator)
+    : m_file(path), m_encoding(encoding), m_separator(separator) {
     if (encoding == Encoding::Utf8) m_file.write("\xEF\xBB\xBF");
 }
 
 void Writer::line(const QStringList& fields) {
     QStringList safe;
     for (const QString& field : fields) safe << harmless(field);
-    const QString text = quotedLine(safe) + u"\r\n"_qs;
+    const QString text = (m_separator == u'\t' ? tabbedLine(safe) : quotedLine(safe)) + u"\r\n"_qs;
     if (m_encoding == Encoding::Cp932)
         if (const QStringList missing = Text::missingInCp932(text); !missing.isEmpty())
             throw AppError(u"Shift_JIS にない文字があります。\n"_qs + missing.join(u'、'), u"Csv"_qs);

@@ -18,17 +18,21 @@ QString harmless(const QString& field);
 
 enum class Encoding { Cp932, Utf8 };
 
+// One line without its end of fields without quotes; a tab or line break inside of one becomes a blank.
+QString tabbedLine(const QStringList& fields);
+
 // Writes a file line by line; nothing stands there before `commit`. UTF-8 begins with its mark, by which spreadsheets
 // know it. A character that the encoding lacks, and a failure to write, raise an error.
 class Writer {
 public:
-    Writer(const QString& path, Encoding encoding);
+    Writer(const QString& path, Encoding encoding, QChar separator = u',');
     void line(const QStringList& fields);
     void commit();
 
 private:
     WholeFile m_file;
     Encoding m_encoding;
+    QChar m_separator;
 };
 
 } // namespace Csv

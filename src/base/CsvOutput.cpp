@@ -12,51 +12,62 @@
 
 namespace {
 
-constexpr int csvFilter = 2;
-constexpr int utf8Filter = 3;
 constexpr qsizetype mostTold = 15;
+const QString separatorOfFolders = QString(QDir::separator());
 
-FileDialogRequest csvRequest() {
-    FileDialogRequest request;
-    request.filters = {u"すべてのﾌｧｲﾙ (*.*)"_qs, u"ﾃｷｽﾄﾌｧｲﾙ (*.txt)"_qs, u"ｶﾝﾏ区切り csvﾌｧｲﾙ (*.csv)"_qs};
-    request.filter = csvFilter;
-    return request;
-}
-
+// A name that a list proposes by itself is not remembered, and the folder is.
 bool askPath(QString& path, FileDialogRequest& request) {
     const clsProfile profile;
+    const bool proposes = !request.fileName.isEmpty();
     request.folder = platformPath(profile.GetValue(u"SaveFile"_qs, u"EstCsvPath"_qs, QString()));
-    request.fileName = profile.GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs, QString());
+    if (!proposes) request.fileName = profile.GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs, QString());
     const QString chosen = seams().saveFile(request);
     if (chosen.isEmpty()) return false;
-    const qsizetype separator = chosen.lastIndexOf(QDir::separator());
-    profile.Remember(u"SaveFile"_qs,
-                     {{u"EstCsvPath"_qs, chosen.left(separator + 1)}, {u"EstCsvFile"_qs, chosen.mid(separator + 1)}});
+    const qsizetype separator = chosen.lastIndexOf(separatorOfFolders);
+    QList<std::pair<QString, QString>> remembered{{u"EstCsvPath"_qs, chosen.left(separator + 1)}};
+    if (!proposes) remembered << std::pair{u"EstCsvFile"_qs, chosen.mid(separator + 1)};
+    profile.Remember(u"SaveFile"_qs, remembered);
     path = chosen;
+    return true;
+}
+
+bool askPath(QString& path, const ListFile& file, Csv::Encoding& encoding) {
+    FileDialogRequest request;
+    request.fileName = file.name;
+    request.filters = file.filters;
+    request.filter = file.filter;
+    if (!askPath(path, request)) return false;
+    encoding = request.filter == file.filters.size() - 1 ? Csv::Encoding::Utf8 : Csv::Encoding::Cp932;
     return true;
 }
 
 } // namespace
 
+const QStringList ListFile::csvFilters{u"すべてのﾌｧｲﾙ (*.*)"_qs, u"ﾃｷｽﾄﾌｧｲﾙ (*.txt)"_qs,
+                                       u"ｶﾝﾏ区切り csvﾌｧｲﾙ (*.csv)"_qs, u"ｶﾝﾏ区切り csvﾌｧｲﾙ UTF-8 (*.csv)"_qs};
+const QStringList ListFile::textFilters{u"すべてのﾌｧｲﾙ (*.*)"_qs, u"ﾃｷｽﾄﾌｧｲﾙ (*.txt)"_qs, u"ﾃｷｽﾄﾌｧｲﾙ UTF-8 (*.txt)"_qs};
+
 bool AskCsvSavePath(QString& path) {
-    FileDialogRequest request = csvRequest();
+    FileDialogRequest request;
+    request.filters = ListFile::csvFilters.first(3);
+    request.filter = ListFile().filter;
     return askPath(path, request);
 }
 
-bool AskCsvSavePath(QString& path, Csv::Encoding& encoding) {
-    FileDialogRequest request = csvRequest();
-    request.filters << u"ｶﾝﾏ区切り csvﾌｧｲﾙ UTF-8 (*.csv)"_qs;
-    if (!askPath(path, request)) return false;
-    encoding = request.filter == utf8Filter ? Csv::Encoding::Utf8 : Csv::Encoding::Cp932;
-    return true;
-}
+bool AskCsvSavePath(QString& path, Csv::Encoding& encoding) { return askPath(path, ListFile(), encoding); }
 
 void CsvLacking::add(const CsvRow& row) {
     ++m_row;
     for (int i = 0; i < row.fields.size(); ++i)
         if (const QStringList missing = Text::missingInCp932(row.fields.at(i)); !missing.isEmpty())
             m_places << Place{u"%1行目"_qs.arg(formatThousands(m_row)), row.whose,
-                              u"%1：%2"_qs.arg(m_columns.at(i), missing.join(u'、'))};
+                              u"%1：%2"_qs.arg(m_columns.value(i), missing.join(u'、'))};
+}
+
+void CsvLacking::addHead(const QStringList& fields) {
+    for (const QString& field : fields)
+        if (const QStringList missing = Text::missingInCp932(field); !missing.isEmpty())
+            m_places << Place{u"見出し"_qs, field, missing.join(u'、')};
 }
 
 QString CsvLacking::told() const {
@@ -74,30 +85,44 @@ QString CsvLacking::told() const {
 namespace {
 
 // False when the operator gives up over characters that the file would lose.
-bool settleEncoding(const QStringList& columns, const EachCsvRow& each, Csv::Encoding& encoding) {
+bool settleEncoding(const ListFile& form, const EachListRow& each, Csv::Encoding& encoding) {
     if (encoding != Csv::Encoding::Cp932) return true;
-    CsvLacking lacking(columns);
-    each([&lacking](const CsvRow& row) { lacking.add(row); });
+    CsvLacking lacking(form.columns);
+    for (const QStringList& head : form.heads) lacking.addHead(head);
+    if (!each([&lacking](const CsvRow& row) { lacking.add(row); })) return false;
     if (lacking.isEmpty()) return true;
     encoding = Csv::Encoding::Utf8;
-    return ShowMessage(Message::Question, u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n"
-                                          u"（行は、見出しの次の行を 1 行目として数えます）\n\n"_qs +
-                                              lacking.told()) == AnswerYes;
+    const QString counted =
+        form.heads.isEmpty() ? u"ファイルの 1 行目から数えます"_qs : u"見出しの次の行を 1 行目として数えます"_qs;
+    const QString question =
+        u"Shift_JIS にない文字があります。UTF-8 で出力しますか？\n（行は、%1）\n\n"_qs.arg(counted);
+    return ShowMessage(Message::Question, question + lacking.told()) == AnswerYes;
 }
 
 } // namespace
 
-void exportCsv(const QStringList& columns, const EachCsvRow& each) {
-    QString path;
+std::optional<WrittenFile> writeListFile(const ListFile& form, const EachListRow& each) {
+    WrittenFile written;
     Csv::Encoding encoding = Csv::Encoding::Cp932;
-    if (!AskCsvSavePath(path, encoding) || !settleEncoding(columns, each, encoding)) return;
-    Csv::Writer file(path, encoding);
-    file.line(columns);
-    qint64 written = 0;
-    each([&](const CsvRow& row) {
+    if (!askPath(written.path, form, encoding) || !settleEncoding(form, each, encoding)) return {};
+    Csv::Writer file(written.path, encoding, form.separator);
+    for (const QStringList& head : form.heads) file.line(head);
+    const bool whole = each([&](const CsvRow& row) {
         file.line(row.fields);
-        ++written;
+        ++written.rows;
     });
+    if (!whole) return {};
     file.commit();
-    ShowMessage(Message::Information, formatThousands(written) + u"件出力しました。"_qs);
+    return written;
+}
+
+void exportCsv(const ListFile& file, const EachListRow& each, const std::function<qint64()>& counts) {
+    if (const auto written = writeListFile(file, each))
+        ShowMessage(Message::Information, formatThousands(counts ? counts() : written->rows) + u"件出力しました。"_qs);
+}
+
+void exportCsv(const QStringList& columns, const EachListRow& each) {
+    ListFile file{columns};
+    file.heads = {columns};
+    exportCsv(file, each);
 }

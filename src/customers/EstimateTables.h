@@ -9,6 +9,8 @@ inline const QString estimateTable = u"[顧客見積情報]"_qs;
 
 // The customer of an estimate.
 SqlReference customerOfEstimate();
-// The estimates, with all that was joined to them before, and those of chart, ordering party and maker that a term
-// names.
+// The estimates, with all that was joined to them before, and those of chart, ordering party, maker and status that a
+// term names.
 QString withNamedTables(const QString& estimates, const SqlTerm& asked);
+// The estimates that have a customer and a chart, with these and the tables that a term names.
+QString withCustomerAndChartTables(const SqlTerm& asked);

@@ -37,6 +37,13 @@ SqlTerm SqlOneOf(const SqlColumn& column, const QStringList& values) {
     return SqlTerm(column).wrapped({}, u" IN ("_qs + texts.join(u',') + u')');
 }
 
+SqlTerm SqlPeriod(const SqlColumn& column, const QString& from, const QString& to) {
+    const auto bound = [&column](const QString& sign, const QString& day) {
+        return day.isEmpty() ? SqlTerm() : SqlTerm(column).wrapped({}, sign + dateLiteral(day));
+    };
+    return SqlAllOf({bound(u" >= "_qs, from), bound(u" <= "_qs, to)});
+}
+
 SqlTerm SqlEqual(const QString& table, const QStringList& columns, const QStringList& values) {
     QList<SqlTerm> terms;
     for (qsizetype i = 0; i < values.size(); ++i) terms << SqlEqual(SqlColumn{table, columns.at(i)}, values.at(i));
@@ -64,4 +71,8 @@ QString SqlReference::match() const {
 
 QString SqlReference::leftJoin(const QString& joined) const {
     return u"(%1 LEFT JOIN [%2] ON %3)"_qs.arg(joined, other, match());
+}
+
+QString SqlReference::innerJoin(const QString& joined) const {
+    return u"(%1 INNER JOIN [%2] ON %3)"_qs.arg(joined, other, match());
 }

@@ -10,6 +10,8 @@
 // A column that has a value, or one of several.
 SqlTerm SqlEqual(const SqlColumn& column, const QString& value);
 SqlTerm SqlOneOf(const SqlColumn& column, const QStringList& values);
+// A date column from one day to another; an empty one is no bound.
+SqlTerm SqlPeriod(const SqlColumn& column, const QString& from, const QString& to);
 // Columns of a table that have these values, in turn; there are as many columns as values, or more.
 SqlTerm SqlEqual(const QString& table, const QStringList& columns, const QStringList& values);
 
@@ -27,4 +29,6 @@ struct SqlReference {
     QString match() const;
     // The tables joined so far with the other one, which may lack the row.
     QString leftJoin(const QString& joined) const;
+    // With the other one, without which a row is left out.
+    QString innerJoin(const QString& joined) const;
 };

@@ -34,6 +34,7 @@ inline constexpr int DelvDays = 35;
 inline constexpr int AskDays = 36;
 inline constexpr int PayInDays = 37;
 inline constexpr int InvoiceCopy = 39;
+inline constexpr int WorkPlanPaper = 40;
 inline constexpr int AccidentEstimate = 41;
 inline constexpr int Account = 42;
 inline constexpr int AccidentInvoice = 43;

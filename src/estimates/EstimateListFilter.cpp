@@ -18,8 +18,8 @@ SqlTerm dated(const SqlTerm& column, const QString& sign, const QString& date) {
 // Each term has a blank ahead.
 SqlTerm together(const QList<SqlTerm>& terms) { return SqlTerm::joined(terms, u" AND  "_qs).wrapped(u" "_qs, {}); }
 
-SqlTerm within(const SqlTerm& column, const EstimateListFilter::Period& period) {
-    return SqlTerm::joined({dated(column, u">="_qs, period.from), dated(column, u"<="_qs, period.to)}, u" AND  "_qs);
+SqlTerm within(const SqlColumn& column, const EstimateListFilter::Period& period) {
+    return SqlPeriod(column, period.from, period.to);
 }
 
 } // namespace

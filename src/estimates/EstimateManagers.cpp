@@ -15,25 +15,13 @@ constexpr int idsPerPart = 500;
 
 const QStringList ledgerColumns{u"品名"_qs, u"装具名"_qs, u"支払法名"_qs, u"値引額"_qs, u"売掛区分"_qs};
 
-const QList<Field<clsCsEstimate>>& listEstimateFields() {
-    static const QList<Field<clsCsEstimate>> fields = gCsEstimateManager.fieldsOf(
-        {&clsCsEstimate::EstId, &clsCsEstimate::CustId, &clsCsEstimate::CustSubId, &clsCsEstimate::EstNo,
-         &clsCsEstimate::EstNm, &clsCsEstimate::EstSum, &clsCsEstimate::ProcKbnNo, &clsCsEstimate::PickPtnDate,
-         &clsCsEstimate::DelvFinDate, &clsCsEstimate::ProductCd});
-    return fields;
-}
-
-const QList<Field<clsCustomer>>& listCustomerFields() {
-    static const QList<Field<clsCustomer>> fields = gCustomerManager.fieldsOf(
-        {&clsCustomer::CustNo, &clsCustomer::CustNm1, &clsCustomer::CustNm2, &clsCustomer::CustKn1,
-         &clsCustomer::CustKn2, &clsCustomer::Zip, &clsCustomer::Pref, &clsCustomer::City, &clsCustomer::Addr1,
-         &clsCustomer::Addr2, &clsCustomer::Tel, &clsCustomer::Sex, &clsCustomer::Birth});
-    return fields;
-}
-
-const QList<Field<clsChart>>& listChartFields() {
-    static const QList<Field<clsChart>> fields = gChartManager.fieldsOf({&clsChart::OrderNm});
-    return fields;
+// Their columns one behind the other.
+SqlTerm columnsOf(const clsCsEstimateManager::ListFields& fields) {
+    QList<SqlTerm> columns;
+    for (const auto& field : fields.estimate) columns << gCsEstimateManager.column(field.member);
+    for (const auto& field : fields.customer) columns << gCustomerManager.column(field.member);
+    for (const auto& field : fields.chart) columns << gChartManager.column(field.member);
+    return SqlTerm::joined(columns, u", "_qs);
 }
 
 // Columns of a list, of estimates joined with what the columns, the condition and the order name.
@@ -124,12 +112,22 @@ void clsCsEstimateManager::GetListWithMst(QList<clsCsEstimate>& estimates, QList
     });
 }
 
+const clsCsEstimateManager::ListFields& clsCsEstimateManager::listFields() {
+    static const ListFields fields{
+        gCsEstimateManager.fieldsOf({&clsCsEstimate::EstId, &clsCsEstimate::CustId, &clsCsEstimate::CustSubId,
+                                     &clsCsEstimate::EstNo, &clsCsEstimate::EstNm, &clsCsEstimate::EstSum,
+                                     &clsCsEstimate::ProcKbnNo, &clsCsEstimate::PickPtnDate,
+                                     &clsCsEstimate::DelvFinDate, &clsCsEstimate::ProductCd}),
+        gCustomerManager.fieldsOf({&clsCustomer::CustNo, &clsCustomer::CustNm1, &clsCustomer::CustNm2,
+                                   &clsCustomer::CustKn1, &clsCustomer::CustKn2, &clsCustomer::Zip, &clsCustomer::Pref,
+                                   &clsCustomer::City, &clsCustomer::Addr1, &clsCustomer::Addr2, &clsCustomer::Tel,
+                                   &clsCustomer::Sex, &clsCustomer::Birth}),
+        gChartManager.fieldsOf({&clsChart::OrderNm})};
+    return fields;
+}
+
 QString clsCsEstimateManager::ListWithMst(const SqlTerm& where, const SqlTerm& sort) {
-    QList<SqlTerm> columns;
-    for (const auto& field : listEstimateFields()) columns << gCsEstimateManager.column(field.member);
-    for (const auto& field : listCustomerFields()) columns << gCustomerManager.column(field.member);
-    for (const auto& field : listChartFields()) columns << gChartManager.column(field.member);
-    return selectListed(SqlTerm::joined(columns, u", "_qs), where, sort);
+    return selectListed(columnsOf(listFields()), where, sort);
 }
 
 QString clsCsEstimateManager::KeysWithMst(const SqlTerm& where, const SqlTerm& sort) {
@@ -144,7 +142,7 @@ QStringList clsCsEstimateManager::IdsWithMst(const SqlTerm& where, const SqlTerm
 }
 
 void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause,
-                                     const std::function<void(const QStringList&)>& begin) {
+                                     const std::function<void(const QStringList&)>& begin, const ListFields& fields) {
     struct Row {
         clsCsEstimate estimate;
         clsCustomer customer;
@@ -154,10 +152,10 @@ void clsCsEstimateManager::ForEachOf(const QStringList& ids, const ListRow& take
         const QStringList part = ids.mid(start, idsPerPart);
         if (begin) begin(part);
         QHash<QString, Row> rows;
-        ForEachWithMst(SqlOneOf(column(&clsCsEstimate::EstId), part), {},
-                       [&rows](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
-                           rows.insert(estimate.EstId, {estimate, customer, chart});
-                       });
+        forEach(fields, SqlOneOf(column(&clsCsEstimate::EstId), part), {},
+                [&rows](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart& chart) {
+                    rows.insert(estimate.EstId, {estimate, customer, chart});
+                });
         for (const QString& id : part)
             if (const auto row = rows.constFind(id); row != rows.constEnd())
                 take(row->estimate, row->customer, row->chart);
@@ -170,10 +168,15 @@ qint64 clsCsEstimateManager::CountWithMst(const SqlTerm& where) {
 }
 
 void clsCsEstimateManager::ForEachWithMst(const SqlTerm& where, const SqlTerm& sort, const ListRow& take) {
-    Recordset rows = query(ListWithMst(where, sort));
-    const RecordReader<clsCsEstimate> estimates(rows, listEstimateFields());
-    const RecordReader<clsCustomer> customers(rows, listCustomerFields());
-    const RecordReader<clsChart> charts(rows, listChartFields());
+    forEach(listFields(), where, sort, take);
+}
+
+void clsCsEstimateManager::forEach(const ListFields& fields, const SqlTerm& where, const SqlTerm& sort,
+                                   const ListRow& take) {
+    Recordset rows = query(selectListed(columnsOf(fields), where, sort));
+    const RecordReader<clsCsEstimate> estimates(rows, fields.estimate);
+    const RecordReader<clsCustomer> customers(rows, fields.customer);
+    const RecordReader<clsChart> charts(rows, fields.chart);
     while (rows.next()) take(estimates.read(), customers.read(), charts.read());
 }
 

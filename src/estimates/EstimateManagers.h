@@ -27,10 +27,17 @@ public:
     // The same one by one, for lists of any length.
     using ListRow = std::function<void(const clsCsEstimate&, const clsCustomer&, const clsChart&)>;
     void ForEachWithMst(const SqlTerm& where, const SqlTerm& sort, const ListRow& take);
+    // What a list reads of each table; the lists of estimates do when nothing else is said.
+    struct ListFields {
+        QList<Field<clsCsEstimate>> estimate;
+        QList<Field<clsCustomer>> customer;
+        QList<Field<clsChart>> chart;
+    };
+    static const ListFields& listFields();
     // The same of estimates by their 見積ID, however many: in the order of the ids, a part at a time, so that nothing
     // is held between. Before each part `begin` gets its ids, after it `pause` runs, when given; false ends the walk.
     void ForEachOf(const QStringList& ids, const ListRow& take, const std::function<bool()>& pause = {},
-                   const std::function<void(const QStringList&)>& begin = {});
+                   const std::function<void(const QStringList&)>& begin = {}, const ListFields& fields = listFields());
     QStringList IdsWithMst(const SqlTerm& where, const SqlTerm& sort);
     // The statement of the list, the one that gives no more than the 見積ID of its rows, and how many they are.
     static QString ListWithMst(const SqlTerm& where, const SqlTerm& sort);
@@ -47,6 +54,9 @@ public:
     // The names of an estimate's insurance laws, cut to 2 characters, joined by a comma. `Excluded` becomes true when
     // one of the full names stands in the list of exclusions.
     void GetInsData(const QString& EstId, QString& InsList, const QString& strExcInsList, bool& Excluded);
+
+private:
+    void forEach(const ListFields& fields, const SqlTerm& where, const SqlTerm& sort, const ListRow& take);
 };
 
 class clsCsItemManager : public OwnedRowsManager<clsCsItem> {

@@ -29,7 +29,8 @@ ReportHeader printDayHeader() {
 }
 
 const QList<ReportClass>& reportClasses() {
-    static const QList<ReportClass> classes = estimateDocuments() + estimateLists() + masterReports();
+    static const QList<ReportClass> classes =
+        estimateDocuments() + estimateLists() + masterReports() + statistics();
     return classes;
 }
 
@@ -40,9 +41,11 @@ const ReportClass& reportClass(const QString& name) {
 }
 
 QList<ReportPage> reportPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
-                              const ReportHeader& header, const ReportMeasure& measure) {
+                              const ReportHeader& header, const ReportMeasure& measure,
+                              const std::function<bool()>& pause) {
     const int lines = linesOnPage(report, layout, header.linesPerPage);
-    return composePages(layout, {records, groupsOf(report, records), report.plan, header.values, lines}, measure);
+    return composePages(layout, {records, groupsOf(report, records), report.plan, header.values, lines}, measure,
+                        pause);
 }
 
 QString chosenClass(const ReportPaper& paper, const ReportPaperSettings& settings) {

@@ -41,14 +41,17 @@ QList<ReportClass> masterReports();
 
 // The header of papers that tell the day of printing: the system date as `PrtDate`.
 ReportHeader printDayHeader();
+QList<ReportClass> statistics();
 
 const QList<ReportClass>& reportClasses();
 // Raises an error for a class that the system does not have.
 const ReportClass& reportClass(const QString& name);
 
 // The finished pages. An empty record set has none; lines per page below 1 raise an error for a padded document.
+// `pause` as in `composePages`.
 QList<ReportPage> reportPages(const ReportClass& report, const ReportLayout& layout, const ReportRecordset& records,
-                              const ReportHeader& header, const ReportMeasure& measure);
+                              const ReportHeader& header, const ReportMeasure& measure,
+                              const std::function<bool()>& pause = {});
 
 // The classes that print one paper.
 struct ReportPaper {

@@ -170,13 +170,16 @@ private:
 
 } // namespace
 
-QList<ReportPage> composePages(const ReportLayout& layout, const ReportContent& content, const ReportMeasure& measure) {
+QList<ReportPage> composePages(const ReportLayout& layout, const ReportContent& content, const ReportMeasure& measure,
+                               const std::function<bool()>& pause) {
     const QList<ReportRow> rows = content.plan == ReportRowPlan::Documents
                                       ? paddedRows(content.groups, content.linesPerPage)
                                       : plainRows(content.records.rowCount());
     Composer composer(layout, content, rows, measure);
     QList<ReportPage> pages;
-    for (const PlannedPage& planned : planPages(layout, content.groups, rows, content.linesPerPage, content.plan))
+    for (const PlannedPage& planned : planPages(layout, content.groups, rows, content.linesPerPage, content.plan)) {
         pages.append(composer.page(planned));
+        if (pages.size() % pagesPerPause == 0 && pause && !pause()) return {};
+    }
     return pages;
 }

@@ -23,6 +23,11 @@ struct ReportContent {
     int linesPerPage = 0; // 0: as many as the paper holds
 };
 
-// The finished pages of a report. An item that names a field or parameter which is not there raises an error that tells
-// the layout and the item; digits that do not fit into their boxes raise a ReportValueError.
-QList<ReportPage> composePages(const ReportLayout& layout, const ReportContent& content, const ReportMeasure& measure);
+// How many pages are made or printed between two looks at what the operator wants.
+inline constexpr int pagesPerPause = 10;
+
+// The finished pages of a report; none when `pause`, which runs after each few pages, gives false. An item that names a
+// field or parameter which is not there raises an error that tells the layout and the item; digits that do not fit into
+// their boxes raise a ReportValueError.
+QList<ReportPage> composePages(const ReportLayout& layout, const ReportContent& content, const ReportMeasure& measure,
+                               const std::function<bool()>& pause = {});

@@ -11,8 +11,10 @@
 #include "master/MasterManagers.h"
 #include "reference/ReferenceManagers.h"
 #include "reports/MasterReports.h"
+#include "reports/PaymentRecords.h"
 #include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
+#include "reports/WorkPlanRecords.h"
 
 #include <algorithm>
 
@@ -173,5 +175,60 @@ void clsReportManager::GetMstEstListData(const SqlTerm& where, const SqlTerm& so
         QList<clsMstEstimate> rows;
         masters.GetList(rows, where, sort);
         return masterListRows(rows, readTaxRate());
+    });
+}
+
+// --- payments and statistics ---
+
+QString clsReportManager::MakeSQLNoPayList(const PaymentSearch& search, const SqlTerm& sort) {
+    return PaymentRows::keys(noPayCondition(search), paymentOrder(sort));
+}
+
+QString clsReportManager::MakeSQLPayList(const PaymentSearch& search, const SqlTerm& sort) {
+    return PaymentRows::keys(paidCondition(search), paymentOrder(sort));
+}
+
+void clsReportManager::gatherPayments(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset,
+                                      const std::function<bool()>& pause) {
+    outRecordset = underSource(u"GetStNoPaymentData"_qs, [&] {
+        PaymentRows rows(*m_connection);
+        ReportRecordset records = paymentRecordset();
+        PaymentRecords filled(rows, records);
+        rows.forEach(
+            rows.ids(where, paymentOrder(sort)), [&](const PaymentRow& row) { filled.add(row); }, pause);
+        return records;
+    });
+}
+
+void clsReportManager::GetStNoPaymentData(const PaymentSearch& search, const SqlTerm& sort,
+                                          ReportRecordset& outRecordset, const std::function<bool()>& pause) {
+    gatherPayments(noPayCondition(search), sort, outRecordset, pause);
+}
+
+void clsReportManager::GetStPaymentData(const PaymentSearch& search, const SqlTerm& sort, ReportRecordset& outRecordset,
+                                        const std::function<bool()>& pause) {
+    gatherPayments(paidCondition(search), sort, outRecordset, pause);
+}
+
+void clsReportManager::GetStWorkPlanData(const WorkPlanSearch& search, ReportRecordset& outRecordset,
+                                         const std::function<bool()>& pause) {
+    outRecordset = underSource(u"GetStWorkPlanData"_qs, [&] {
+        PaymentRows rows(*m_connection);
+        ReportRecordset records = workPlanRecordset();
+        WorkPlanRecords filled(rows, search.prices, records);
+        forEachPlanned(
+            *m_connection, rows, search, [&](const PlannedWork& work) { filled.add(work); }, pause);
+        return records;
+    });
+}
+
+void clsReportManager::GetStOrderSalesData(const PaymentSearch& search, ReportRecordset& outRecordset,
+                                           const std::function<bool()>& pause) {
+    outRecordset = underSource(u"GetStOrderSalesData"_qs, [&] {
+        PaymentRows rows(*m_connection);
+        ReportRecordset records = orderSalesRecordset();
+        const auto add = [&](const PaymentRow& row) { addOrderSales(rows, records, row); };
+        rows.forEach(rows.ids(orderSalesCondition(search), orderSalesOrder()), add, pause);
+        return records;
     });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "payments/PaymentSearch.h"
+#include "payments/WorkPlan.h"
 #include "reports/CsEstimateDocument.h"
 
 #include <functional>
@@ -30,8 +32,26 @@ public:
     void GetMstEstimateData(const SqlTerm& where, ReportRecordset& outRecordset);
     void GetMstEstListData(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset);
 
+    // What is not paid, and what is, with their claims, in the lists' own order unless another is given. The statements
+    // give the keys of their estimates. The claims of all of them are read together.
+    static QString MakeSQLNoPayList(const PaymentSearch& search, const SqlTerm& sort = {});
+    static QString MakeSQLPayList(const PaymentSearch& search, const SqlTerm& sort = {});
+    void GetStNoPaymentData(const PaymentSearch& search, const SqlTerm& sort, ReportRecordset& outRecordset,
+                            const std::function<bool()>& pause = {});
+    void GetStPaymentData(const PaymentSearch& search, const SqlTerm& sort, ReportRecordset& outRecordset,
+                          const std::function<bool()>& pause = {});
+
+    // A row for each planned date within the search, by date or by ordering party.
+    void GetStWorkPlanData(const WorkPlanSearch& search, ReportRecordset& outRecordset,
+                           const std::function<bool()>& pause = {});
+    // The estimates of an ordering party, by 完成実績日, that are as far as the status.
+    void GetStOrderSalesData(const PaymentSearch& search, ReportRecordset& outRecordset,
+                             const std::function<bool()>& pause = {});
+
 private:
     double readTaxRate();
+    void gatherPayments(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset,
+                        const std::function<bool()>& pause);
     DocumentSwitches readSwitches(DocumentKind kind);
     InsNames readInsNames(const QList<clsCsEstAsk>& claims);
     InsNames readInsNames(); // of all laws

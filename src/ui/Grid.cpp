@@ -176,7 +176,8 @@ int Grid::firstFillColumn(int) const {
 QModelIndex Grid::nextCellToFill(const QModelIndex& from) const {
     for (int i = from.column() + 1; i < columns(); ++i) {
         const bool fills = column(i).editable && !isColumnHidden(i) && column(i).kind != GridColumn::Check;
-        if (fills && m_model->value(from.row(), i).isEmpty()) return m_model->index(from.row(), i);
+        if (fills && m_model->value(from.row(), i).isEmpty() && (!isToFill || isToFill(from.row() + 1, i)))
+            return m_model->index(from.row(), i);
     }
     const int row = from.row() + 1;
     return row < rows() ? m_model->index(row, firstFillColumn(row)) : QModelIndex();

@@ -93,6 +93,8 @@ public:
 
     // Asked just before a cell is edited; it may change the column's list, and false refuses the edit.
     std::function<bool(int row, int column)> editStarting;
+    // Whether Return stops at an empty cell that may be edited; without it, at every one.
+    std::function<bool(int row, int column)> isToFill;
 
 signals:
     // The operator changed a cell, which held `before`.

@@ -7,6 +7,7 @@
 #include "ui/Grid.h"
 
 #include <QLabel>
+#include <QScrollBar>
 
 namespace {
 
@@ -116,6 +117,15 @@ QList<QStringList> KeyedList::fetchBlock(int block) {
     QList<QStringList> rows;
     for (const QString& key : keys) rows << found.value(key);
     return rows;
+}
+
+void KeyedList::refetch() {
+    const int row = m_grid->currentRow(), column = m_grid->currentColumn();
+    const int top = m_grid->verticalScrollBar()->value();
+    m_blocks.clear();
+    showRead();
+    m_grid->setCurrent(row, column);
+    m_grid->verticalScrollBar()->setValue(top);
 }
 
 void KeyedList::refresh(int row, const QString& key) {

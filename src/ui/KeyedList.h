@@ -27,6 +27,8 @@ public:
     void show(const QString& statement);
     // Waits for the first rows as long as a key may take to act. False when there is none to act on.
     bool awaitRows();
+    // Reads the rows of the keys anew; what was written into cells is gone.
+    void refetch();
     // Rewrites a row from the database; it goes when it is not there any more.
     void refresh(int row, const QString& key);
     // Tells that a row is not there any more, and takes it off; `what` is the word for what it showed.

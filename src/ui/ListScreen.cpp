@@ -1,41 +1,20 @@
 #include "ui/ListScreen.h"
 
 #include "base/basMessage.h"
+#include "ui/BusyPanel.h"
 
-#include <QElapsedTimer>
-#include <QPointer>
 #include <QScopeGuard>
 
-namespace {
-
-constexpr int tellEvery = 100; // milliseconds
-
-} // namespace
-
-void ListScreen::whileBusy(const QString& word, const std::function<void(const Pause& pause)>& work) {
-    const QString title = windowTitle();
-    const QPointer<QWidget> focused = focusWidget(); // which a disabled window loses
-    QElapsedTimer sinceTold;
-    sinceTold.start();
+bool ListScreen::whileBusy(const QString& word, const std::function<void(const Pause& pause)>& work) {
     SetWaitCursor(true);
     m_busy = true;
-    setEnabled(false);
-    const auto end = qScopeGuard([&] {
-        setEnabled(true);
-        if (focused) focused->setFocus();
+    const auto end = qScopeGuard([this] {
         m_busy = false;
-        setWindowTitle(title);
         SetWaitCursor(false);
     });
-    int parts = 0;
-    work([&] {
-        if (++parts > 1 && sinceTold.elapsed() > tellEvery) {
-            setWindowTitle(title + u"  "_qs + word + QString(parts % 4, u'.'));
-            seams().letEventsRun();
-            sinceTold.restart();
-        }
-        return true;
-    });
+    BusyPanel panel(this, word);
+    work([&panel] { return panel.goesOn(); });
+    return !panel.isStopped();
 }
 
 bool ListScreen::mayPrint(bool hasRows, bool toPrinter) {

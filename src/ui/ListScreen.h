@@ -11,9 +11,9 @@ public:
 
 protected:
     // Runs long work that says how far it is; the screen waits for its end. The work calls `pause` after each part, and
-    // ends when that gives false.
+    // ends when that gives false: the operator has stopped it. False then.
     using Pause = std::function<bool()>;
-    void whileBusy(const QString& word, const std::function<void(const Pause& pause)>& work);
+    bool whileBusy(const QString& word, const std::function<void(const Pause& pause)>& work);
 
     // What every print command asks: that there are rows, which is told otherwise, and that paper is meant.
     static bool mayPrint(bool hasRows, bool toPrinter);

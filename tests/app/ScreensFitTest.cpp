@@ -9,6 +9,15 @@
 #include "master/screens/frmMsEstimateList.h"
 #include "master/screens/frmMstEstimateDialog.h"
 #include "master/screens/frmMsEstimate.h"
+#include "payments/screens/frmCsPaidSearch.h"
+#include "payments/screens/frmCsPayList.h"
+#include "payments/screens/frmCsPaySearch.h"
+#include "payments/screens/frmCsUrikakeList.h"
+#include "payments/screens/frmCsUrikakeSystem.h"
+#include "payments/screens/frmStMoneyEndList.h"
+#include "payments/screens/frmStMoneyEndSearch.h"
+#include "payments/screens/frmStOrderSales.h"
+#include "payments/screens/frmStWorkPlan.h"
 #include "ui/Grid.h"
 #include "ui/Style.h"
 
@@ -59,6 +68,15 @@ private slots:
     void theDialogOfANewMasterFits() { checkFits<frmMstEstimateDialog>(); }
     void theCustomerListFits() { checkFits<frmCustomerList>(); }
     void theCustomerScreenFits() { checkFits<frmCustomer>(); }
+    void thePaymentSearchFits() { checkFits<frmCsPaySearch>(); }
+    void thePaymentListFits() { checkFits<frmCsPayList>(); }
+    void theLedgerSearchFits() { checkFits<frmCsUrikakeSystem>(); }
+    void theLedgerFits() { checkFits<frmCsUrikakeList>(); }
+    void thePaidSearchFits() { checkFits<frmCsPaidSearch>(); }
+    void thePaidListSearchFits() { checkFits<frmStMoneyEndSearch>(); }
+    void thePaidListFits() { checkFits<frmStMoneyEndList>(); }
+    void theWorkPlanFits() { checkFits<frmStWorkPlan>(); }
+    void theOrderSalesFit() { checkFits<frmStOrderSales>(); }
 
     void theAmountOfAnEstimateIsSeenWithoutScrolling() {
         constexpr int amount = 8;

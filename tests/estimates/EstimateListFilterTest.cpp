@@ -114,7 +114,7 @@ private slots:
             EstimateListFilter filter;
             filter.*period = {u"2024/05/01"_qs, u"2024/05/31"_qs};
             QCOMPARE(filter.condition(),
-                     u" [顧客見積情報].[%1] >= #2024/05/01# AND  [顧客見積情報].[%1] <= #2024/05/31#"_qs.arg(column));
+                     u" [顧客見積情報].[%1] >= #2024/05/01# AND [顧客見積情報].[%1] <= #2024/05/31#"_qs.arg(column));
             Recordset inside = m_database->connection().query(
                 u"SELECT COUNT(*) FROM [顧客見積情報] WHERE [%1] BETWEEN #2024/05/01# AND #2024/05/31#"_qs.arg(column));
             QVERIFY(inside.next());

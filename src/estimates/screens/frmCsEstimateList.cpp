@@ -13,7 +13,6 @@
 #include "estimates/screens/frmCsEstimate.h"
 #include "reference/ReferenceManagers.h"
 #include "reports/clsReportManager.h"
-#include "reports/engine/Report.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
 #include "ui_EstimateSearchPage.h"
@@ -97,7 +96,7 @@ GridEntries statusEntries() {
 } // namespace
 
 frmCsEstimateList::frmCsEstimateList(QWidget* parent)
-    : ListScreen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
+    : PrintingScreen(parent), ui(std::make_unique<Ui::frmCsEstimateList>()) {
     ++s_open;
     ui->setupUi(this);
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
@@ -315,7 +314,7 @@ void frmCsEstimateList::writeCsv() {
         return;
     }
     exportCsv(EstimateCsv::columns(), [&](const std::function<void(const CsvRow&)>& take) {
-        whileBusy(u"CSV出力中"_qs, [&](const Pause& pause) {
+        return whileBusy(u"CSV出力中"_qs, [&](const Pause& pause) {
             const auto add = [&](const clsCsEstimate& estimate, const clsCustomer& customer, const clsChart&) {
                 take(EstimateCsv::row(estimate, customer));
             };
@@ -330,11 +329,10 @@ void frmCsEstimateList::print(int member) {
     const bool toPrinter = member == 1 || member == 2;
     if (!m_estimates->isEmpty()) showWhatIsAskedFor();
     if (!mayPrint(!m_estimates->isEmpty(), toPrinter)) return;
-    ReportRecordset records;
-    whileBusy(u"印刷準備中"_qs, [&](const Pause& pause) {
-        clsReportManager manager;
-        manager.Prepare(gDbManager.Connection());
-        manager.GetCsEstimateListData(condition(), sorting(), member, m_exclusions, records, pause);
-    });
-    sendReport(u"repCsEstList"_qs, records, toPrinter ? PrintTo::Printer : PrintTo::Preview);
+    issue(u"repCsEstList"_qs, {}, toPrinter ? PrintTo::Printer : PrintTo::Preview,
+          [&](ReportRecordset& records, const Pause& pause) {
+              clsReportManager manager;
+              manager.Prepare(gDbManager.Connection());
+              manager.GetCsEstimateListData(condition(), sorting(), member, m_exclusions, records, pause);
+          });
 }

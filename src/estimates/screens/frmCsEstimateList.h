@@ -1,7 +1,7 @@
 #pragma once
 
 #include "estimates/EstimateListFilter.h"
-#include "ui/ListScreen.h"
+#include "reports/engine/PrintingScreen.h"
 
 #include <QSet>
 
@@ -17,7 +17,7 @@ class KeyedList;
 // (`OpenMode` 1) it opens estimates in the editor; otherwise it is a chooser, which closes with the chosen estimate in
 // `EstId` and the mode for it in `EditMode`, or with `Cancel`. `DetailMode` 1 starts with the estimates of the person
 // named by `CustName1` and `CustName2`.
-class frmCsEstimateList : public ListScreen {
+class frmCsEstimateList : public PrintingScreen {
     Q_OBJECT
 
 public:

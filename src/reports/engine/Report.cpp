@@ -15,16 +15,26 @@ ReportJob Report::job() const {
     const ReportLayout layout = withPageSettings(loadReportLayout(m_class.name), settings);
     ReportHeader header = m_class.readHeader();
     header.values.insert(m_values);
-    return {m_class.name, reportPages(m_class, layout, *m_records, header, measurePaperText), settings,
-            m_class.title(*m_records, header.values).replace(unfitForFiles, u"_"_qs)};
+    return {m_class.name, reportPages(m_class, layout, *m_records, header, measurePaperText, m_pause), settings,
+            m_class.title(*m_records, header.values).replace(unfitForFiles, u"_"_qs), m_pause};
+}
+
+void Report::Compose() { m_composed = job(); }
+
+ReportJob Report::takeJob() {
+    ReportJob made = m_composed ? std::move(*m_composed) : job();
+    m_composed.reset();
+    return made;
 }
 
 void Report::PrintReport(bool withDialog) {
-    if (const ReportJob made = job(); !made.pages.isEmpty()) reportOutput().print(made, withDialog);
+    if (const ReportJob made = takeJob(); !made.pages.isEmpty()) reportOutput().print(made, withDialog);
 }
 
 void Report::Show(int) {
-    if (const ReportJob made = job(); !made.pages.isEmpty()) reportOutput().preview(made);
+    ReportJob made = takeJob();
+    made.pause = nullptr; // who looks at it prints it later
+    if (!made.pages.isEmpty()) reportOutput().preview(made);
 }
 
 void sendReport(const QString& reportClass, const ReportRecordset& records, PrintTo to) {

@@ -19,16 +19,24 @@ public:
     // 1 titles an item sheet 内訳書, any other 明細書.
     void PrtType(int type) { Value(u"PrtType"_qs, QString::number(type)); }
 
+    // Called after each few pages that are made or printed; false ends the work, and nothing more is printed.
+    void Pausing(std::function<bool()> pause) { m_pause = std::move(pause); }
+    // Makes the pages ahead of showing them.
+    void Compose();
+
     void PrintReport(bool withDialog);
     // The preview; it is always modal, which the argument 1 asks for.
     void Show(int modal = 1);
 
 private:
     ReportJob job() const;
+    ReportJob takeJob();
 
     const ReportClass& m_class;
     std::optional<ReportRecordset> m_records;
     ReportParameters m_values;
+    std::function<bool()> m_pause;
+    std::optional<ReportJob> m_composed;
 };
 
 enum class PrintTo { Preview, Printer };

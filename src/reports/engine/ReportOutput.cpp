@@ -1,6 +1,7 @@
 #include "reports/engine/ReportOutput.h"
 
 #include "base/AppError.h"
+#include "reports/ReportComposer.h"
 #include "reports/engine/ReportPainter.h"
 #include "reports/engine/frmPreview.h"
 
@@ -50,20 +51,24 @@ void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) 
     if (settings.copies) printer.setCopyCount(*settings.copies);
 }
 
-void printPages(const QList<ReportPage>& pages, QPrinter& printer) {
+void printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::function<bool()>& pause) {
     printer.setFullPage(true);
     QPainter painter(&printer);
     if (!painter.isActive()) throw AppError(u"プリンターに送れません。"_qs, u"PrintReport"_qs);
     const double scale = printer.resolution() / twipsPerInch;
-    bool first = true;
+    qsizetype printed = 0;
     for (const ReportPage& page : pages) {
-        if (!first && !printer.newPage())
+        if (printed > 0 && !printer.newPage())
             throw AppError(u"プリンターが次のページを受け付けません。"_qs, u"PrintReport"_qs);
-        first = false;
         painter.save();
         painter.scale(scale, scale);
         paintPage(painter, page);
         painter.restore();
+        if (++printed % pagesPerPause == 0 && pause && !pause()) {
+            painter.end();
+            printer.abort();
+            return;
+        }
     }
 }
 
@@ -80,5 +85,5 @@ void printOnPaper(const ReportJob& job, bool withDialog) {
     printer.setPageOrientation(paper.orientation());
     applyPrintSettings(job.settings, printer);
     if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
-    printPages(job.pages, printer);
+    printPages(job.pages, printer, job.pause);
 }

@@ -12,7 +12,8 @@ struct ReportJob {
     QString reportClass;
     QList<ReportPage> pages;
     ReportPrintSettings settings;
-    QString title; // for the printer's queue and as a file name
+    QString title;                 // for the printer's queue and as a file name
+    std::function<bool()> pause{}; // runs after each few pages; false gives the printing up
 };
 
 // Where documents go. The program fills both with the printer and the preview screen; tests and scenarios record.
@@ -27,8 +28,8 @@ ReportOutput& reportOutput();
 // or it refuses the work; a cancelled dialog prints nothing.
 void printOnPaper(const ReportJob& job, bool withDialog);
 
-// Paints the pages from the corner of the paper. Raises an error when the printer refuses.
-void printPages(const QList<ReportPage>& pages, QPrinter& printer);
+// Paints the pages from the corner of the paper. Raises an error when the printer refuses. `pause` as in the job.
+void printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::function<bool()>& pause = {});
 
 // Puts the settings into force, in their order; what is empty stays as the printer has it. A port has no meaning to Qt,
 // which finds the printer by its name; the margins are already in the pages.

@@ -3,8 +3,10 @@
 #include "base/Seams.h"
 #include "base/basMessage.h"
 #include "reports/engine/ReportPdf.h"
+#include "ui/BusyPanel.h"
 #include "ui_frmPreview.h"
 
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -87,7 +89,19 @@ void frmPreview::applyZoom() {
         ui->sheet->setZoom(zoomPercents.at(static_cast<size_t>(choice)) / 100.0);
 }
 
-void frmPreview::print() { reportOutput().print(m_job, true); }
+// A long one says how far it is, and can be stopped.
+void frmPreview::print() {
+    BusyPanel panel(this, u"印刷中"_qs);
+    m_printing = true;
+    const auto end = qScopeGuard([this] { m_printing = false; });
+    ReportJob job = m_job;
+    job.pause = [&panel] { return panel.goesOn(); };
+    reportOutput().print(job, true);
+}
+
+void frmPreview::reject() {
+    if (!m_printing) QDialog::reject();
+}
 
 void frmPreview::savePdf() {
     FileDialogRequest request;

@@ -19,6 +19,8 @@ public:
 
     int pageNumber() const { return m_page; } // from 1
 
+    void reject() override;
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -33,5 +35,6 @@ private:
 
     std::unique_ptr<Ui::frmPreview> ui;
     ReportJob m_job;
+    bool m_printing = false;
     int m_page = 1;
 };
