@@ -8,6 +8,7 @@ build_packages=(
     ccache                # a second build takes seconds
     qt6-base-dev          # windows, printing, SQL, test frame
     libicu-dev            # code page 932, widths and kana
+    libarchive-dev        # the postal book comes packed
 )
 program_packages=(
     libqt6sql6-sqlite           # the database in a file

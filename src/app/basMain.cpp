@@ -10,6 +10,7 @@
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "operations/Managers.h"
+#include "operations/OpenMachines.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -19,6 +20,11 @@ namespace {
 InstanceLock& instanceLock() {
     static InstanceLock lock;
     return lock;
+}
+
+OpenMachines& openMachines() {
+    static OpenMachines machines;
+    return machines;
 }
 
 void readSystemDate() { setSystemDate(clsProfile().GetValue(u"Misc"_qs, u"SYSDATE"_qs)); }
@@ -63,13 +69,14 @@ bool Main() {
         InitializeApp();
         shown = showMenu();
     });
-    if (!started) TerminateApp();
+    if (!started) EndProgram();
     return shown;
 }
 
 void InitializeApp() {
     gLogger = std::make_unique<clsLogger>();
     logStart();
+    openMachines().enter(ConnectionSettings::fromProfile(clsProfile()));
     gDbManager.DBOpen();
     Managers::prepare(gDbManager.Connection());
     gPriceYear = gSysSettingManager.value(Setting::PriceYear);
@@ -78,7 +85,12 @@ void InitializeApp() {
 void TerminateApp() noexcept {
     ignoringErrors([] { gDbManager.DBClose(); });
     ignoringErrors([] { Managers::release(); });
+    ignoringErrors([] { openMachines().leave(); });
     ignoringErrors([] { writeLog(u"HALVANE normal ENDED"_qs); });
     gLogger.reset();
+}
+
+void EndProgram() noexcept {
+    TerminateApp();
     instanceLock().release();
 }

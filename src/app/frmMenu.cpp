@@ -3,8 +3,11 @@
 #include "app/MenuOpeners.h"
 #include "app/basMain.h"
 #include "base/Application.h"
+#include "base/basMessage.h"
 #include "db/TableMaintenance.h"
 #include "db/clsDbManager.h"
+#include "operations/AutoBackup.h"
+#include "ui/ProgressBox.h"
 #include "ui_frmMenu.h"
 
 #include <QStyle>
@@ -49,13 +52,18 @@ void frmMenu::connectOpeners() {
         if (ownButtons.contains(button)) continue;
         const MenuOpener open = menuOpeners().value(button->objectName());
         button->setEnabled(static_cast<bool>(open));
-        onClick(button, [this, open] { open(this); });
+        onClick(button, [this, open] {
+            open(this);
+            showBackupAge();
+        });
     }
 }
 
 void frmMenu::load() {
     ui->lblVer->setText(programVersion());
     TableMaintenance(gDbManager.Connection());
+    showBackupAge();
+    tellFailedBackup();
     ui->cbSelectMenu_0->setFocus();
 }
 
@@ -75,7 +83,30 @@ void frmMenu::showGroup(int index) {
     }
 }
 
+// Nothing that happens to the backup keeps the program from ending.
+void frmMenu::backUp() {
+    ProgressBox box(this, u"自動バックアップ"_qs, ProgressBox::Stop::NotOffered);
+    SetWaitCursor(true);
+    AutoBackup::run([&box](const QString& part, qint64 done, qint64 all) { return box.tell(part, done, all); });
+    SetWaitCursor(false);
+}
+
+void frmMenu::showBackupAge() {
+    const AutoBackup::Age age = AutoBackup::age();
+    ui->lblBackup->setText(age.text);
+    ui->lblBackup->setStyleSheet(age.isLong ? u"color: #B3261E; font-weight: bold;"_qs : QString());
+}
+
+void frmMenu::tellFailedBackup() {
+    const QString failure = AutoBackup::takeFailure();
+    if (!failure.isEmpty())
+        ShowMessage(Message::Warning, u"前回の終了時に、自動バックアップができませんでした。\n"_qs + failure);
+}
+
 bool frmMenu::queryUnload() {
-    TerminateApp();
+    guarded([this] {
+        if (Loaded && AutoBackup::isDue()) backUp();
+    });
+    EndProgram();
     return true;
 }

@@ -28,6 +28,9 @@ private:
     void enterGroup(int index);
     void showGroup(int index);
     void connectOpeners();
+    void backUp();
+    void showBackupAge();
+    void tellFailedBackup();
 
     std::unique_ptr<Ui::frmMenu> ui;
     QList<QPushButton*> m_groupButtons;

@@ -1,3 +1,4 @@
+#include "app/InstanceLock.h"
 #include "app/basMain.h"
 #include "base/AppError.h"
 #include "base/Application.h"
@@ -5,13 +6,16 @@
 #include "base/basMessage.h"
 #include "base/clsProfile.h"
 #include "db/TableReference.h"
+#include "operations/AutoBackup.h"
 #include "operations/DatabaseCopy.h"
 #include "operations/DatabaseCreation.h"
+#include "operations/Restore.h"
 #include "reports/engine/ReportFonts.h"
 #include "ui/DialogSeams.h"
 #include "ui/Style.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
 
 #include <cstdio>
@@ -33,6 +37,11 @@ constexpr char help[] = R"(使い方: halvane [オプション]
                       移行元の INI ファイルの指すデータベースの内容をすべて、移行先の INI
                       ファイルの指す新しいデータベースへ写します。終わりに、表ごとの行数と
                       金額の合計を両方について表示します。一致しなければ何も残しません。
+  --backup            バックアップ先にバックアップを作り、内容を確かめます。開いている端末は
+                      使い続けられます。自動で作ったものとして、古いものから整理します。
+  --restore ファイル  バックアップを今のデータベースと入れ替えます。すべての端末の Halvane を
+                      閉じてから実行します。今のものは -before-restore として残ります。
+  --verify ファイル   バックアップを調べ、表ごとの行数と金額の合計を表示します。
   --table-reference   すべての表の説明を Markdown で出力します。
   --version           バージョンを表示します。
   --help              この説明を表示します。
@@ -54,9 +63,35 @@ void createDatabase(const QStringList& options) {
 
 void copyDatabase(const QStringList& profiles) {
     const auto comparisons = DatabaseCopy::copy(ConnectionSettings::fromProfile(clsProfile(profiles.at(0))),
-                                                ConnectionSettings::fromProfile(clsProfile(profiles.at(1))), print);
+                                                ConnectionSettings::fromProfile(clsProfile(profiles.at(1))),
+                                                DatabaseCopy::Others::Wait, print);
     for (const QString& line : DatabaseCopy::report(comparisons)) print(line);
     print(u"移行が完了しました。"_qs);
+}
+
+void backUp() {
+    print(QDir::toNativeSeparators(AutoBackup::make()));
+    print(u"バックアップしました。"_qs);
+}
+
+void tellAge(const Backup::Proof& proof) {
+    if (proof.isOlder())
+        print(u"古いバージョン（%1）のものです。リストアの後、次の起動のときに新しい形に直されます。"_qs.arg(
+            proof.version));
+}
+
+void restore(const QString& file) {
+    InstanceLock lock;
+    if (!lock.take()) throw AppError(u"Halvaneは既に起動されています！"_qs, u"Halvane"_qs);
+    tellAge(Restore::run(ConnectionSettings::fromProfile(clsProfile()), file));
+    print(u"リストアしました。"_qs);
+}
+
+void verify(const QString& file) {
+    const Backup::Proof proof = Backup::prove(file);
+    for (const QString& line : proof.report()) print(line);
+    tellAge(proof);
+    print(u"このバックアップは使えます。"_qs);
 }
 
 using Command = std::function<void()>;
@@ -68,7 +103,10 @@ std::optional<Command> commandOf(const QStringList& words) {
     if (name == u"--create-database" && (rest.isEmpty() || rest == QStringList(u"--sample"_qs)))
         return [rest] { createDatabase(rest); };
     if (name == u"--copy-database" && rest.size() == 2) return [rest] { copyDatabase(rest); };
+    if (name == u"--restore" && rest.size() == 1) return [rest] { restore(rest.first()); };
+    if (name == u"--verify" && rest.size() == 1) return [rest] { verify(rest.first()); };
     if (!rest.isEmpty()) return std::nullopt;
+    if (name == u"--backup") return backUp;
     if (name == u"--table-reference") return [] { std::printf("%s", qUtf8Printable(tableReference())); };
     if (name == u"--version") return [] { print(u"Halvane "_qs + programVersion()); };
     if (name == u"--help") return [] { std::printf("%s", help); };

@@ -15,6 +15,7 @@ qint16 answerOnConsole(const MessageBoxRequest& request) {
         return AnswerNo;
     case MessageButtons::YesNoCancel:
     case MessageButtons::RetryCancel:
+    case MessageButtons::OkCancel:
         return AnswerCancel;
     }
     return AnswerNone;
@@ -29,6 +30,7 @@ Seams defaultSeams() {
     seams.openWithShell = [](const QString&) {};
     seams.saveFile = [](FileDialogRequest&) { return QString(); };
     seams.openFolder = [](const FileDialogRequest&) { return QString(); };
+    seams.openFile = [](const FileDialogRequest&) { return QString(); };
     seams.letEventsRun = [] { QCoreApplication::processEvents(); };
     seams.now = [] { return QDateTime::currentDateTime(); };
     seams.programFolder = [] { return QCoreApplication::applicationDirPath(); };

@@ -10,9 +10,9 @@
 // Qt's dialogs and the real clock; tests and scenarios fill them with queues and fixed values.
 
 enum class MessageIcon { Warning, Question, Information, Critical };
-enum class MessageButtons { Ok, YesNo, YesNoCancel, RetryCancel };
+enum class MessageButtons { Ok, YesNo, YesNoCancel, RetryCancel, OkCancel };
 
-// The answers of `ShowMessage`; a box with OK alone answers None.
+// The answers of `ShowMessage`; OK answers None.
 enum MessageAnswer : qint16 { AnswerNone = 0, AnswerCancel = 2, AnswerRetry = 4, AnswerYes = 6, AnswerNo = 7 };
 
 struct MessageBoxRequest {
@@ -25,10 +25,10 @@ struct MessageBoxRequest {
 
 struct FileDialogRequest {
     QString caption;
-    QString folder;      // start folder, empty: the platform's own choice
-    QString fileName;    // proposed name, saving only
-    QStringList filters; // "CSV (*.csv)", in order
-    int filter = 0;      // preselected filter, from 0
+    QString folder = {};      // start folder, empty: the platform's own choice
+    QString fileName = {};    // proposed name, saving only
+    QStringList filters = {}; // "CSV (*.csv)", in order
+    int filter = 0;           // preselected filter, from 0
 };
 
 struct Seams {
@@ -40,6 +40,7 @@ struct Seams {
     // The chosen path, empty when cancelled; the chosen filter goes back into the request.
     std::function<QString(FileDialogRequest&)> saveFile;
     std::function<QString(const FileDialogRequest&)> openFolder;
+    std::function<QString(const FileDialogRequest&)> openFile;
     // Lets pending events run once, so that long work shows its progress.
     std::function<void()> letEventsRun;
     std::function<QDateTime()> now;

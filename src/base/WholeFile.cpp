@@ -34,6 +34,11 @@ bool folderSynced(const QString&) { return true; }
 
 } // namespace
 
+bool fileSynced(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite) && synced(file.handle()) && folderSynced(path);
+}
+
 QString systemFailure(int code) {
     static const QHash<int, QString> words{
         {ENOSPC, u"ディスクの空き容量がありません。"_qs}, {EFBIG, u"ファイルの大きさの上限に達しました。"_qs},

@@ -24,5 +24,12 @@ private:
     QString m_what;
 };
 
+// The mode of a new file that the people of one office share.
+inline constexpr QFileDevice::Permissions officeFileMode =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+
+// Waits until a file and its name are on the disk; false when that failed (errno says why).
+bool fileSynced(const QString& path);
+
 // The operator's words for a failed call of the system (its errno); the system's own for one that is rare.
 QString systemFailure(int code);

@@ -80,6 +80,10 @@ qint16 ShowMessage(int code, const QString& text) {
     return seams().message({u"Halvane"_qs, GetMessageText(code, text), form.icon, form.buttons, form.defaultIsNo});
 }
 
+bool AskOk(const QString& text) {
+    return seams().message({u"Halvane"_qs, text, MessageIcon::Question, MessageButtons::OkCancel}) == AnswerNone;
+}
+
 void SetWaitCursor(bool on) { seams().waitCursor(on); }
 
 void ReportError() {

@@ -40,6 +40,9 @@ QString GetMessageText(int code, const QString& text);
 // Shows the box of a code and answers with the pressed button (see `MessageAnswer`). Code 991 shows the current error.
 qint16 ShowMessage(int code, const QString& text);
 
+// A question with OK and キャンセル, which has no code. True for OK.
+bool AskOk(const QString& text);
+
 void SetWaitCursor(bool on);
 
 // The one handler at the end of every event: cursor back, a log line with description and source, the message. To be

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int longestValue = 1000; // bytes, as the profile reader of the platform hands them out
@@ -160,6 +162,18 @@ void clsProfile::DeleteSection(const QString& section) const {
     const Range range = findSection(lines, section);
     if (!range.found()) return;
     lines.remove(range.heading, range.end - range.heading);
+    writeLines(m_path, lines);
+}
+
+void clsProfile::DeleteValue(const QString& section, const QString& key) const {
+    QByteArrayList lines = readLines(m_path);
+    const Range range = findSection(lines, section);
+    const qsizetype at = findKey(lines, range, key);
+    if (at < 0) return;
+    lines.removeAt(at);
+    const auto rest = lines.mid(range.heading + 1, range.end - range.heading - 2);
+    if (std::all_of(rest.begin(), rest.end(), [](const QByteArray& line) { return line.trimmed().isEmpty(); }))
+        lines.remove(range.heading, range.end - range.heading - 1);
     writeLines(m_path, lines);
 }
 

@@ -19,6 +19,8 @@ public:
     // The folder that it stands in, without a separator at its end.
     QString Folder() const;
     void DeleteSection(const QString& section) const;
+    // Takes a key out, and its section with it when nothing else stands there.
+    void DeleteValue(const QString& section, const QString& key) const;
     void SaveValue(const QString& section, const QString& key, const QString& value) const;
     // The same for what is but remembered, such as the place of a window: a failure is told once in a run, and the work
     // goes on.

@@ -19,6 +19,8 @@ namespace {
 constexpr int shortestPause = 2; // milliseconds
 constexpr int pauseOfLookUp = 50;
 
+const QString busyWords = u"データベースは他の端末が使用中です。しばらく待ってから、もう一度実行してください。"_qs;
+
 void pauseForOthers() { QThread::msleep(QRandomGenerator::global()->bounded(shortestPause, longestPause)); }
 
 } // namespace
@@ -27,8 +29,7 @@ void Connection::Private::raise(Engine::Fault fault, const QSqlError& error) con
     const QString words = failureWords(provider, error);
     switch (fault) {
     case Engine::Fault::Busy:
-        throw AppError(u"データベースは他の端末が使用中です。しばらく待ってから、もう一度実行してください。"_qs,
-                       u"Connection"_qs);
+        throw AppError(busyWords, u"Connection"_qs);
     case Engine::Fault::Lost:
         throw AppError(u"データベースとの接続が切れました。もう一度実行してください。"_qs, u"Connection"_qs);
     case Engine::Fault::Duplicate:
@@ -246,6 +247,20 @@ void Connection::beginInTurn() {
     if (!taken) m_private->raise(m_private->engine->fault(query.lastError()), query.lastError());
 }
 
+void Connection::beginReading() {
+    ensureUsable();
+    m_private->failed = m_private->ended = false;
+    const QStringList statements = m_private->engine->beginReading();
+    run(statements.first());
+    ++m_depth;
+    try {
+        for (const QString& look : statements.mid(1)) run(look);
+    } catch (const AppError&) {
+        rollback();
+        throw;
+    }
+}
+
 void Connection::commit() {
     if (m_depth == 0) throw AppError(u"トランザクションが開始されていません。"_qs, u"Connection"_qs);
     ensureUsable();
@@ -327,14 +342,25 @@ void Connection::lockForWriting(const QString& table) {
     if (!statement.isEmpty()) run(statement);
 }
 
-Transaction::~Transaction() {
-    if (!m_open) return;
+namespace {
+
+void rollBackQuietly(Connection& connection) {
     try {
-        m_connection.rollback();
+        connection.rollback();
     } catch (const AppError& error) {
         // The failure under way says what went wrong; this one only follows it.
         writeLog(u"ロールバック失敗："_qs + error.description());
     }
+}
+
+} // namespace
+
+bool isBusy(const AppError& error) { return error.description() == busyWords; }
+
+Reading::~Reading() { rollBackQuietly(m_connection); }
+
+Transaction::~Transaction() {
+    if (m_open) rollBackQuietly(m_connection);
 }
 
 void Transaction::commit() {

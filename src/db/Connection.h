@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class AppError;
 class Engine;
 class QSqlQuery;
 
@@ -60,6 +61,9 @@ public:
     // What became of a commit in doubt. Raises CommitInDoubt again as long as it cannot be told.
     bool wasCommitted(const QString& sign);
     int transactionDepth() const { return m_depth; }
+    // Begins to read from one state of the database, which a rollback ends. On a server the others go on meanwhile; who
+    // wants to write to a file waits.
+    void beginReading();
     // Within a transaction: waits for, and keeps to its end, the sole right to write to a table.
     void lockForWriting(const QString& table);
 
@@ -75,6 +79,11 @@ public:
     // system's SQL, empty for all rows; `progress` is called after each batch with the number of rows so far.
     qint64 copyRows(Connection& source, const QString& sourceTable, const QString& targetTable,
                     const QString& where = {}, const std::function<void(qint64)>& progress = {});
+    // Inserts so many rows of texts, many at once: `row` gives their values, one for each column, which are cut to its
+    // size; an empty one is NULL. `progress` is called now and then with the number of rows so far.
+    void insertRows(const QString& table, const QStringList& columns, qint64 count,
+                    const std::function<QStringList(qint64 row)>& row,
+                    const std::function<void(qint64)>& progress = {});
     // After rows with given keys were written: the next issued key is above the highest.
     void advanceAutoKeys();
     // Issued keys go on where those of another database stand, also above keys whose rows are gone.
@@ -107,6 +116,21 @@ private:
     ConnectionSettings m_settings;
     std::unique_ptr<Private> m_private;
     int m_depth = 0;
+};
+
+// Whether an error tells that another one has the database locked.
+bool isBusy(const AppError& error);
+
+// Reads from one state of the database to the end of its scope.
+class Reading {
+public:
+    explicit Reading(Connection& connection) : m_connection(connection) { m_connection.beginReading(); }
+    ~Reading();
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+private:
+    Connection& m_connection;
 };
 
 // Rolls back at the end of its scope unless committed.

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int rowsPerBatch = 500;
+constexpr int rowsPerStatement = 250;
 
 // A field as a value to bind: both engines read numbers and dates from text.
 QVariant bindable(const Recordset& rows, int index, const Schema::Column* column) {
@@ -20,6 +21,10 @@ QVariant bindable(const Recordset& rows, int index, const Schema::Column* column
     const auto moment = parseDate(text);
     const bool timed = moment && moment->time() != QTime(0, 0);
     return timed ? moment->toString(u"yyyy/MM/dd HH:mm:ss"_qs) : text;
+}
+
+QVariant bindableText(const QString& text, int size) {
+    return text.isEmpty() ? QVariant(QMetaType(QMetaType::QString)) : QVariant(Text::first(text, size));
 }
 
 } // namespace
@@ -111,6 +116,36 @@ qint64 Connection::copyRows(Connection& source, const QString& sourceTable, cons
     }
     if (progress) progress(rows.position());
     return rows.position();
+}
+
+void Connection::insertRows(const QString& table, const QStringList& columns, qint64 count,
+                            const std::function<QStringList(qint64 row)>& row,
+                            const std::function<void(qint64)>& progress) {
+    ensureUsable();
+    finishStream();
+    const Schema::Table* known = Schema::table(table);
+    SqlDialect& dialect = m_private->engine->dialect();
+    QStringList names;
+    for (const QString& column : columns) names << dialect.name(column);
+    const QString marks = u'(' + QStringList(columns.size(), u"?"_qs).join(u',') + u')';
+    QSqlQuery insert(m_private->database());
+    qint64 prepared = 0;
+    for (qint64 first = 0; first < count; first += rowsPerStatement) {
+        const qint64 rows = qMin<qint64>(rowsPerStatement, count - first);
+        if (rows != prepared &&
+            !insert.prepare(u"INSERT INTO %1 (%2) VALUES %3"_qs.arg(
+                dialect.name(Schema::spelling(table)), names.join(u", "_qs), QStringList(rows, marks).join(u','))))
+            m_private->fail(insert.lastError());
+        prepared = rows;
+        int place = 0;
+        for (qint64 i = first; i < first + rows; ++i) {
+            const QStringList values = row(i);
+            for (qsizetype column = 0; column < columns.size(); ++column)
+                insert.bindValue(place++, bindableText(values.at(column), known->column(columns.at(column))->size));
+        }
+        if (!insert.exec()) m_private->fail(insert.lastError());
+        if (progress) progress(first + rows);
+    }
 }
 
 void Connection::advanceAutoKeys() {

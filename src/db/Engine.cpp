@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QSqlQuery>
@@ -38,6 +39,10 @@ public:
     }
 
     QString beginTransaction() const override { return u"BEGIN IMMEDIATE"_qs; }
+    // The lock is taken by the first look, which also undoes what a broken-off writer left.
+    QStringList beginReading() const override {
+        return {u"BEGIN DEFERRED"_qs, u"SELECT COUNT(*) FROM sqlite_master"_qs};
+    }
     bool queuesForLocks() const override { return false; }
     QString waitForLocks(qint64 milliseconds) const override {
         return u"PRAGMA busy_timeout = %1"_qs.arg(milliseconds);
@@ -112,14 +117,17 @@ public:
         database.setDatabaseName(settings.database);
         database.setUserName(settings.user);
         database.setPassword(settings.password);
-        database.setConnectOptions(u"connect_timeout=%1;application_name=Halvane;"_qs.arg(qMax<qint64>(settings.timeout, 2)) +
-                                   signsOfLife);
+        database.setConnectOptions(u"connect_timeout=%1;"_qs.arg(qMax<qint64>(settings.timeout, 2)) + signsOfLife);
     }
 
     // To the server a limit of 0 is none at all.
     QStringList greeting(const ConnectionSettings& settings) const override {
-        return {u"SET client_min_messages = warning"_qs, u"SET standard_conforming_strings = on"_qs,
-                u"SET datestyle = 'ISO, YMD'"_qs, u"SET lock_timeout = %1"_qs.arg(qMax<qint64>(settings.timeout * 1000, 1)),
+        const QString machine =
+            u"Halvane %1 %2"_qs.arg(QSysInfo::machineHostName()).arg(QCoreApplication::applicationPid());
+        return {u"SET application_name = "_qs + PostgresDialect().text(machine),
+                u"SET client_min_messages = warning"_qs, u"SET standard_conforming_strings = on"_qs,
+                u"SET datestyle = 'ISO, YMD'"_qs,
+                u"SET lock_timeout = %1"_qs.arg(qMax<qint64>(settings.timeout * 1000, 1)),
                 // The server's side of the same, so that a machine that is gone holds no lock for longer.
                 u"SET tcp_keepalives_idle = 5"_qs, u"SET tcp_keepalives_interval = 3"_qs,
                 u"SET tcp_keepalives_count = 3"_qs, u"SET tcp_user_timeout = 15000"_qs};
@@ -144,6 +152,7 @@ public:
     }
 
     QString beginTransaction() const override { return u"BEGIN"_qs; }
+    QStringList beginReading() const override { return {u"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"_qs}; }
 
     QString lockTable(const QString& table) const override {
         return u"LOCK TABLE %1 IN EXCLUSIVE MODE"_qs.arg(PostgresDialect().name(table));

@@ -28,6 +28,8 @@ public:
     // The statement for a list that is shown while it is read: planned for its first rows, not for its last.
     virtual QString soonest(const QString& engineStatement) const { return engineStatement; }
     virtual QString beginTransaction() const = 0;
+    // The statements that begin to read from one state of the database, whatever others write meanwhile.
+    virtual QStringList beginReading() const = 0;
     // Whether who waits for a lock gets it in turn; if not, the statement that sets how long one waits.
     virtual bool queuesForLocks() const { return true; }
     virtual QString waitForLocks(qint64) const { return {}; }

@@ -12,7 +12,8 @@ struct clsSysSetting {
 
 // The numbers of the settings.
 namespace Setting {
-inline constexpr int Tax = 2; // 3 is the other rate that an estimate may take
+inline constexpr int FirstMonth = 1; // of the business year
+inline constexpr int Tax = 2;        // 3 is the other rate that an estimate may take
 inline constexpr int PrintsSex = 7;
 inline constexpr int PrintsBirth = 8;
 inline constexpr int PrintsInsured = 9;
@@ -58,6 +59,8 @@ public:
     // Writes the value of an existing setting.
     void SaveData(const clsSysSetting& setting);
     void SaveDataS(const QList<clsSysSetting>& settings);
+    // Makes the row of a setting that has none.
+    void AddData(const clsSysSetting& setting) { save(setting); }
 };
 
 extern clsSysSettingManager gSysSettingManager;

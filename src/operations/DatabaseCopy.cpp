@@ -8,6 +8,7 @@
 #include "operations/DatabaseCreation.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace DatabaseCopy {
 
@@ -16,17 +17,6 @@ namespace {
 using Progress = std::function<void(const QString&)>;
 
 constexpr qint64 rowsPerLine = 20'000;
-
-// Every table of the schema, and what a broken-off price revision left of an office's own rows.
-QStringList tablesOf(Connection& source) {
-    QStringList names;
-    for (const Schema::Table& table : Schema::tables()) names << table.name;
-    for (const QString& table : Schema::priceTables()) {
-        const QString ownRows = table + u"_個別"_qs;
-        if (source.tableExists(ownRows)) names << ownRows;
-    }
-    return names;
-}
 
 qint64 countRows(Connection& connection, const QString& table) {
     return connection.scalar(u"SELECT COUNT(*) FROM [%1]"_qs.arg(table)).toLongLong();
@@ -41,10 +31,6 @@ QString sumOfMoney(Connection& connection, const QString& table) {
         if (!text.isEmpty()) sum += Money::parse(text);
     }
     return sum.toText();
-}
-
-Count countOf(Connection& connection, const QString& table) {
-    return {countRows(connection, table), sumOfMoney(connection, table)};
 }
 
 void copyTable(Connection& from, Connection& to, const QString& table, const Progress& progress) {
@@ -70,6 +56,18 @@ void requireAgreement(const QList<Comparison>& comparisons) {
                    u"DatabaseCopy"_qs);
 }
 
+// A source that others leave alone, or one state of it.
+struct Begun {
+    Begun(Connection& source, Others others) {
+        if (others == Others::Wait)
+            transaction.emplace(source);
+        else
+            reading.emplace(source);
+    }
+    std::optional<Transaction> transaction;
+    std::optional<Reading> reading;
+};
+
 // The code page's bytes are the columns of a terminal: one for Latin, two for kanji.
 QString padded(const QString& text, int width) {
     return text + QString(qMax(0, width - Text::cp932Length(text)), u' ');
@@ -90,6 +88,20 @@ QString line(const Comparison& comparison) {
 
 } // namespace
 
+QStringList tablesOf(Connection& source) {
+    QStringList names;
+    for (const Schema::Table& table : Schema::tables()) names << table.name;
+    for (const QString& table : Schema::priceTables()) {
+        const QString ownRows = table + u"_個別"_qs;
+        if (source.tableExists(ownRows)) names << ownRows;
+    }
+    return names;
+}
+
+Count countOf(Connection& connection, const QString& table) {
+    return {countRows(connection, table), sumOfMoney(connection, table)};
+}
+
 QList<Comparison> compare(Connection& from, Connection& to, const QStringList& tables) {
     QList<Comparison> result;
     for (const QString& table : tables) result << Comparison{table, countOf(from, table), countOf(to, table)};
@@ -103,7 +115,15 @@ QStringList report(const QList<Comparison>& comparisons) {
     return lines;
 }
 
-QList<Comparison> copy(const ConnectionSettings& from, const ConnectionSettings& to, const Progress& progress) {
+QStringList countReport(const QList<Comparison>& comparisons) {
+    QStringList lines{line(u"表"_qs, {u"行数"_qs, u"金額計"_qs}, {})};
+    for (const Comparison& comparison : comparisons)
+        lines << line(comparison.table, {formatThousands(comparison.from.rows), comparison.from.yen}, {});
+    return lines;
+}
+
+QList<Comparison> copy(const ConnectionSettings& from, const ConnectionSettings& to, Others others,
+                       const Progress& progress) {
     const auto tell = [&progress](const QString& text) {
         if (progress) progress(text);
     };
@@ -112,8 +132,8 @@ QList<Comparison> copy(const ConnectionSettings& from, const ConnectionSettings&
     const QStringList tables = tablesOf(source);
     tell(u"移行元: "_qs + from.description());
     tell(u"移行先: "_qs + to.description());
-    Transaction reading(source); // never committed: nothing is written there
-    lock(source, tables);
+    const Begun begun(source, others); // never committed: nothing is written there
+    if (others == Others::Wait) lock(source, tables);
     QList<Comparison> comparisons;
     DatabaseCreation::createWith(to, [&](Connection& target) {
         for (const QString& table : tables) copyTable(source, target, table, progress);

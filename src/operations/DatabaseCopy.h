@@ -28,15 +28,25 @@ struct Comparison {
     bool agrees() const { return from == to; }
 };
 
-// Copies every table into a new database and gives the closing comparison. Nobody else can write to the source
-// meanwhile; the target is filled in one transaction. Raises an error, and leaves nothing behind, when the target
-// exists, when a step fails, or when the two sides differ. `progress` gets a line for each step.
-QList<Comparison> copy(const ConnectionSettings& from, const ConnectionSettings& to,
+// Whether others may write to the source while it is copied. On a server they then go on, and the copy is of the moment
+// when it began; at a file they wait.
+enum class Others { Wait, GoOn };
+
+// Copies every table into a new database and gives the closing comparison; the target is filled in one transaction.
+// Raises an error, and leaves nothing behind, when the target exists, when a step fails, or when the two sides differ.
+// `progress` gets a line for each step.
+QList<Comparison> copy(const ConnectionSettings& from, const ConnectionSettings& to, Others others = Others::Wait,
                        const std::function<void(const QString&)>& progress = {});
+
+// The tables of the schema, and what a broken-off price revision left of an office's own rows.
+QStringList tablesOf(Connection& source);
+Count countOf(Connection& connection, const QString& table);
 
 // Rows and yen of each table in two open databases.
 QList<Comparison> compare(Connection& from, Connection& to, const QStringList& tables);
 // The comparison as lines of a table for the screen or a file; tables that differ are marked.
 QStringList report(const QList<Comparison>& comparisons);
+// The first side of it alone.
+QStringList countReport(const QList<Comparison>& comparisons);
 
 } // namespace DatabaseCopy

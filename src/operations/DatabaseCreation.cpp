@@ -79,6 +79,7 @@ void createFile(const ConnectionSettings& settings, const Filler& fill) {
     // For its owner alone; the engine gives its journal the same mode.
     if (!empty.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner))
         throw AppError(u"データベースを作成できません。\n"_qs + settings.path, u"DatabaseCreation"_qs);
+    empty.setPermissions(officeFileMode);
     empty.close();
     try {
         Connection connection(ConnectionSettings::sqliteFile(unfinished));
@@ -97,13 +98,19 @@ bool holdsTables(Connection& connection) {
     return connection.engineScalar(u"SELECT COUNT(*) FROM pg_tables WHERE schemaname = 'public'"_qs) != u"0";
 }
 
-void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
+ConnectionSettings administrationOf(const ConnectionSettings& settings) {
     ConnectionSettings administration = settings;
     administration.database = u"postgres"_qs;
     administration.administration = true;
-    Connection server(administration);
+    return administration;
+}
+
+QString quotedName(const QString& database) { return u'"' + QString(database).remove(u'"') + u'"'; }
+
+void createOnServer(const ConnectionSettings& settings, const Filler& fill) {
+    Connection server(administrationOf(settings));
     server.open();
-    const QString quoted = u'"' + QString(settings.database).remove(u'"') + u'"';
+    const QString quoted = quotedName(settings.database);
     const bool exists = !server
                              .engineScalar(u"SELECT 1 FROM pg_database WHERE datname = '%1'"_qs.arg(
                                  QString(settings.database).replace(u"'"_qs, u"''"_qs)))
@@ -159,9 +166,30 @@ void createWith(const ConnectionSettings& settings, const Filler& fill) {
         createOnServer(settings, fill);
 }
 
+void exchangeOnServer(const ConnectionSettings& settings, const QString& newOne, const QString& kept) {
+    dropOnServer(settings, kept);
+    Connection server(administrationOf(settings));
+    server.open();
+    const auto rename = [&server](const QString& from, const QString& to) {
+        server.engineExecute(u"ALTER DATABASE %1 RENAME TO %2"_qs.arg(quotedName(from), quotedName(to)));
+    };
+    Transaction transaction(server);
+    rename(settings.database, kept);
+    rename(newOne, settings.database);
+    transaction.commit();
+}
+
+void dropOnServer(const ConnectionSettings& settings, const QString& name) {
+    Connection server(administrationOf(settings));
+    server.open();
+    server.engineExecute(u"DROP DATABASE IF EXISTS "_qs + quotedName(name));
+}
+
 void createTables(Connection& connection) {
     for (const Schema::Table& table : Schema::tables()) connection.createTable(table);
 }
+
+QString deliveredRows(const QString& table) { return QString::fromUtf8(resource(u"seed/%1.csv"_qs.arg(table))); }
 
 void loadDelivered(Connection& connection) { loadFolder(connection, u"seed"_qs); }
 

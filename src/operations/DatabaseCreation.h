@@ -22,8 +22,16 @@ void create(const ConnectionSettings& settings, Contents contents,
 // Makes the database and hands it to `fill`, without tables and inside a transaction; refusal and failure as above.
 void createWith(const ConnectionSettings& settings, const std::function<void(Connection&)>& fill);
 
+// On a server: puts a database in the place of another, which is kept under a third name (whoever bears that goes), in
+// one step. Nobody else may have either open.
+void exchangeOnServer(const ConnectionSettings& settings, const QString& newOne, const QString& kept);
+// Drops a database of the server if it is there.
+void dropOnServer(const ConnectionSettings& settings, const QString& name);
+
 // All tables of the schema, empty, in a database without any.
 void createTables(Connection& connection);
+// The rows of a table that stand in every new database, as CSV with a line of headings.
+QString deliveredRows(const QString& table);
 // The rows that stand in every new database.
 void loadDelivered(Connection& connection);
 // The sample office and its price list, on top of the delivered rows. One transaction.

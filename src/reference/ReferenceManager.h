@@ -48,6 +48,13 @@ public:
 
     void DeleteData(const QString& number) { this->remove({number}); }
 
+    // Whether a column of another table names the number of a row.
+    bool isNamedIn(const SqlColumn& column, const QString& number) {
+        return !this->scalar(
+                        SqlSelect(u"SELECT [%1] FROM [%2]"_qs.arg(column.name, column.table), SqlEqual(column, number)))
+                    .isEmpty();
+    }
+
     // The rows that are not retired.
     SqlTerm inUse() const { return this->equal(flag(), u"0"_qs); }
 

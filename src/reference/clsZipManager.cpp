@@ -4,6 +4,12 @@
 
 clsZipManager gZipManager;
 
+namespace {
+
+constexpr qsizetype codesPerStatement = 500;
+
+} // namespace
+
 clsZipManager::clsZipManager()
     : TableManager(u"郵便番号簿"_qs, {{&clsZip::Zip, u"郵便番号"_qs},
                                       {&clsZip::Pref, u"都道府県名"_qs},
@@ -40,12 +46,43 @@ Recordset clsZipManager::GetSelectListFromZip(const QString& zip, const SqlTerm&
     return selectList(startsWith({{&clsZip::Zip, zip}}), sort);
 }
 
-void clsZipManager::ImportCsv(const QString& path) {
+void clsZipManager::rebuild(const std::function<void()>& fill) {
     execute(u"DROP TABLE [郵便番号簿]"_qs);
-    execute(u"SELECT * INTO [郵便番号簿] FROM [;database="_qs + path + u"].[郵便番号簿]"_qs);
+    fill();
     execute(u"CREATE INDEX IDX_ZIPNO ON 郵便番号簿 (郵便番号)"_qs);
     execute(u"CREATE INDEX IDX_PREF  ON 郵便番号簿 (都道府県名)"_qs);
     execute(u"CREATE INDEX IDX_CITY  ON 郵便番号簿 (市区町村名)"_qs);
     execute(u"CREATE INDEX IDX_TOWN  ON 郵便番号簿 (町域名)"_qs);
     execute(u"CREATE INDEX IDX_ALL   ON 郵便番号簿 (都道府県名,市区町村名,町域名)"_qs);
+}
+
+void clsZipManager::ImportCsv(const QString& path) {
+    rebuild([&] { execute(u"SELECT * INTO [郵便番号簿] FROM [;database="_qs + path + u"].[郵便番号簿]"_qs); });
+}
+
+void clsZipManager::removeCodes(const QList<clsZip>& rows) {
+    for (qsizetype first = 0; first < rows.size(); first += codesPerStatement) {
+        QStringList codes;
+        for (const clsZip& row : rows.mid(first, codesPerStatement)) codes << row.Zip;
+        execute(SqlSelect(u"DELETE FROM [郵便番号簿]"_qs, SqlOneOf(column(&clsZip::Zip), codes)));
+    }
+}
+
+void clsZipManager::ImportPublished(const PostalFiles::Book& book, const std::function<void(qint64 rows)>& progress) {
+    const auto row = [&book](qint64 place) {
+        const bool isTown = place < book.towns.size();
+        const clsZip& zip = isTown ? book.towns.at(place) : book.offices.at(place - book.towns.size());
+        return QStringList{zip.Zip, zip.Pref, zip.City, zip.Town};
+    };
+    QStringList columns;
+    for (const Field<clsZip>& field : fields()) columns << field.column;
+    const auto insertAll = [&] { connection().insertRows(table(), columns, book.size(), row, progress); };
+    if (book.towns.isEmpty()) {
+        removeCodes(book.offices);
+        return insertAll();
+    }
+    rebuild([&] {
+        connection().createTable(*Schema::table(table()), table());
+        insertAll();
+    });
 }

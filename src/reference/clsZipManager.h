@@ -1,7 +1,10 @@
 #pragma once
 
 #include "db/TableManager.h"
+#include "reference/PostalFiles.h"
 #include "reference/ReferenceRecords.h"
+
+#include <functional>
 
 // The postal code book `郵便番号簿`.
 class clsZipManager : public TableManager<clsZip> {
@@ -21,8 +24,13 @@ public:
     Recordset GetSelectListFromZip(const QString& zip, const SqlTerm& sort);
     // Replaces the book by that of a delivered file and makes its indexes anew. The transaction is the caller's.
     void ImportCsv(const QString& path);
+    // The same with published rows. Codes of offices alone take the place of their own kind in the book. `progress` is
+    // told how many rows are in.
+    void ImportPublished(const PostalFiles::Book& book, const std::function<void(qint64 rows)>& progress = {});
 
 private:
+    void rebuild(const std::function<void()>& fill);
+    void removeCodes(const QList<clsZip>& rows);
     Recordset selectList(const SqlTerm& where, const SqlTerm& sort);
 };
 

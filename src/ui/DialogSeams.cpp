@@ -37,6 +37,8 @@ QList<ButtonForm> formsOf(MessageButtons buttons) {
         return {yes, no, cancel};
     case MessageButtons::RetryCancel:
         return {retry, cancel};
+    case MessageButtons::OkCancel:
+        return {ok, cancel};
     }
     return {ok};
 }
@@ -96,6 +98,14 @@ QString askFolder(const FileDialogRequest& request) {
     return QDir::toNativeSeparators(dialog.selectedFiles().value(0));
 }
 
+QString askFile(const FileDialogRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), request.caption, request.folder);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(request.filters);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().value(0));
+}
+
 } // namespace
 
 void prepareMessageBox(QMessageBox& box, const MessageBoxRequest& request) {
@@ -117,4 +127,5 @@ void fillSeamsWithDialogs() {
     seams().openWithShell = [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
     seams().saveFile = askSaveFile;
     seams().openFolder = askFolder;
+    seams().openFile = askFile;
 }

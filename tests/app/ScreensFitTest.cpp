@@ -18,6 +18,7 @@
 #include "payments/screens/frmStMoneyEndSearch.h"
 #include "payments/screens/frmStOrderSales.h"
 #include "payments/screens/frmStWorkPlan.h"
+#include "reference/screens/CodeTableScreen.h"
 #include "ui/Grid.h"
 #include "ui/Style.h"
 
@@ -67,6 +68,7 @@ private slots:
     void theMasterListFits() { checkFits<frmMsEstimateList>(); }
     void theDialogOfANewMasterFits() { checkFits<frmMstEstimateDialog>(); }
     void theCustomerListFits() { checkFits<frmCustomerList>(); }
+    void theWidestCodeTableFits() { checkFits<frmClaimData>(); }
     void theCustomerScreenFits() { checkFits<frmCustomer>(); }
     void thePaymentSearchFits() { checkFits<frmCsPaySearch>(); }
     void thePaymentListFits() { checkFits<frmCsPayList>(); }

@@ -141,6 +141,28 @@ private slots:
         QCOMPARE(folder.read(u"Halvane.ini"_qs), QByteArray("[DB]\r\nPath=a\r\n[Misc]\r\nX=1\r\n"));
     }
 
+    void aDeletedKeyTakesAnEmptySectionAlong_data() {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("after");
+        QTest::newRow("the section holds more") << QByteArray("[Backup]\r\nPATH=a\r\nAuto=0\r\n[DB]\r\nX=1\r\n")
+                                                << QByteArray("[Backup]\r\nAuto=0\r\n[DB]\r\nX=1\r\n");
+        QTest::newRow("the section holds nothing else")
+            << QByteArray("[A]\r\nX=1\r\n[backup]\r\nPath=a\r\n\r\n[DB]\r\nX=1\r\n")
+            << QByteArray("[A]\r\nX=1\r\n[DB]\r\nX=1\r\n");
+        QTest::newRow("a note stays") << QByteArray("[Backup]\r\n; where\r\nPath=a\r\n")
+                                      << QByteArray("[Backup]\r\n; where\r\n");
+        QTest::newRow("no such key") << QByteArray("[Backup]\r\nAuto=0\r\n") << QByteArray("[Backup]\r\nAuto=0\r\n");
+        QTest::newRow("the last section")
+            << QByteArray("[DB]\r\nX=1\r\n[Backup]\r\nPath=a\r\n") << QByteArray("[DB]\r\nX=1\r\n");
+    }
+    void aDeletedKeyTakesAnEmptySectionAlong() {
+        QFETCH(QByteArray, before);
+        const ProgramFolder folder;
+        folder.writeProfile(before);
+        clsProfile().DeleteValue(u"Backup"_qs, u"Path"_qs);
+        QTEST(folder.read(u"Halvane.ini"_qs), "after");
+    }
+
     void longValueIsCutInBytes_data() {
         QTest::addColumn<QString>("written");
         QTest::addColumn<QString>("read");

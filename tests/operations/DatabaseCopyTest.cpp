@@ -201,7 +201,7 @@ private slots:
         const Target target(u"SQLite"_qs);
         bool refused = false;
         bool asked = false;
-        DatabaseCopy::copy(source.settings(), target.settings, [&](const QString& line) {
+        DatabaseCopy::copy(source.settings(), target.settings, DatabaseCopy::Others::Wait, [&](const QString& line) {
             if (asked || !line.startsWith(u"顧客カルテ"_qs)) return;
             asked = true;
             try {

@@ -26,13 +26,16 @@ QList<qint16> buttonsOf(MessageButtons buttons) {
         return {AnswerYes, AnswerNo, AnswerCancel};
     case MessageButtons::RetryCancel:
         return {AnswerRetry, AnswerCancel};
+    case MessageButtons::OkCancel:
+        return {AnswerNone, AnswerCancel};
     }
     return {};
 }
 
 // The answer that leaves everything as it is.
 qint16 yieldingAnswer(MessageButtons buttons) {
-    return buttons == MessageButtons::RetryCancel ? AnswerCancel : AnswerNo;
+    const bool hasNo = buttons == MessageButtons::YesNo || buttons == MessageButtons::YesNoCancel;
+    return hasNo ? AnswerNo : AnswerCancel;
 }
 
 } // namespace
@@ -41,6 +44,7 @@ void Answers::install() {
     seams().message = [this](const MessageBoxRequest& request) { return answer(request); };
     seams().saveFile = [this](FileDialogRequest& request) { return nextFile(request.caption); };
     seams().openFolder = [this](const FileDialogRequest& request) { return nextFile(request.caption); };
+    seams().openFile = [this](const FileDialogRequest& request) { return nextFile(request.caption); };
     seams().openWithShell = [this](const QString& path) { m_said << u"(opened) "_qs + path; };
 }
 

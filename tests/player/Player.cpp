@@ -159,7 +159,7 @@ void Player::closeEverything() {
         if (top && top->isVisible()) top->hide();
         return schedule();
     }
-    TerminateApp();
+    EndProgram();
     m_loop.quit();
 }
 
@@ -182,6 +182,14 @@ void Player::setClock(const QString& day) {
 void Player::writeIni(const QString& section, const QString& key, const QString& value) {
     if (gLogger) throw StepFailure{u"the program is running"_qs, u"ini before start"_qs};
     clsProfile(m_office.iniFile()).SaveValue(section, key, value);
+}
+
+void Player::writeFile(const QString& path, const QString& text) {
+    const QString place = QDir(m_office.folder()).absoluteFilePath(path);
+    QDir().mkpath(QFileInfo(place).path());
+    QFile file(place);
+    if (!file.open(QIODevice::WriteOnly)) throw StepFailure{u"the file cannot be written: "_qs + place, path};
+    file.write(Text::toCp932(QString(text).replace(u"\n"_qs, u"\r\n"_qs)));
 }
 
 void Player::expectSql(const QString& select, const QString& value) {

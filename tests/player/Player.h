@@ -44,6 +44,7 @@ public:
     void stopProgram();
     // Stops the calendar at this day; the hours go on.
     void setClock(const QString& day);
+    void writeFile(const QString& path, const QString& text);
     void writeIni(const QString& section, const QString& key, const QString& value);
     void expectSql(const QString& select, const QString& value);
     void expectLog(const QString& text);

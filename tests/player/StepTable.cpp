@@ -77,6 +77,8 @@ QList<StepKind> preparing() {
          0,
          Prepares,
          [](Player& p, const Step&, const Args&) { p.office().loadSample(); }},
+        {u"write"_qs, u"PATH TEXT"_qs, u"write a file of the program folder in CP932"_qs, 2, 2, Prepares,
+         [](Player& p, const Step&, const Args& a) { p.writeFile(a.at(0), a.at(1)); }},
         {u"answer"_qs, u"WORD..."_qs, u"prepare answers of the coming questions: yes no cancel ok retry"_qs, 1, -1,
          Prepares, [](Player& p, const Step&, const Args& a) { p.answers().prepare(a); }},
         {u"file"_qs, u"PATH"_qs, u"prepare the answer of the next file or folder dialog; cancel cancels it"_qs, 1, 1,

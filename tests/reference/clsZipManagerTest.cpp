@@ -92,6 +92,52 @@ private slots:
         QCOMPARE(zip.Town, QString());
     }
 
+    void publishedRowsReplaceTheBookAndItsIndexes() {
+        QStringList statements;
+        m_database->connection().onStatement = [&](const QString& statement) { statements << statement; };
+        PostalFiles::Book book;
+        for (int i = 0; i < 700; ++i) // more than one statement takes
+            book.towns << clsZip{u"900-%1"_qs.arg(i, 4, 10, QLatin1Char('0')), u"沖縄県"_qs, u"那覇市"_qs, {}};
+        book.offices << clsZip{u"900-8601"_qs, u"沖縄県"_qs, u"那覇市"_qs, u"𠮷"_qs.repeated(130)};
+        QList<qint64> told;
+        for (int round = 0; round < 2; ++round) {
+            Transaction transaction(m_database->connection());
+            gZipManager.ImportPublished(book, [&](qint64 rows) { told << rows; });
+            transaction.commit();
+            QCOMPARE(gZipManager.GetCount(), 701);
+        }
+        QCOMPARE(statements.filter(u"CREATE INDEX"_qs).size(), 10);
+        QCOMPARE(told.last(), 701);
+        clsZip zip;
+        QVERIFY(gZipManager.GetZipData(zip, u"900-0699"_qs, {}, {}, {}));
+        QCOMPARE(zip.Town, QString());
+        QVERIFY(gZipManager.GetZipData(zip, u"900-8601"_qs, {}, {}, {}));
+        QCOMPARE(zip.Town, u"𠮷"_qs.repeated(120));
+    }
+
+    void codesOfOfficesAloneAreAddedToTheBook() {
+        PostalFiles::Book book;
+        book.offices << clsZip{u"1000002"_qs, u"東京都"_qs, u"千代田区"_qs, u"皇居外苑１－１"_qs}
+                     << clsZip{u"1008111"_qs, u"東京都"_qs, u"千代田区"_qs, u"千代田１－１"_qs};
+        gZipManager.ImportPublished(book);
+        QCOMPARE(gZipManager.GetCount(), 4);
+        clsZip zip;
+        QVERIFY(gZipManager.GetZipData(zip, u"1000002"_qs, {}, {}, {}));
+        QCOMPARE(zip.Town, u"皇居外苑１－１"_qs);
+    }
+
+    void failedPublishedImportLeavesTheOldBook() {
+        PostalFiles::Book book;
+        for (int i = 0; i < 700; ++i) book.towns << clsZip{u"900-0000"_qs, u"沖縄県"_qs, u"那覇市"_qs, {}};
+        QCOMPARE(raised([&] {
+                     Transaction transaction(m_database->connection());
+                     gZipManager.ImportPublished(book, [](qint64) { throw AppError(u"stop"_qs); });
+                     transaction.commit();
+                 }),
+                 u"stop"_qs);
+        QCOMPARE(gZipManager.GetCount(), 3);
+    }
+
     void failedImportLeavesTheOldBook_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("no file") << QByteArray();

@@ -26,8 +26,12 @@ private:
         const auto note = [this](const QString& what) {
             return [this, what](int row) { m_written << what + u' ' + m_grid->value(row, Name); };
         };
+        const auto noteRemoval = [this, refused](int row) {
+            m_written << u"remove "_qs + m_grid->value(row, Name);
+            return m_grid->value(row, Name) != refused;
+        };
         return m_rows->write({[this, refused](int row) { return m_grid->value(row, Name) != refused; },
-                              note(u"save"_qs), note(u"remove"_qs), note(u"place"_qs)});
+                              note(u"save"_qs), noteRemoval, note(u"place"_qs)});
     }
 
 private slots:
@@ -73,6 +77,33 @@ private slots:
         QVERIFY(m_rows->hasEdits());
     }
 
+    void aRowThatIsToGoIsMarkedAndTellsWhoEditsIt() {
+        int refusals = 0;
+        m_rows->editRefused = [&refusals] { ++refusals; };
+        m_grid->setCurrent(1);
+        m_rows->removeCurrent();
+        QCOMPARE(m_grid->value(1, Mark), u"×"_qs);
+        QVERIFY(!m_grid->beginEdit(1, Name));
+        QCOMPARE(refusals, 1);
+    }
+
+    void removingOnceMoreTakesTheMarkBack() {
+        m_grid->setCurrent(1);
+        m_rows->removeCurrent();
+        m_rows->removeCurrent();
+        QCOMPARE(m_grid->value(1, Mark), QString());
+        QVERIFY(!m_rows->hasEdits());
+        QVERIFY(m_grid->beginEdit(1, Name));
+    }
+
+    void aNewRowBeginsAheadOfItsFirstValue() {
+        m_rows->startRow = [this](int row) { m_grid->setValue(row, Name + 1, u"default"_qs); };
+        type(4, u"D"_qs);
+        QCOMPARE(m_grid->value(4, Name + 1), u"default"_qs);
+        type(1, u"A2"_qs);
+        QCOMPARE(m_grid->value(1, Name + 1), QString());
+    }
+
     void aNewRowIsRemovedAtOnce() {
         type(4, u"D"_qs);
         m_grid->setCurrent(4);
@@ -89,6 +120,49 @@ private slots:
         QCOMPARE(m_grid->value(4, Name), QString());
         m_rows->moveCurrent(1);
         QCOMPARE(m_grid->value(3, Name), u"A"_qs);
+    }
+
+    void aMoveThatIsNotAllowedLeavesTheRows() {
+        m_rows->mayMove = [](int row, int other) { return row + other != 5; }; // 2 and 3
+        m_grid->setCurrent(2);
+        QVERIFY(!m_rows->moveCurrent(1));
+        QVERIFY(!m_rows->hasEdits());
+        m_grid->setCurrent(1);
+        QVERIFY(m_rows->moveCurrentToEnd());
+        QCOMPARE(m_grid->value(2, Name), u"A"_qs);
+        QCOMPARE(m_grid->value(3, Name), u"C"_qs);
+    }
+
+    void movesAreToldOnceForEachCommand() {
+        int told = 0;
+        connect(m_rows, &EditedRows::moved, this, [&told] { ++told; });
+        m_grid->setCurrent(1);
+        m_rows->moveCurrentToEnd();
+        QCOMPARE(told, 1);
+        QVERIFY(m_rows->isMoved(1) && m_rows->isMoved(3));
+    }
+
+    void whatWasWrittenIsNotWrittenAgain() {
+        type(1, u"A2"_qs);
+        m_grid->setCurrent(2);
+        m_rows->removeCurrent();
+        type(3, u"wrong"_qs);
+        QVERIFY(!write(u"wrong"_qs));
+        QCOMPARE(m_grid->value(1, Mark), QString());
+        QCOMPARE(m_grid->value(2, Name), u"wrong"_qs); // the row ahead of it has gone
+        type(2, u"C2"_qs);
+        m_written.clear();
+        QVERIFY(write());
+        QCOMPARE(m_written, QStringList(u"save C2"_qs));
+        QVERIFY(!m_rows->hasEdits());
+    }
+
+    void aRowThatHasToStayKeepsItsMark() {
+        m_grid->setCurrent(2);
+        m_rows->removeCurrent();
+        QVERIFY(!write(u"B"_qs));
+        QCOMPARE(m_grid->value(2, Mark), u"×"_qs);
+        QCOMPARE(m_grid->currentRow(), 2);
     }
 
     void aRefusedRowEndsTheRunAndIsCurrent() {
