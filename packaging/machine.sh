@@ -11,13 +11,14 @@ build_packages=(
     libarchive-dev        # the postal book comes packed
 )
 program_packages=(
-    libqt6sql6-sqlite           # the database in a file
-    libqt6sql6-psql             # the database on a server
-    qt6-translations-l10n       # Qt's own buttons and dialogs in Japanese
-    fonts-noto-cjk              # letters on the screen
-    fonts-morisawa-bizud-gothic # letters in grids
-    fonts-ipaexfont             # letters on paper
-    fonts-ipamj-mincho          # rare kanji of names, which the letters on paper lack
+    libqt6sql6-sqlite            # the database in a file
+    libqt6sql6-psql              # the database on a server
+    qt6-translations-l10n        # Qt's own buttons and dialogs in Japanese
+    qt6-image-formats-plugin-pdf # paper forms that were scanned to PDF, behind previews
+    fonts-noto-cjk               # letters on the screen
+    fonts-morisawa-bizud-gothic  # letters in grids
+    fonts-ipaexfont              # letters on paper
+    fonts-ipamj-mincho           # rare kanji of names, which the letters on paper lack
 )
 server_packages=(
     postgresql-15         # the server that the tests start for themselves

@@ -8,6 +8,7 @@
 #include "operations/screens/AmountCheck.h"
 #include "operations/screens/frmCsBackup.h"
 #include "operations/screens/frmCsRestore.h"
+#include "operations/screens/frmPrintAdjust.h"
 #include "operations/screens/frmSystem.h"
 #include "payments/screens/frmCsPaidSearch.h"
 #include "payments/screens/frmCsPaySearch.h"
@@ -69,6 +70,7 @@ const QHash<QString, MenuOpener>& menuOpeners() {
         {u"cbRestore"_qs, officeOpener<frmCsRestore>()},
         {u"cbSearchAbnormal"_qs, AmountCheck::run},
         {u"cmdEquip"_qs, opener<frmCsEquipment>()},
+        {u"cbPrintAdjust"_qs, opener<frmPrintAdjust>()},
     };
     return table;
 }

@@ -29,7 +29,9 @@ inline constexpr int PriceYear = 20;
 // date.
 inline constexpr int PaperSizes = 21;
 inline constexpr int DateForms = 22;
-inline constexpr int TmpSetDays = 33; // from the casting date to the planned ones
+inline constexpr int OpinionPaper = 31;
+inline constexpr int OpinionType = 32; // 2: with the age in place of the birth date
+inline constexpr int TmpSetDays = 33;  // from the casting date to the planned ones
 inline constexpr int CmpltDays = 34;
 inline constexpr int DelvDays = 35;
 inline constexpr int AskDays = 36;

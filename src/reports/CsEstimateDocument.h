@@ -28,13 +28,19 @@ struct CsEstimateSource {
     QList<clsCsCmpltElmt> completeElements;
     QList<clsCsEstAsk> claims;
     bool wholeSum = false; // a receipt over the grand total
-    DocumentSwitches switches;
-    InsNames insNames;
-    QHash<QString, QString> pickStyles; // display words by 採型採寸
-    QString familyType;                 // display word of 本人区分
+    DocumentSwitches switches{};
+    InsNames insNames{};
+    QHash<QString, QString> pickStyles{}; // display words by 採型採寸
+    QString familyType{};                 // display word of 本人区分
     bool insurersOff = false;
 };
 
 // The rows of all copies of all claims that take part. The copies are the outer loop: every claim once, then every
 // claim marked 控.
 ReportRecordset csEstimateRows(const CsEstimateSource& source);
+
+// The same rows on the fields of an accident sheet, of `GetCsEstimateWorkOther`.
+ReportRecordset csEstimateWorkRows(const CsEstimateSource& source);
+
+// The one row of `GetCsEstReceiptData`, for the first claim that takes part: the contract over the whole estimate.
+ReportRecordset csEstReceiptRows(const CsEstimateSource& source);

@@ -94,6 +94,25 @@ DocumentChoice chooseDocument(DocumentKind kind, bool accidentRows, const Docume
     return ordinaryChoice(kind, settings, receivedMark);
 }
 
+AccidentSheets accidentSheets(const QString& item) {
+    using Rows = AccidentSheets::Rows;
+    struct Family {
+        QStringList items;
+        AccidentSheets sheets;
+    };
+    static const QList<Family> families{
+        {{u"殻構造義手"_qs, u"殻構造義足"_qs}, {Rows::Limb, {u"repCsEstWorkKara1"_qs, u"repCsEstWorkKara2"_qs}}},
+        {{u"骨格構造義手"_qs, u"骨格構造義足"_qs}, {Rows::Limb, {u"repCsEstWorkFrame1"_qs, u"repCsEstWorkFrame2"_qs}}},
+        {{u"下肢装具"_qs, u"靴型装具"_qs, u"体幹装具"_qs, u"上肢装具"_qs},
+         {Rows::Equip, {u"repCsEstWorkEquip1"_qs, u"repCsEstWorkEquip2"_qs}}},
+        {{u"車いす"_qs, u"電動車いす"_qs, u"車椅子"_qs, u"電動車椅子"_qs},
+         {Rows::Ordinary, {u"repCsEstWorkWheelchair1"_qs, u"repCsEstWorkWheelchair3"_qs}}},
+    };
+    for (const Family& family : families)
+        if (family.items.contains(item)) return family.sheets;
+    return {Rows::Ordinary, {u"repCsEstItemA4"_qs}, prtTypeOf(DocumentKind::Detail)};
+}
+
 bool needsContractReceipt(const QString& estSum, const QString& limit) {
     return Money::leadingNumber(estSum).toYen() > Money::leadingNumber(limit).toYen();
 }

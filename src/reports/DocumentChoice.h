@@ -21,7 +21,7 @@ DocumentChoiceSettings readDocumentChoiceSettings(const clsProfile& profile);
 struct DocumentChoice {
     enum class Outcome {
         Print,          // the classes, one after the other
-        AccidentSheets, // the sheets for industrial-accident claims; those of a breakdown depend on the 種目
+        AccidentSheets, // the sheets for industrial-accident claims; those of a breakdown are `accidentSheets`
         SkipAccident    // accident rows have no detail sheet: they are left out, and the operator is told
     };
     Outcome outcome = Outcome::Print;
@@ -35,6 +35,18 @@ struct DocumentChoice {
 // `receivedMark` is 受領印 of the screen, `estSum` the grand total in whole yen.
 DocumentChoice chooseDocument(DocumentKind kind, bool accidentRows, const DocumentChoiceSettings& settings,
                               bool receivedMark, const QString& estSum);
+
+// The price sheets of an accident claim, which print the same rows one after the other.
+struct AccidentSheets {
+    enum class Rows { Ordinary, Limb, Equip };
+    Rows rows = Rows::Ordinary;
+    QStringList classes{};
+    int prtType = 0; // as that of DocumentChoice
+    bool operator==(const AccidentSheets&) const = default;
+};
+
+// By the 種目 of the estimate's first item.
+AccidentSheets accidentSheets(const QString& item);
 
 // True when a government contract of this sum needs its 請書: strictly more than the limit.
 bool needsContractReceipt(const QString& estSum, const QString& limit);

@@ -17,12 +17,6 @@ namespace {
 
 constexpr int copyMarked = 2;
 
-// A page that is filled up for one document must not run on into the next, nor into its own copy.
-QString groupKeyOf(const ReportRecordset& records, int row) {
-    return documentGroupKey(records.value(row, u"AskNo"_qs).toInt(), records.value(row, u"Copy"_qs).toInt(),
-                            records.text(row, u"EstNo"_qs));
-}
-
 // For the stamp of the receiving office: the era of today, the rest for the pen.
 QString blankDate() { return FormatEraDate(dateText(currentDate()), u"ggg"_qs) + u"　　年　　月　　日"_qs; }
 
@@ -97,8 +91,37 @@ QHash<QString, int> officeSizes() {
     return sizes;
 }
 
+ReportClass document(const QString& name, const QString& title, int fewerLines = 0) {
+    const auto titleOf = [=](const ReportRecordset& records, const ReportParameters& values) {
+        const QString itemSheet = values.value(u"PrtType"_qs) == u"1" ? u"内訳書"_qs : u"明細書"_qs;
+        return u"%1 %2"_qs.arg(title.isEmpty() ? itemSheet : title, records.text(0, u"EstNo"_qs)).trimmed();
+    };
+    return {
+        name,      csEstimateRecordset, ReportRowPlan::Documents, documentGroup, readHeader, titleOf, documentSample(),
+        fewerLines};
+}
+
+} // namespace
+
+DocumentSetup readDocumentSetup() {
+    clsOffice office;
+    gOfficeManager.GetData(1, office);
+    DocumentSetup setup;
+    setup.office = officeBlock(office);
+    setup.linesPerPage = ToInt(Val(gSysSettingManager.value(Setting::LinesPerPage)));
+    setup.accountKind = gSysSettingManager.value(Setting::Account);
+    setup.insurersInHeader = clsProfile().GetValue(u"Ins"_qs, u"InsDisp"_qs).compare(u"off", Qt::CaseInsensitive) != 0;
+    return setup;
+}
+
+// A page that is filled up for one document must not run on into the next, nor into its own copy.
+QString documentGroup(const ReportRecordset& records, int row) {
+    return documentGroupKey(records.value(row, u"AskNo"_qs).toInt(), records.value(row, u"Copy"_qs).toInt(),
+                            records.text(row, u"EstNo"_qs));
+}
+
 // Each kind of row that the data method makes, for the copy of a claim.
-ReportSample sample() {
+ReportSample documentSample() {
     return {
         {{u"Elmt"_qs, u"Item"_qs, u"PickKbn"_qs, u"Name"_qs, u"PickStyle"_qs}, // basic price
          {u"Elmt"_qs, u"Materials"_qs},                                        // make element
@@ -117,25 +140,14 @@ ReportSample sample() {
     };
 }
 
-ReportClass document(const QString& name, const QString& title, int fewerLines = 0) {
-    const auto titleOf = [=](const ReportRecordset& records, const ReportParameters& values) {
-        const QString itemSheet = values.value(u"PrtType"_qs) == u"1" ? u"内訳書"_qs : u"明細書"_qs;
-        return u"%1 %2"_qs.arg(title.isEmpty() ? itemSheet : title, records.text(0, u"EstNo"_qs)).trimmed();
-    };
-    return {name, csEstimateRecordset, ReportRowPlan::Documents, groupKeyOf, readHeader, titleOf, sample(), fewerLines};
-}
-
-} // namespace
-
-DocumentSetup readDocumentSetup() {
-    clsOffice office;
-    gOfficeManager.GetData(1, office);
-    DocumentSetup setup;
-    setup.office = officeBlock(office);
-    setup.linesPerPage = ToInt(Val(gSysSettingManager.value(Setting::LinesPerPage)));
-    setup.accountKind = gSysSettingManager.value(Setting::Account);
-    setup.insurersInHeader = clsProfile().GetValue(u"Ins"_qs, u"InsDisp"_qs).compare(u"off", Qt::CaseInsensitive) != 0;
-    return setup;
+ReportSample documentSample(const ReportRecordset& fields) {
+    ReportSample sample = documentSample();
+    const ReportRecordset all = csEstimateRecordset();
+    for (const QString& name : sample.longest.keys())
+        if (all.hasField(name) && !fields.hasField(name)) sample.longest.remove(name);
+    sample.rows.clear();
+    sample.given = {{{u"PrtType"_qs, u"0"_qs}}};
+    return sample;
 }
 
 QString documentGroupKey(int askNo, int copy, const QString& estNo) {

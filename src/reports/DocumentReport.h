@@ -17,5 +17,11 @@ DocumentSetup readDocumentSetup();
 // other 明細書.
 ReportHeader documentHeader(const DocumentSetup& setup);
 
+// The group of a row of an estimate's documents: its claim and copy.
+QString documentGroup(const ReportRecordset& records, int row);
+// The longest content of the five documents, and the same for a paper that has but some of their fields.
+ReportSample documentSample();
+ReportSample documentSample(const ReportRecordset& fields);
+
 // The group that a layout breaks on: "001", 見 or 控, the estimate number.
 QString documentGroupKey(int askNo, int copy, const QString& estNo);

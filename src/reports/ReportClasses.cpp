@@ -30,7 +30,7 @@ ReportHeader printDayHeader() {
 
 const QList<ReportClass>& reportClasses() {
     static const QList<ReportClass> classes =
-        estimateDocuments() + estimateLists() + masterReports() + statistics();
+        estimateDocuments() + accidentPapers() + opinionPapers() + estimateLists() + masterReports() + statistics();
     return classes;
 }
 

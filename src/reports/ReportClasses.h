@@ -38,10 +38,12 @@ struct ReportClass {
 QList<ReportClass> estimateDocuments();
 QList<ReportClass> estimateLists();
 QList<ReportClass> masterReports();
+QList<ReportClass> accidentPapers();
+QList<ReportClass> opinionPapers();
+QList<ReportClass> statistics();
 
 // The header of papers that tell the day of printing: the system date as `PrtDate`.
 ReportHeader printDayHeader();
-QList<ReportClass> statistics();
 
 const QList<ReportClass>& reportClasses();
 // Raises an error for a class that the system does not have.

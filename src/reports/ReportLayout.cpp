@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 #include "reports/JsonKeys.h"
 #include "reports/ReportLayoutNode.h"
+#include "reports/ReportLayoutScale.h"
 #include "reports/ReportText.h"
 
 #include <QFile>
@@ -212,10 +213,16 @@ void readPaper(const Node& root, ReportLayout& layout) {
         std::swap(layout.paperWidth, layout.paperHeight);
 }
 
+void scale(const Node& node, ReportLayout& layout) {
+    const int thousandths = node.twips();
+    if (thousandths < 1 || thousandths > 1000) node.fail(u"1 から 1000 までの千分率にしてください。"_qs);
+    scaleLayout(layout, thousandths / 1000.0);
+}
+
 ReportLayout build(const QString& name, const QJsonObject& object) {
     const Node root(object, name, {});
-    root.allow(
-        {u"base"_qs, u"paper"_qs, u"orientation"_qs, u"margins"_qs, u"groupOnNewPage"_qs, u"fonts"_qs, u"bands"_qs});
+    root.allow({u"base"_qs, u"paper"_qs, u"orientation"_qs, u"margins"_qs, u"groupOnNewPage"_qs, u"fonts"_qs,
+                u"bands"_qs, u"scale"_qs});
     ReportLayout layout;
     layout.name = name;
     readPaper(root, layout);
@@ -232,6 +239,7 @@ ReportLayout build(const QString& name, const QJsonObject& object) {
         if (bands.has(bandNames.at(i))) layout.bands.at(i) = readBand(bands[bandNames.at(i)], fonts, ofPage);
     }
     bands.allow(known);
+    if (root.has(u"scale")) scale(root[u"scale"], layout);
     return layout;
 }
 

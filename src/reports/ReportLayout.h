@@ -120,6 +120,7 @@ using ReportLayoutSource = std::function<QByteArray(const QString& name)>;
 // The layouts that are built into the program.
 QByteArray builtInLayout(const QString& name);
 
-// Reads a layout, after its base when it names one: what a variant says stands over its base, null takes away. A fault
+// Reads a layout, after its base when it names one: what a variant says stands over its base, null takes away; `scale`
+// brings all of it to so many thousandths, for the same on a smaller paper. A fault
 // raises an error with the file and the line and column, or the place inside of the file.
 ReportLayout loadReportLayout(const QString& name, const ReportLayoutSource& source = builtInLayout);

@@ -45,3 +45,17 @@ QString ReportPage::plainText() const {
     for (const ReportPageText& text : whole) words.append(text.text);
     return words.join(u'\n');
 }
+
+QList<ReportPage> shifted(QList<ReportPage> pages, int right, int down) {
+    for (ReportPage& page : pages) {
+        for (ReportPageText& text : page.texts) {
+            text.x += right;
+            text.baseline += down;
+            text.room = text.room.moved(right, down);
+        }
+        for (ReportPageLine& line : page.lines)
+            line = {line.x1 + right, line.y1 + down, line.x2 + right, line.y2 + down, line.width, line.dashed};
+        for (ReportPageBox& box : page.boxes) box.at = box.at.moved(right, down);
+    }
+    return pages;
+}

@@ -42,3 +42,6 @@ struct ReportPage {
     // The texts by their baselines, one a line; what was broken into lines inside of a control is whole again.
     QString plainText() const;
 };
+
+// The pages with all that stands on them moved to the right and down.
+QList<ReportPage> shifted(QList<ReportPage> pages, int right, int down);

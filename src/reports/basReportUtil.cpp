@@ -79,6 +79,24 @@ void refuse(const ReportLayout& layout, const QString& side,
                    u"withPageSettings"_qs);
 }
 
+// A printer's name may hold what would end a key.
+QString offsetKey(const QString& printer) { return (u"Offset "_qs + QString(printer).replace(u'=', u'_')).trimmed(); }
+
+std::optional<int> offsetIn(const QString& text) {
+    bool isNumber = false;
+    const int number = text.trimmed().toInt(&isNumber);
+    return isNumber && std::abs(number) <= largestOffset ? std::optional(number) : std::nullopt;
+}
+
+std::optional<ReportOffset> offsetAt(const clsProfile& profile, const QString& section, const QString& printer) {
+    const QStringList parts = profile.GetValue(section, offsetKey(printer)).split(u',');
+    if (parts.size() != 2) return std::nullopt;
+    const auto right = offsetIn(parts.at(0)), down = offsetIn(parts.at(1));
+    return right && down ? std::optional(ReportOffset{*right, *down}) : std::nullopt;
+}
+
+const QString underlayKey = u"Underlay"_qs;
+
 } // namespace
 
 int reportLength(const QString& text) {
@@ -128,4 +146,23 @@ ReportLayout withPageSettings(ReportLayout layout, const ReportPrintSettings& se
                 {u"PageTopMargin"_qs, settings.topMargin},
                 {u"PageBottomMargin"_qs, settings.bottomMargin}});
     return layout;
+}
+
+ReportOffset readReportOffset(const clsProfile& profile, const QString& reportClass, const QString& printer) {
+    if (!printer.isEmpty())
+        if (const auto own = offsetAt(profile, reportClass, printer)) return *own;
+    return offsetAt(profile, reportClass, {}).value_or(ReportOffset{});
+}
+
+void saveReportOffset(const clsProfile& profile, const QString& reportClass, const QString& printer,
+                      ReportOffset offset) {
+    profile.SaveValue(reportClass, offsetKey(printer), u"%1,%2"_qs.arg(offset.right).arg(offset.down));
+}
+
+QString readReportUnderlay(const clsProfile& profile, const QString& reportClass) {
+    return profile.GetPath(reportClass, underlayKey);
+}
+
+void saveReportUnderlay(const clsProfile& profile, const QString& reportClass, const QString& path) {
+    profile.SaveValue(reportClass, underlayKey, path);
 }

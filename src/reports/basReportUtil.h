@@ -27,3 +27,21 @@ int reportLength(const QString& text);
 ReportLayout withPageSettings(ReportLayout layout, const ReportPrintSettings& settings);
 
 ReportPrintSettings readReportPrintSettings(const clsProfile& profile, const QString& reportClass);
+
+// How far a report is moved on its paper, in tenths of a millimetre, so that it meets a form that was printed before.
+struct ReportOffset {
+    int right = 0, down = 0;
+    bool operator==(const ReportOffset&) const = default;
+};
+
+inline constexpr int largestOffset = 500; // either way
+
+// The offset of a report on a printer, or else that on any printer (its name is empty), from the report's section. What
+// is no pair of numbers within the range counts as none.
+ReportOffset readReportOffset(const clsProfile& profile, const QString& reportClass, const QString& printer);
+void saveReportOffset(const clsProfile& profile, const QString& reportClass, const QString& printer,
+                      ReportOffset offset);
+
+// The scan of the report's paper form, which previews show behind it; empty: none.
+QString readReportUnderlay(const clsProfile& profile, const QString& reportClass);
+void saveReportUnderlay(const clsProfile& profile, const QString& reportClass, const QString& path);

@@ -12,6 +12,7 @@
 #include "reference/ReferenceManagers.h"
 #include "reports/MasterReports.h"
 #include "reports/PaymentRecords.h"
+#include "reports/OpinionDocument.h"
 #include "reports/ReportClasses.h"
 #include "reports/ReportText.h"
 #include "reports/WorkPlanRecords.h"
@@ -22,6 +23,9 @@ namespace {
 
 constexpr int yes = 1;
 constexpr int wholeDate = 1;
+
+// The one name under which the documents of an estimate tell their errors.
+const QString documentSource = u"GetCsEstA4Data"_qs;
 
 ListedLaws listedLaws(QList<clsCsEstAsk> claims, const InsNames& names, const QString& exclusions) {
     std::stable_sort(claims.begin(), claims.end(),
@@ -51,6 +55,16 @@ bool insurersOff(DocumentKind kind) {
 } // namespace
 
 void clsReportManager::Prepare(Connection& connection) { m_connection = &connection; }
+
+CsEstimateSource clsReportManager::withSettings(CsEstimateSource source) {
+    const QString family = source.customer.FamilyType;
+    source.switches = readSwitches(source.kind);
+    source.insNames = readInsNames(source.claims);
+    source.pickStyles = readAssistViews(AssistGroup::PickStyle);
+    source.familyType = readAssistViews(AssistGroup::FamilyType).value(family, family);
+    source.insurersOff = insurersOff(source.kind);
+    return source;
+}
 
 DocumentSwitches clsReportManager::readSwitches(DocumentKind kind) {
     clsSysSettingManager settings;
@@ -99,13 +113,70 @@ void clsReportManager::GetCsEstimateData(DocumentKind kind, int copies, const QL
                                          const QList<clsCsCmpltElmt>& completeElements,
                                          const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset,
                                          bool wholeSumFlag) {
-    outRecordset = underSource(u"GetCsEstA4Data"_qs, [&] {
-        const QHash<QString, QString> families = readAssistViews(AssistGroup::FamilyType);
-        return csEstimateRows({kind, copies, rowList, estimate, customer, items, makeElements, completeElements, claims,
-                               wholeSumFlag, readSwitches(kind), readInsNames(claims),
-                               readAssistViews(AssistGroup::PickStyle),
-                               families.value(customer.FamilyType, customer.FamilyType), insurersOff(kind)});
+    outRecordset = underSource(documentSource, [&] {
+        return csEstimateRows(withSettings(
+            {kind, copies, rowList, estimate, customer, items, makeElements, completeElements, claims, wholeSumFlag}));
     });
+}
+
+void clsReportManager::GetCsEstReceiptData(DocumentKind kind, const QList<int>& rowList, const clsCsEstimate& estimate,
+                                           const clsCustomer& customer, const QList<clsCsItem>& items,
+                                           const QList<clsCsMakeElmt>& makeElements,
+                                           const QList<clsCsCmpltElmt>& completeElements,
+                                           const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset) {
+    outRecordset = underSource(documentSource, [&] {
+        return csEstReceiptRows(
+            withSettings({kind, 1, rowList, estimate, customer, items, makeElements, completeElements, claims}));
+    });
+}
+
+void clsReportManager::GetCsEstimateWorkOther(DocumentKind kind, int copies, const QList<int>& rowList,
+                                              const clsCsEstimate& estimate, const clsCustomer& customer,
+                                              const QList<clsCsItem>& items, const QList<clsCsMakeElmt>& makeElements,
+                                              const QList<clsCsCmpltElmt>& completeElements,
+                                              const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset) {
+    outRecordset = underSource(documentSource, [&] {
+        return csEstimateWorkRows(
+            withSettings({kind, copies, rowList, estimate, customer, items, makeElements, completeElements, claims}));
+    });
+}
+
+void clsReportManager::GetCsEstWorkData(DocumentKind kind, int copies, const QList<int>& rowList,
+                                        const clsCsEstimate& estimate, const clsCustomer& customer,
+                                        const QList<clsCsItem>& items, const QList<clsCsMakeElmt>& makeElements,
+                                        const QList<clsCsCmpltElmt>& completeElements, const QList<clsCsEstAsk>& claims,
+                                        ReportRecordset& outRecordset) {
+    outRecordset = underSource(documentSource, [&] {
+        return workSheetRows(WorkSheet::Limb, withSettings({kind, copies, rowList, estimate, customer, items,
+                                                            makeElements, completeElements, claims}));
+    });
+}
+
+void clsReportManager::GetCsEstWorkEquip(DocumentKind kind, int copies, const QList<int>& rowList,
+                                         const clsCsEstimate& estimate, const clsCustomer& customer,
+                                         const QList<clsCsItem>& items, const QList<clsCsMakeElmt>& makeElements,
+                                         const QList<clsCsCmpltElmt>& completeElements,
+                                         const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset) {
+    outRecordset = underSource(documentSource, [&] {
+        return workSheetRows(WorkSheet::Equip, withSettings({kind, copies, rowList, estimate, customer, items,
+                                                             makeElements, completeElements, claims}));
+    });
+}
+
+void clsReportManager::GetCsEstWorkWheelchair(DocumentKind kind, int copies, const QList<int>& rowList,
+                                              const clsCsEstimate& estimate, const clsCustomer& customer,
+                                              const QList<clsCsItem>& items, const QList<clsCsMakeElmt>& makeElements,
+                                              const QList<clsCsCmpltElmt>& completeElements,
+                                              const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset) {
+    outRecordset = underSource(u"GetCsEstWorkWheelchair"_qs, [&] {
+        return workSheetRows(WorkSheet::Wheelchair, withSettings({kind, copies, rowList, estimate, customer, items,
+                                                                  makeElements, completeElements, claims}));
+    });
+}
+
+void clsReportManager::GetCsEstOpinionData(const clsCustomer& customer, const clsChart& chart,
+                                           const clsCsEstimate& estimate, ReportRecordset& outRecordset) {
+    outRecordset = underSource(u"GetCsEstOpinionData"_qs, [&] { return opinionRow(customer, chart, estimate); });
 }
 
 void clsReportManager::GetCsEstimateListData(const SqlTerm& where, const SqlTerm& sort, int member,

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "customers/clsChartManager.h"
 #include "payments/PaymentSearch.h"
 #include "payments/WorkPlan.h"
 #include "reports/CsEstimateDocument.h"
+#include "reports/WorkSheetRows.h"
 
 #include <functional>
 
@@ -21,6 +23,35 @@ public:
                            const clsCustomer& customer, const QList<clsCsItem>& items,
                            const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
                            const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset, bool wholeSumFlag = false);
+
+    // The contract of an estimate under the accident insurance: one row.
+    void GetCsEstReceiptData(DocumentKind kind, const QList<int>& rowList, const clsCsEstimate& estimate,
+                             const clsCustomer& customer, const QList<clsCsItem>& items,
+                             const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                             const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset);
+
+    // The price sheets of the accident insurance, each with what `GetCsEstimateData` takes: the ordinary rows, and the
+    // sections of limbs, of orthoses and of wheelchairs.
+    void GetCsEstimateWorkOther(DocumentKind kind, int copies, const QList<int>& rowList, const clsCsEstimate& estimate,
+                                const clsCustomer& customer, const QList<clsCsItem>& items,
+                                const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                                const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset);
+    void GetCsEstWorkData(DocumentKind kind, int copies, const QList<int>& rowList, const clsCsEstimate& estimate,
+                          const clsCustomer& customer, const QList<clsCsItem>& items,
+                          const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                          const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset);
+    void GetCsEstWorkEquip(DocumentKind kind, int copies, const QList<int>& rowList, const clsCsEstimate& estimate,
+                           const clsCustomer& customer, const QList<clsCsItem>& items,
+                           const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                           const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset);
+    void GetCsEstWorkWheelchair(DocumentKind kind, int copies, const QList<int>& rowList, const clsCsEstimate& estimate,
+                                const clsCustomer& customer, const QList<clsCsItem>& items,
+                                const QList<clsCsMakeElmt>& makeElements, const QList<clsCsCmpltElmt>& completeElements,
+                                const QList<clsCsEstAsk>& claims, ReportRecordset& outRecordset);
+
+    // The doctor's opinion: one row. Reads nothing from the database; the age is that of today's real date.
+    void GetCsEstOpinionData(const clsCustomer& customer, const clsChart& chart, const clsCsEstimate& estimate,
+                             ReportRecordset& outRecordset);
 
     // The estimates of the list under its condition and order. The members 2 and 3 of the print command leave out each
     // one that has a 法別 of `exclusions`. `pause` runs from time to time.
@@ -52,6 +83,8 @@ private:
     double readTaxRate();
     void gatherPayments(const SqlTerm& where, const SqlTerm& sort, ReportRecordset& outRecordset,
                         const std::function<bool()>& pause);
+    // Completes what a screen gave by what the settings say.
+    CsEstimateSource withSettings(CsEstimateSource source);
     DocumentSwitches readSwitches(DocumentKind kind);
     InsNames readInsNames(const QList<clsCsEstAsk>& claims);
     InsNames readInsNames(); // of all laws

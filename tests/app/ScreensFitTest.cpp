@@ -19,6 +19,7 @@
 #include "payments/screens/frmStOrderSales.h"
 #include "payments/screens/frmStWorkPlan.h"
 #include "reference/screens/CodeTableScreen.h"
+#include "operations/screens/frmPrintAdjust.h"
 #include "ui/Grid.h"
 #include "ui/Style.h"
 
@@ -79,6 +80,7 @@ private slots:
     void thePaidListFits() { checkFits<frmStMoneyEndList>(); }
     void theWorkPlanFits() { checkFits<frmStWorkPlan>(); }
     void theOrderSalesFit() { checkFits<frmStOrderSales>(); }
+    void thePrintAdjustmentFits() { checkFits<frmPrintAdjust>(); }
 
     void theAmountOfAnEstimateIsSeenWithoutScrolling() {
         constexpr int amount = 8;

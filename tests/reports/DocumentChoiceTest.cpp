@@ -106,6 +106,36 @@ private slots:
         QCOMPARE(!choice.message.isEmpty(), choice.outcome == Outcome::SkipAccident);
     }
 
+    void theFirstItemDecidesTheSheets_data() {
+        using Rows = AccidentSheets::Rows;
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QStringList>("classes");
+        const QStringList kara{u"repCsEstWorkKara1"_qs, u"repCsEstWorkKara2"_qs};
+        const QStringList frame{u"repCsEstWorkFrame1"_qs, u"repCsEstWorkFrame2"_qs};
+        const QStringList equip{u"repCsEstWorkEquip1"_qs, u"repCsEstWorkEquip2"_qs};
+        const QStringList chair{u"repCsEstWorkWheelchair1"_qs, u"repCsEstWorkWheelchair3"_qs};
+        for (const char* item : {"殻構造義手", "殻構造義足"})
+            QTest::newRow(item) << QString::fromUtf8(item) << int(Rows::Limb) << kara;
+        for (const char* item : {"骨格構造義手", "骨格構造義足"})
+            QTest::newRow(item) << QString::fromUtf8(item) << int(Rows::Limb) << frame;
+        for (const char* item : {"下肢装具", "靴型装具", "体幹装具", "上肢装具"})
+            QTest::newRow(item) << QString::fromUtf8(item) << int(Rows::Equip) << equip;
+        for (const char* item : {"車いす", "電動車いす", "車椅子", "電動車椅子"})
+            QTest::newRow(item) << QString::fromUtf8(item) << int(Rows::Ordinary) << chair;
+        for (const char* item : {"座位保持装置", ""})
+            QTest::newRow(item) << QString::fromUtf8(item) << int(Rows::Ordinary) << QStringList{u"repCsEstItemA4"_qs};
+    }
+    void theFirstItemDecidesTheSheets() {
+        QFETCH(QString, item);
+        QFETCH(QStringList, classes);
+        const AccidentSheets sheets = accidentSheets(item);
+        QTEST(int(sheets.rows), "rows");
+        QCOMPARE(sheets.classes, classes);
+        QCOMPARE(sheets.prtType, classes.first() == u"repCsEstItemA4" ? 2 : 0);
+        for (const QString& name : classes) QCOMPARE(reportClass(name).name, name);
+    }
+
     void anEstimateOfExactly500000NeedsNoContractReceipt() {
         const DocumentChoiceSettings settings = withValues({{41, 2}});
         const auto classes = [&](const QString& sum) {

@@ -39,9 +39,14 @@ private slots:
         QCOMPARE(title(u"repCsEstItemA4"_qs, u"1"_qs), u"内訳書 R06-000123"_qs);
         QCOMPARE(title(u"repCsEstItemB5"_qs, u"2"_qs), u"明細書 R06-000123"_qs);
         QCOMPARE(title(u"repCsEstList"_qs, {}), u"見積データ一覧"_qs);
+        QCOMPARE(title(u"repCsEstWorkKara2"_qs, {}), u"労災見積内訳書 R06-000123"_qs);
+        QCOMPARE(title(u"repCsEstReceipt"_qs, {}), u"労災請書 山田　太郎"_qs);
+        QCOMPARE(title(u"repCsEstOpinionB5T141"_qs, {}), u"意見書 山田　太郎"_qs);
     }
 
-    void aClassThatTheSystemLacksIsAnError() { QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceipt"_qs), AppError); }
+    void aClassThatTheSystemLacksIsAnError() {
+        QVERIFY_EXCEPTION_THROWN(reportClass(u"repCsEstReceiptB5"_qs), AppError);
+    }
 
     void aPaperIsChosenBySizeAndVariant_data() {
         QTest::addColumn<int>("size");

@@ -107,6 +107,27 @@ private slots:
         QCOMPARE(textNamed(layout, u"txtPrice"_qs).font, (ReportFont{true, 9.5, false, 100}));
     }
 
+    void aVariantMayBeTheSameOnASmallerPaper() {
+        const QByteArray variant = R"({"base": "base", "paper": "B5", "scale": 500})";
+        const ReportLayout layout = loadReportLayout(u"layout"_qs, files(variant, whole));
+        const ReportBand& detail = layout.band(ReportBandKind::Detail);
+        QCOMPARE(layout.paperWidth, 10318);
+        QCOMPARE(layout.margins.bottom, 1);
+        QCOMPARE(detail.height, 130);
+        QCOMPARE(textNamed(layout, u"txtPrice"_qs).at, (ReportRect{5, 10, 150, 120}));
+        QCOMPARE(textNamed(layout, u"txtPrice"_qs).font.size, 4.5); // down to half a point
+        QCOMPARE(textNamed(layout, u"txtBoth"_qs).sizes.first().size, 3.5);
+        QCOMPARE(detail.boxes.first().at, (ReportRect{0, 0, 50, 130}));
+        QCOMPARE(detail.boxes.first().width, 20); // a stroke keeps its strength
+        QCOMPARE(detail.lines.first().x2, 50);
+    }
+
+    void digitsOfASmallerPaperKeepBoxesOfOneWidth() {
+        const QByteArray digits = changed("\"format\": \"#,##0\"", "\"digits\": 6");
+        const QByteArray variant = R"({"base": "base", "paper": "B5", "scale": 865})";
+        QCOMPARE(textNamed(loadReportLayout(u"layout"_qs, files(variant, digits)), u"txtPrice"_qs).at.width % 6, 0);
+    }
+
     void aVariantChangesAddsAndTakesAway() {
         const QByteArray variant = R"({"base": "base", "paper": "B5", "bands": {"detail": {"items": {
             "txtPrice": {"at": [1, 2, 3, 4]}, "lblOffice": null, "lblNew": {"text": "new", "at": [0, 0, 1, 1]}}}}})";
@@ -130,6 +151,8 @@ private slots:
         row("empty file", "", {u"layout.json"_qs, u"1 行 1 桁"_qs});
         row("a name twice", changed("\"lblOffice\"", "\"txtPrice\""),
             {u"layout.json"_qs, u"10 行 9 桁"_qs, u"二度"_qs});
+        row("no scale", changed("\"A4\"", "\"A4\", \"scale\": 0"), {u"layout.json"_qs, u"scale"_qs});
+        row("a larger scale", changed("\"A4\"", "\"A4\", \"scale\": 1001"), {u"scale"_qs, u"1000"_qs});
         row("unknown paper", changed("A4", "A3"), {u"paper"_qs});
         row("unknown key", changed("\"align\"", "\"allign\""), {u"bands.detail.items.txtPrice.allign"_qs});
         row("unknown band", changed("\"detail\"", "\"details\""), {u"bands.details"_qs});

@@ -18,6 +18,24 @@ private slots:
     }
 
     // Letters of two sizes stand on one line although their baselines differ a little.
+    void aShiftedPageMovesWithAllThatStandsOnIt() {
+        ReportPage page;
+        page.paperWidth = 1000;
+        page.texts.append({u"lbl"_qs, u"text"_qs, {}, 10, 20, 5, 1, {10, 5, 30, 20}});
+        page.lines.append({1, 2, 3, 4, 5, true});
+        page.boxes.append({{1, 2, 30, 40}, 5, false, 10});
+        const ReportPage moved = shifted({page}, 100, -50).first();
+        QCOMPARE(moved.paperWidth, 1000);
+        QCOMPARE(moved.texts.first().x, 110);
+        QCOMPARE(moved.texts.first().baseline, -30);
+        QCOMPARE(moved.texts.first().room, (ReportRect{110, -45, 30, 20}));
+        QCOMPARE(moved.lines.first().x2, 103);
+        QCOMPARE(moved.lines.first().y1, -48);
+        QVERIFY(moved.lines.first().dashed);
+        QCOMPARE(moved.boxes.first().at, (ReportRect{101, -48, 30, 40}));
+        QCOMPARE(moved.boxes.first().shade, 10);
+    }
+
     void aLineIsReadFromLeftToRightWhateverItsSizes() {
         const QList<ReportPageText> read = inReadingOrder({at(u"sum"_qs, u"1,000"_qs, 900, 205, {900, 100, 400, 160}),
                                                            at(u"next"_qs, u"次"_qs, 0, 420, {0, 320, 400, 160}),

@@ -132,6 +132,54 @@ private slots:
         if (!told.isEmpty()) QVERIFY2(error.contains(u"[repCsEstimateA4] の %1 では"_qs.arg(told)), qPrintable(error));
     }
 
+    void anOffsetBelongsToItsReportAndPrinter() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Halvane.ini"_qs);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[repCsEstimateA4]\r\nCopies=2\r\n");
+        file.close();
+        const clsProfile profile(path);
+        const QString report = u"repCsEstimateA4"_qs, laser = u"レーザー＝2階 A=B"_qs;
+        QCOMPARE(readReportOffset(profile, report, laser), ReportOffset());
+        saveReportOffset(profile, report, {}, {12, -5});
+        QCOMPARE(readReportOffset(profile, report, laser), (ReportOffset{12, -5}));
+        saveReportOffset(profile, report, laser, {-30, 500});
+        QCOMPARE(readReportOffset(profile, report, laser), (ReportOffset{-30, 500}));
+        QCOMPARE(readReportOffset(profile, report, {}), (ReportOffset{12, -5}));
+        QCOMPARE(readReportOffset(profile, u"repCsEstPayA4"_qs, laser), ReportOffset());
+        QCOMPARE(readReportPrintSettings(profile, report).copies, 2);
+    }
+
+    void anOffsetThatNobodyCouldMeanCountsAsNone_data() {
+        QTest::addColumn<QString>("text");
+        for (const char* text : {"", "5", "5,6,7", "a,5", "501,0", "0,-501", "1.5,2", "99999999999,1"})
+            QTest::newRow(text) << QString::fromUtf8(text);
+    }
+    void anOffsetThatNobodyCouldMeanCountsAsNone() {
+        QFETCH(QString, text);
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"Halvane.ini"_qs));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[repCsEstPayA4]\r\nOffset=" + text.toUtf8() + "\r\n");
+        file.close();
+        QCOMPARE(readReportOffset(clsProfile(file.fileName()), u"repCsEstPayA4"_qs, {}), ReportOffset());
+    }
+
+    void anUnderlayIsKeptUntilItIsTakenAway() {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"Halvane.ini"_qs));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        const clsProfile profile(file.fileName());
+        const QString report = u"repCsEstWorkAskA4"_qs, scan = folder.filePath(u"様式第９号.png"_qs);
+        QVERIFY(readReportUnderlay(profile, report).isEmpty());
+        saveReportUnderlay(profile, report, scan);
+        QCOMPARE(readReportUnderlay(profile, report), scan);
+        saveReportUnderlay(profile, report, {});
+        QVERIFY(readReportUnderlay(profile, report).isEmpty());
+    }
+
     void eachReportHasItsOwnSection() { QVERIFY(!settings("").copies); }
 };
 

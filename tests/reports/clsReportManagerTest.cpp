@@ -116,6 +116,87 @@ private slots:
             QCOMPARE(rows(order, static_cast<DocumentKind>(kind)).text(0, u"PrtPrice"_qs), u"1000"_qs);
     }
 
+    void aSheetReadsWhatItTellsFromTheSettingTables() {
+        Order order = sample();
+        order.estimate.ItmPrtDate = u"2024/11/03"_qs;
+        set(24, u"3"_qs);
+        clsReportManager manager;
+        manager.Prepare(m_database->connection());
+        ReportRecordset records;
+        manager.GetCsEstWorkEquip(DocumentKind::Breakdown, 1, {1}, order.estimate, order.customer, order.items,
+                                  order.makes, {}, order.claims, records);
+        QCOMPARE(records.text(0, u"Elmt"_qs), u"ニ．基本価格"_qs);
+        QCOMPARE(records.text(0, u"PickStyle"_qs), u"採寸"_qs);
+        QCOMPARE(records.text(0, u"PrtDate"_qs), u"令和　６年　　月　　日"_qs);
+        QVERIFY(!records.hasField(u"Kazu"_qs) && !records.hasField(u"JuryoEra"_qs));
+        QVERIFY(records.hasField(u"Form"_qs) && records.hasField(u"Biko"_qs));
+    }
+
+    void everySheetTellsItsErrorsUnderItsOwnName_data() {
+        QTest::addColumn<int>("method");
+        QTest::addColumn<QString>("source");
+        const QString documents = u"GetCsEstA4Data"_qs;
+        QTest::newRow("other") << 0 << documents;
+        QTest::newRow("limbs") << 1 << documents;
+        QTest::newRow("orthoses") << 2 << documents;
+        QTest::newRow("wheelchairs") << 3 << u"GetCsEstWorkWheelchair"_qs;
+        QTest::newRow("contract") << 4 << documents;
+    }
+    void everySheetTellsItsErrorsUnderItsOwnName() {
+        QFETCH(int, method);
+        QFETCH(QString, source);
+        Order order = sample();
+        order.claims.first().InsNo = u"77"_qs;
+        clsReportManager manager;
+        manager.Prepare(m_database->connection());
+        ReportRecordset records;
+        const QList sheets{&clsReportManager::GetCsEstimateWorkOther, &clsReportManager::GetCsEstWorkData,
+                           &clsReportManager::GetCsEstWorkEquip, &clsReportManager::GetCsEstWorkWheelchair};
+        try {
+            if (method < sheets.size())
+                (manager.*sheets.at(method))(DocumentKind::Breakdown, 1, {1}, order.estimate, order.customer,
+                                             order.items, order.makes, {}, order.claims, records);
+            else
+                manager.GetCsEstReceiptData(DocumentKind::Estimate, {1}, order.estimate, order.customer, order.items,
+                                            order.makes, {}, order.claims, records);
+            QFAIL("no error");
+        } catch (const AppError& error) {
+            QCOMPARE(error.source(), source);
+            QVERIFY(error.description().contains(u"77"));
+        }
+    }
+
+    // It comes from the records of the screen alone, without a connection.
+    void theOpinionReadsNothingFromTheDatabase() {
+        ReportRecordset records;
+        clsReportManager().GetCsEstOpinionData(sample().customer, {}, sample().estimate, records);
+        QCOMPARE(records.rowCount(), 1);
+    }
+
+    void theLineOfAFormMultiplies() {
+        Order order = sample();
+        order.makes.first().Suryo = u"2"_qs;
+        order.estimate.DelvFinDate = u"2019/04/30"_qs;
+        order.claims.first().AskPrtDate = u"2024/11/04"_qs;
+        const ReportRecordset records = rows(order);
+        QCOMPARE(records.text(0, u"Kazu"_qs), u"2"_qs);
+        QCOMPARE(records.text(0, u"Tanka"_qs), u"500"_qs);
+        QCOMPARE(records.text(0, u"JuryoEra"_qs), u"平成"_qs);
+        QCOMPARE(records.text(0, u"JuryoDate"_qs), u"平成　31年　04月　30日"_qs);
+        QCOMPARE(records.text(0, u"IninDate"_qs), u"平成　31年　04月　30日"_qs);
+        QCOMPARE(records.text(0, u"SeikyuDate"_qs), u"令和　06年　11月　04日"_qs);
+        order.makes.first().Suryo = u"0"_qs;
+        QVERIFY(rows(order).value(0, u"Tanka"_qs).isNull());
+    }
+
+    void aFormWithoutDateIsBlankForThePen() {
+        Order order = sample();
+        order.estimate.EstPrtDate.clear();
+        const ReportRecordset records = rows(order);
+        QCOMPARE(records.text(0, u"MitumoriEra"_qs), QString());
+        QCOMPARE(records.text(0, u"MitumoriDate"_qs), u"　　　　年　　　月　　　日"_qs);
+    }
+
     void aLawThatIsMissingEndsUnderTheOperationsName() {
         Order order = sample();
         order.claims.first().InsNo = u"77"_qs;

@@ -59,7 +59,7 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     });
     connect(ui->numPartialPayment, &NumberField::valueSettled, this, &CsEstimateBasicPage::takePartialPayment);
     connect(ui->cmdEtcPrt_2, &QPushButton::clicked, this, &CsEstimateBasicPage::receiptAsked);
-    ui->cmdOpnPrt_2->setEnabled(false); // what it opens is not there yet
+    connect(ui->cmdOpnPrt_2, &QPushButton::clicked, this, &CsEstimateBasicPage::opinionAsked);
     connectPerson();
     connectChart();
     connectProduct();

@@ -52,6 +52,7 @@ public:
 signals:
     void nameChanged();
     void receiptAsked();
+    void opinionAsked();
     void insurancesChanged();
     // The operator took the advance payment back.
     void partialPaymentEmptied();

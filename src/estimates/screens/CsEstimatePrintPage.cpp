@@ -59,8 +59,9 @@ CsEstimatePrintPage::CsEstimatePrintPage(QWidget* parent)
     for (const auto& [button, to] : {std::pair(ui->cmdEtcPrt_0, EstimatePrinting::To::Preview),
                                      std::pair(ui->cmdEtcPrt_1, EstimatePrinting::To::Printer)})
         connect(button, &QPushButton::clicked, this, [this, to = to] { emit printingAsked(to); });
-    // What these open is not there yet.
-    for (QPushButton* later : {ui->cmdOpnPrt_0, ui->cmdOpnPrt_1}) later->setEnabled(false);
+    for (const auto& [button, to] : {std::pair(ui->cmdOpnPrt_0, EstimatePrinting::To::Preview),
+                                     std::pair(ui->cmdOpnPrt_1, EstimatePrinting::To::Printer)})
+        connect(button, &QPushButton::clicked, this, [this, to = to] { emit opinionAsked(to); });
 }
 
 CsEstimatePrintPage::~CsEstimatePrintPage() = default;

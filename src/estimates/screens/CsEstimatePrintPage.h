@@ -51,6 +51,7 @@ public:
 signals:
     void changed();
     void printingAsked(EstimatePrinting::To to);
+    void opinionAsked(EstimatePrinting::To to);
 
 private:
     struct ClaimFields {

@@ -7,22 +7,33 @@
 #include "base/clsProfile.h"
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
+#include "reports/OpinionDocument.h"
 #include "reports/clsReportManager.h"
 #include "reports/engine/Report.h"
+#include "ui/NormalCursor.h"
+
+#include <memory>
+#include <vector>
 
 namespace EstimatePrinting {
 
 namespace {
 
 const QString accidentLaw = u"14"_qs;
+const QString contractReceipt = u"repCsEstReceipt"_qs;
+
+// Those of the numbered settings that the office has.
+void readValues(ReportPaperSettings& settings, const QList<int>& numbers) {
+    for (const int number : numbers)
+        if (const QString value = gSysSettingManager.value(number); !value.isEmpty())
+            settings.values.insert(number, ToInt(Val(value)));
+}
 
 DocumentChoiceSettings readChoiceSettings() {
     DocumentChoiceSettings settings = readDocumentChoiceSettings(clsProfile());
     QList<int> numbers{Setting::AccidentEstimate, Setting::AccidentInvoice};
     for (int kind = 1; kind <= 5; ++kind) numbers << Setting::paperSize(kind);
-    for (const int number : numbers)
-        if (const QString value = gSysSettingManager.value(number); !value.isEmpty())
-            settings.values.insert(number, ToInt(Val(value)));
+    readValues(settings, numbers);
     return settings;
 }
 
@@ -30,6 +41,35 @@ int copiesOf(DocumentKind kind) {
     const int setting = kind == DocumentKind::Invoice ? Setting::InvoiceCopy : Setting::ReceiptCopy;
     return documentCopies(kind, ToInt(Val(gSysSettingManager.value(setting))));
 }
+
+// The papers of one command. All are made before the first one goes out, so that what cannot be printed is told first.
+class Papers {
+public:
+    void add(const QString& reportClass, const ReportRecordset& records, int prtType = 0) {
+        auto report = std::make_unique<Report>(reportClass);
+        report->PrtType(prtType);
+        report->Recordset(records);
+        try {
+            report->Compose();
+        } catch (const ReportValueError& error) {
+            const NormalCursor cursor;
+            ShowMessage(Message::Warning, u"%1 は印刷しません。\n%2"_qs.arg(report->Title(), error.description()));
+            return;
+        }
+        m_reports.push_back(std::move(report));
+    }
+
+    void send(To to) {
+        SetWaitCursor(false);
+        for (const auto& report : m_reports) {
+            to == To::Preview ? report->Show(1) : report->PrintReport(false);
+            seams().letEventsRun();
+        }
+    }
+
+private:
+    std::vector<std::unique_ptr<Report>> m_reports;
+};
 
 class Run {
 public:
@@ -44,6 +84,7 @@ public:
         for (const DocumentKind kind : {DocumentKind::Estimate, DocumentKind::Breakdown, DocumentKind::Detail,
                                         DocumentKind::Invoice, DocumentKind::Receipt})
             documents(kind);
+        m_papers.send(m_job.to);
     }
 
 private:
@@ -75,29 +116,45 @@ private:
     }
 
     void documents(DocumentKind kind, const QList<int>& claims, bool accident) {
+        using Outcome = DocumentChoice::Outcome;
         const DocumentChoice choice =
             chooseDocument(kind, accident, m_settings, m_job.receivedMark, m_job.draft.estimate.EstSum);
-        if (choice.outcome != DocumentChoice::Outcome::Print) {
-            const bool skipped = choice.outcome == DocumentChoice::Outcome::SkipAccident;
-            ShowMessage(Message::Warning, skipped ? choice.message : u"労災の専用用紙はこの版では印刷できません。"_qs);
-            return;
+        if (choice.outcome == Outcome::SkipAccident) {
+            const NormalCursor cursor;
+            ShowMessage(Message::Warning, choice.message);
+        } else if (choice.outcome == Outcome::AccidentSheets && kind == DocumentKind::Breakdown) {
+            addSheets(kind, claims, accidentSheets(m_rows.items.value(0).Item));
+        } else {
+            for (const QString& name : choice.classes)
+                m_papers.add(name, name == contractReceipt ? contractRow(kind, claims) : documentRows(kind, claims),
+                             choice.prtType);
         }
+    }
+
+    ReportRecordset documentRows(DocumentKind kind, const QList<int>& claims) {
         ReportRecordset records;
         m_manager.GetCsEstimateData(kind, copiesOf(kind), claims, m_job.draft.estimate, m_job.draft.customer,
                                     m_rows.items, m_rows.make, m_rows.parts, m_claims, records, m_job.wholeSum);
-        for (const QString& name : choice.classes) send(name, records, choice.prtType);
+        return records;
     }
 
-    void send(const QString& reportClass, const ReportRecordset& records, int prtType) {
-        Report report(reportClass);
-        report.PrtType(prtType);
-        report.Recordset(records);
-        SetWaitCursor(false);
-        if (m_job.to == To::Preview)
-            report.Show(1);
-        else
-            report.PrintReport(false);
-        seams().letEventsRun();
+    ReportRecordset contractRow(DocumentKind kind, const QList<int>& claims) {
+        ReportRecordset records;
+        m_manager.GetCsEstReceiptData(kind, claims, m_job.draft.estimate, m_job.draft.customer, m_rows.items,
+                                      m_rows.make, m_rows.parts, m_claims, records);
+        return records;
+    }
+
+    void addSheets(DocumentKind kind, const QList<int>& claims, const AccidentSheets& sheets) {
+        static const QHash<AccidentSheets::Rows, decltype(&clsReportManager::GetCsEstWorkData)> methods{
+            {AccidentSheets::Rows::Ordinary, &clsReportManager::GetCsEstimateWorkOther},
+            {AccidentSheets::Rows::Limb, &clsReportManager::GetCsEstWorkData},
+            {AccidentSheets::Rows::Equip, &clsReportManager::GetCsEstWorkEquip}};
+        ReportRecordset records;
+        (m_manager.*methods.value(sheets.rows))(kind, copiesOf(kind), claims, m_job.draft.estimate,
+                                                m_job.draft.customer, m_rows.items, m_rows.make, m_rows.parts, m_claims,
+                                                records);
+        for (const QString& name : sheets.classes) m_papers.add(name, records, sheets.prtType);
     }
 
     const Job& m_job;
@@ -105,6 +162,7 @@ private:
     QList<clsCsEstAsk> m_claims;
     EstimateRows m_rows;
     clsReportManager m_manager;
+    Papers m_papers;
 };
 
 } // namespace
@@ -137,6 +195,19 @@ void run(const Job& job) {
     SetWaitCursor(true);
     Run(job).all();
     SetWaitCursor(false);
+}
+
+void runOpinion(const EstimateDraft& draft, To to) {
+    SetWaitCursor(true);
+    clsReportManager manager;
+    manager.Prepare(gDbManager.Connection());
+    ReportRecordset records;
+    manager.GetCsEstOpinionData(draft.customer, draft.chart, draft.estimate, records);
+    ReportPaperSettings settings{{}, opinionVariants(clsProfile())};
+    readValues(settings, {Setting::OpinionPaper, Setting::OpinionType});
+    Papers papers;
+    papers.add(opinionClass(settings), records);
+    papers.send(to);
 }
 
 } // namespace EstimatePrinting

@@ -3,7 +3,7 @@
 #include "estimates/EstimateDraft.h"
 #include "reports/DocumentRequest.h"
 
-// The ordinary documents of an estimate as it stands on the screen, stored or not.
+// The papers of an estimate as it stands on the screen, stored or not.
 namespace EstimatePrinting {
 
 enum class To { Preview, Printer };
@@ -25,7 +25,11 @@ QList<PrintGridRow> gridRows(const EstimateDraft& draft, const QList<TickedRow>&
 // True for an estimate without a line, which has nothing to print; the operator is told.
 bool refusesEmpty(const EstimateDraft& draft);
 
-// Makes the documents one after the other, each kind once for all its claims. Failures rise.
+// Makes the documents one after the other, each kind once for all its claims; within a kind the forms of the accident
+// insurance come first. A paper that has no room for an amount is told and left out, the others go on. Failures rise.
 void run(const Job& job);
+
+// The doctor's opinion with the certificate of fitting, one page.
+void runOpinion(const EstimateDraft& draft, To to);
 
 } // namespace EstimatePrinting

@@ -138,8 +138,12 @@ void frmCsEstimate::connectCommands() {
     onClick(ui->cmdEstList, [this] { chooseEstimate(); });
     connect(ui->pagPrint, &CsEstimatePrintPage::printingAsked, this,
             [this](EstimatePrinting::To to) { guarded([&] { printTicked(to); }); });
+    connect(ui->pagPrint, &CsEstimatePrintPage::opinionAsked, this,
+            [this](EstimatePrinting::To to) { guarded([&] { printOpinion(to); }); });
     connect(ui->pagBasic, &CsEstimateBasicPage::receiptAsked, this, [this] { guarded([this] { printReceipt(); }); });
     onClick(ui->cmdInsEstMst, [this] { MasterCommands::store(this, collect()); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::opinionAsked, this,
+            [this] { guarded([this] { printOpinion(EstimatePrinting::To::Printer); }); });
 }
 
 // --- what stands on the screen ---
@@ -454,6 +458,12 @@ void frmCsEstimate::printReceipt() {
     if (confirmPrinting(EstimatePrinting::To::Printer))
         EstimatePrinting::run(
             {draft, request, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+}
+
+void frmCsEstimate::printOpinion(EstimatePrinting::To to) {
+    if (!leaveField()) return;
+    m_warnedUnsaved = false;
+    if (confirmPrinting(to)) EstimatePrinting::runOpinion(collect(), to);
 }
 
 bool frmCsEstimate::setReceiptAmount() {

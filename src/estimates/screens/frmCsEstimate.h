@@ -74,6 +74,7 @@ private:
     // --- printing ---
     void printTicked(EstimatePrinting::To to);
     void printReceipt();
+    void printOpinion(EstimatePrinting::To to);
     // Brings the amount received of the first claim to what is expected; true when that is the grand total.
     bool setReceiptAmount();
     bool confirmPrinting(EstimatePrinting::To to);

@@ -44,11 +44,17 @@ bool isControl(char32_t sign) {
     return QChar::category(sign) == QChar::Other_Control || QChar::category(sign) == QChar::Other_Format;
 }
 
+// Offices write their currency by the backslash of the code page, and have never seen one there.
+char32_t onPaper(char32_t sign) { return sign == U'\\' ? U'\u00A5' : sign; }
+
 // The types know no variants of a kanji, nor line breaks: these would print as boxes.
 QString printable(const QString& letter) {
     QString signs;
     for (const char32_t sign : letter.toUcs4())
-        if (!isVariationSelector(sign) && !isControl(sign)) signs += QString::fromUcs4(&sign, 1);
+        if (!isVariationSelector(sign) && !isControl(sign)) {
+            const char32_t printed = onPaper(sign);
+            signs += QString::fromUcs4(&printed, 1);
+        }
     return signs;
 }
 

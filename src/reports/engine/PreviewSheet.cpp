@@ -17,8 +17,14 @@ constexpr int desk = 12; // pixels around the page
 
 PreviewSheet::PreviewSheet(QWidget* parent) : QWidget(parent) {}
 
-void PreviewSheet::setPage(const ReportPage& page) {
+void PreviewSheet::setPage(const ReportPage& page, int number) {
     m_page = page;
+    m_number = number;
+    resizeToPage();
+}
+
+void PreviewSheet::setUnderlay(const FormUnderlay& underlay) {
+    m_underlay = underlay;
     resizeToPage();
 }
 
@@ -45,12 +51,16 @@ void PreviewSheet::resizeToPage() {
     update();
 }
 
+QImage PreviewSheet::picture() const {
+    const double dots = m_zoom * logicalDpiX() * devicePixelRatioF();
+    return pageImage(m_page, dots, m_underlay.picture(m_number, pagePixels(m_page, dots)));
+}
+
 void PreviewSheet::paintEvent(QPaintEvent*) {
     if (m_page.paperWidth == 0) return;
     if (m_picture.isNull()) {
-        const double ratio = devicePixelRatioF();
-        m_picture = QPixmap::fromImage(pageImage(m_page, m_zoom * logicalDpiX() * ratio));
-        m_picture.setDevicePixelRatio(ratio);
+        m_picture = QPixmap::fromImage(picture());
+        m_picture.setDevicePixelRatio(devicePixelRatioF());
     }
     QPainter painter(this);
     painter.drawPixmap(desk, desk, m_picture);

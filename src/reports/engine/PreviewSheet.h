@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/ReportPage.h"
+#include "reports/engine/FormUnderlay.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -11,7 +12,9 @@ class PreviewSheet : public QWidget {
 public:
     explicit PreviewSheet(QWidget* parent = nullptr);
 
-    void setPage(const ReportPage& page);
+    void setPage(const ReportPage& page, int number = 1);
+    // What lies under the pages.
+    void setUnderlay(const FormUnderlay& underlay);
     void setZoom(double zoom);
     double zoom() const { return m_zoom; }
     // The zoom at which the page is this wide, or stands whole inside of the size.
@@ -23,8 +26,11 @@ protected:
 
 private:
     void resizeToPage();
+    QImage picture() const;
 
     ReportPage m_page;
+    int m_number = 1;
+    FormUnderlay m_underlay;
     double m_zoom = 1;
     QPixmap m_picture; // of page and zoom, made when first painted
 };

@@ -8,33 +8,53 @@
 
 Report::Report(const QString& reportClassName) : m_class(reportClass(reportClassName)) {}
 
-ReportJob Report::job() const {
-    static const QRegularExpression unfitForFiles(u"[\\\\/:*?\"<>|]"_qs);
-    if (!m_records || m_records->isEmpty()) return {};
-    const ReportPrintSettings settings = readReportPrintSettings(clsProfile(), m_class.name);
-    const ReportLayout layout = withPageSettings(loadReportLayout(m_class.name), settings);
-    ReportHeader header = m_class.readHeader();
-    header.values.insert(m_values);
-    return {m_class.name, reportPages(m_class, layout, *m_records, header, measurePaperText, m_pause), settings,
-            m_class.title(*m_records, header.values).replace(unfitForFiles, u"_"_qs), m_pause};
+void Report::Recordset(ReportRecordset records) {
+    m_records = std::move(records);
+    m_job.reset();
 }
 
-void Report::Compose() { m_composed = job(); }
+void Report::Value(const QString& name, const QString& value) {
+    m_values.insert(name, value);
+    m_job.reset();
+}
 
-ReportJob Report::takeJob() {
-    ReportJob made = m_composed ? std::move(*m_composed) : job();
-    m_composed.reset();
-    return made;
+ReportHeader Report::header() const {
+    ReportHeader header = m_class.readHeader();
+    header.values.insert(m_values);
+    return header;
+}
+
+QString Report::Title() const { return hasRows() ? m_class.title(*m_records, header().values) : QString(); }
+
+ReportJob Report::made() const {
+    static const QRegularExpression unfitForFiles(u"[\\\\/:*?\"<>|]"_qs);
+    if (!hasRows()) return {};
+    const clsProfile profile;
+    const ReportPrintSettings settings = readReportPrintSettings(profile, m_class.name);
+    const ReportLayout layout = withPageSettings(loadReportLayout(m_class.name), settings);
+    const ReportHeader values = header();
+    const ReportOffset offset = readReportOffset(profile, m_class.name, printerOf(settings));
+    const QList<ReportPage> pages = reportPages(m_class, layout, *m_records, values, measurePaperText, m_pause);
+    return {m_class.name, shifted(pages, offsetTwips(offset.right), offsetTwips(offset.down)),
+            settings,     m_class.title(*m_records, values.values).replace(unfitForFiles, u"_"_qs),
+            offset,       readReportUnderlay(profile, m_class.name), m_pause};
+}
+
+void Report::Compose() { m_job = made(); }
+
+const ReportJob& Report::Job() {
+    if (!m_job) Compose();
+    return *m_job;
 }
 
 void Report::PrintReport(bool withDialog) {
-    if (const ReportJob made = takeJob(); !made.pages.isEmpty()) reportOutput().print(made, withDialog);
+    if (!Job().pages.isEmpty()) reportOutput().print(Job(), withDialog);
 }
 
 void Report::Show(int) {
-    ReportJob made = takeJob();
-    made.pause = nullptr; // who looks at it prints it later
-    if (!made.pages.isEmpty()) reportOutput().preview(made);
+    ReportJob shown = Job();
+    shown.pause = nullptr; // who looks at it prints it later
+    if (!shown.pages.isEmpty()) reportOutput().preview(shown);
 }
 
 void sendReport(const QString& reportClass, const ReportRecordset& records, PrintTo to) {

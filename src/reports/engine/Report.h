@@ -13,30 +13,36 @@ public:
     // Raises an error for a class that the system does not have.
     explicit Report(const QString& reportClass);
 
-    void Recordset(ReportRecordset records) { m_records = std::move(records); }
+    void Recordset(ReportRecordset records);
     // A header value that the screen knows, such as the range of dates.
-    void Value(const QString& name, const QString& value) { m_values.insert(name, value); }
+    void Value(const QString& name, const QString& value);
     // 1 titles an item sheet 内訳書, any other 明細書.
     void PrtType(int type) { Value(u"PrtType"_qs, QString::number(type)); }
 
     // Called after each few pages that are made or printed; false ends the work, and nothing more is printed.
     void Pausing(std::function<bool()> pause) { m_pause = std::move(pause); }
-    // Makes the pages ahead of showing them.
+    // Makes the pages, so that what a paper has no room for is known before the first one is printed; it rises as a
+    // ReportValueError. Without it they are made when they are needed.
     void Compose();
+    // The finished document; without pages when there are no rows.
+    const ReportJob& Job();
+    // The document's name in windows, files and the printer's queue; empty without rows.
+    QString Title() const;
 
     void PrintReport(bool withDialog);
     // The preview; it is always modal, which the argument 1 asks for.
     void Show(int modal = 1);
 
 private:
-    ReportJob job() const;
-    ReportJob takeJob();
+    bool hasRows() const { return m_records && !m_records->isEmpty(); }
+    ReportHeader header() const;
+    ReportJob made() const;
 
     const ReportClass& m_class;
     std::optional<ReportRecordset> m_records;
     ReportParameters m_values;
     std::function<bool()> m_pause;
-    std::optional<ReportJob> m_composed;
+    std::optional<ReportJob> m_job; // once made
 };
 
 enum class PrintTo { Preview, Printer };

@@ -1,6 +1,7 @@
 #include "reports/engine/ReportOutput.h"
 
 #include "base/AppError.h"
+#include "base/clsProfile.h"
 #include "reports/ReportComposer.h"
 #include "reports/engine/ReportPainter.h"
 #include "reports/engine/frmPreview.h"
@@ -11,10 +12,13 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include <cmath>
+
 namespace {
 
 constexpr double twipsPerInch = 1440;
 constexpr double twipsPerPoint = 20;
+constexpr double tenthsPerInch = 254;
 constexpr int landscapeCode = 2;
 
 // The driver's code of a paper bin is the place of the bin in this list.
@@ -40,6 +44,12 @@ ReportOutput& reportOutput() {
     return output;
 }
 
+QString printerOf(const ReportPrintSettings& settings) {
+    return settings.printer.isEmpty() ? QPrinterInfo::defaultPrinterName() : settings.printer;
+}
+
+int offsetTwips(int tenths) { return static_cast<int>(std::lround(tenths * twipsPerInch / tenthsPerInch)); }
+
 void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) {
     if (!settings.printer.isEmpty()) printer.setPrinterName(settings.printer);
     if (settings.paperBin && *settings.paperBin < static_cast<int>(paperBins.size()))
@@ -49,6 +59,12 @@ void applyPrintSettings(const ReportPrintSettings& settings, QPrinter& printer) 
                                                                           : QPageLayout::Portrait);
     applyPageSize(settings, printer);
     if (settings.copies) printer.setCopyCount(*settings.copies);
+}
+
+QList<ReportPage> pagesFor(const QString& printer, const ReportJob& job) {
+    const ReportOffset own = readReportOffset(clsProfile(), job.reportClass, printer);
+    if (own == job.offset) return job.pages;
+    return shifted(job.pages, offsetTwips(own.right - job.offset.right), offsetTwips(own.down - job.offset.down));
 }
 
 void printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::function<bool()>& pause) {
@@ -85,5 +101,6 @@ void printOnPaper(const ReportJob& job, bool withDialog) {
     printer.setPageOrientation(paper.orientation());
     applyPrintSettings(job.settings, printer);
     if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
-    printPages(job.pages, printer, job.pause);
+    // The dialog may have led to another one.
+    printPages(pagesFor(printer.printerName(), job), printer, job.pause);
 }

@@ -12,7 +12,9 @@ struct ReportJob {
     QString reportClass;
     QList<ReportPage> pages;
     ReportPrintSettings settings;
-    QString title;                 // for the printer's queue and as a file name
+    QString title;         // for the printer's queue and as a file name
+    ReportOffset offset{}; // by which the pages are moved already
+    QString underlay{};    // a scan to show behind the preview; empty: none
     std::function<bool()> pause{}; // runs after each few pages; false gives the printing up
 };
 
@@ -23,6 +25,16 @@ struct ReportOutput {
 };
 
 ReportOutput& reportOutput();
+
+// The printer that a report goes to when nobody chooses another one: that of its settings, or the machine's; empty when
+// there is none.
+QString printerOf(const ReportPrintSettings& settings);
+
+// Tenths of a millimetre in twips.
+int offsetTwips(int tenths);
+
+// The pages of a job where they belong on a printer, which may be another one than the job was made for.
+QList<ReportPage> pagesFor(const QString& printer, const ReportJob& job);
 
 // Sends the pages to the printer of the job's settings, or to the default one. Raises an error when there is no printer
 // or it refuses the work; a cancelled dialog prints nothing.

@@ -82,13 +82,19 @@ void paintPage(QPainter& painter, const ReportPage& page) {
     for (const ReportPageText& text : page.texts) paintText(painter, text);
 }
 
-QImage pageImage(const ReportPage& page, double dotsPerInch) {
+QSize pagePixels(const ReportPage& page, double dotsPerInch) {
     const double scale = dotsPerInch / twipsPerInch;
-    QImage image(static_cast<int>(std::lround(page.paperWidth * scale)),
-                 static_cast<int>(std::lround(page.paperHeight * scale)), QImage::Format_RGB32);
+    return {static_cast<int>(std::lround(page.paperWidth * scale)),
+            static_cast<int>(std::lround(page.paperHeight * scale))};
+}
+
+QImage pageImage(const ReportPage& page, double dotsPerInch, const QImage& under) {
+    const double scale = dotsPerInch / twipsPerInch;
+    QImage image(pagePixels(page, dotsPerInch), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    if (!under.isNull()) painter.drawImage(image.rect(), under);
     painter.scale(scale, scale);
     paintPage(painter, page);
     return image;

@@ -36,6 +36,11 @@ frmPreview::frmPreview(ReportJob job, QWidget* parent)
     connect(ui->cmdPrint, &QPushButton::clicked, this, [this] { guarded([this] { print(); }); });
     connect(ui->cmdPdf, &QPushButton::clicked, this, [this] { guarded([this] { savePdf(); }); });
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    const FormUnderlay underlay = FormUnderlay::ifReadable(m_job.underlay);
+    ui->chkUnderlay->setVisible(!underlay.isEmpty());
+    connect(ui->chkUnderlay, &QCheckBox::toggled, this,
+            [this, underlay](bool on) { ui->sheet->setUnderlay(on ? underlay : FormUnderlay()); });
+    ui->chkUnderlay->setChecked(!underlay.isEmpty());
     addShortcuts();
     showPage(1);
     ui->scrPage->setFocus();
@@ -63,7 +68,7 @@ void frmPreview::showPage(int page) {
     ui->cmdPrev->setEnabled(m_page > 1);
     ui->cmdNext->setEnabled(m_page < count);
     if (m_page > count) return;
-    ui->sheet->setPage(m_job.pages.at(m_page - 1));
+    ui->sheet->setPage(m_job.pages.at(m_page - 1), m_page);
     ui->scrPage->verticalScrollBar()->setValue(0);
     applyZoom();
 }

@@ -57,6 +57,51 @@ private slots:
         for (const ReportPageText& text : job.pages.first().texts) QVERIFY(text.room.y >= 1000);
     }
 
+    void theOffsetMovesPreviewAndPrinterAlike() {
+        const auto titleAt = [&](const QString& ini, bool printed) {
+            m_database->writeProfile(ini);
+            ReportRecorder recorder;
+            Report report(u"repCsEstimateA4"_qs);
+            report.Recordset(ReportSamples::ordinary());
+            printed ? report.PrintReport(false) : report.Show(1);
+            const ReportPage page = recorder.pages().first();
+            for (const ReportPageText& text : page.texts)
+                if (text.control == u"lblTitle") return text.room;
+            return ReportRect();
+        };
+        const ReportRect plain = titleAt({}, true);
+        const QString moved = u"[repCsEstimateA4]\r\nOffset=100,-20\r\n"_qs;
+        QCOMPARE(titleAt(moved, true), plain.moved(567, -113)); // 10 mm to the right, 2 mm up
+        QCOMPARE(titleAt(moved, false), plain.moved(567, -113));
+        QCOMPARE(titleAt(u"[repCsEstimateA4]\r\nPrinter=P1\r\nOffset=1,1\r\nOffset P1=0,254\r\n"_qs, true),
+                 plain.moved(0, 1440));
+    }
+
+    void anotherPrinterHasItsOwnPlace() {
+        m_database->writeProfile(u"[repCsEstimateA4]\r\nOffset=254,0\r\nOffset P2=0,127\r\n"_qs);
+        ReportRecorder recorder;
+        Report report(u"repCsEstimateA4"_qs);
+        report.Recordset(ReportSamples::ordinary());
+        report.PrintReport(false);
+        const ReportJob& job = recorder.jobs().first();
+        const ReportRect here = job.pages.first().texts.first().room;
+        QCOMPARE(pagesFor(u"P1"_qs, job).first().texts.first().room, here);
+        QCOMPARE(pagesFor(u"P2"_qs, job).first().texts.first().room, here.moved(-1440, 720));
+    }
+
+    void aPaperWithoutRoomIsKnownBeforeItIsPrinted() {
+        ReportRecorder recorder;
+        ReportRecordset records = csEstimateRecordset();
+        records.AddNew();
+        records.Set(u"EstNo"_qs, u"1"_qs);
+        records.Set(u"EstSum"_qs, 12'345'678);
+        Report report(u"repCsEstWorkimateA4"_qs);
+        report.Recordset(records);
+        QVERIFY_EXCEPTION_THROWN(report.Compose(), ReportValueError);
+        QCOMPARE(report.Title(), u"労災見積書 1"_qs);
+        QVERIFY(recorder.documents().isEmpty());
+    }
+
     // A header value without its longest text, or a misspelt name, would leave a layout untried.
     void everySampleNamesWhatItsClassShows() {
         for (const ReportClass& report : reportClasses()) {

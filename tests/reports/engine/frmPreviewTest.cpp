@@ -5,8 +5,10 @@
 #include "reports/engine/ReportRecorder.h"
 #include "reports/engine/frmPreview.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileInfo>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -125,6 +127,38 @@ private slots:
         press(screen, u"cmdPdf"_qs);
         seams() = kept;
         QCOMPARE(messages, 0);
+    }
+
+    void theScanOfAFormLiesUnderThePageAndIsNeverPrinted() {
+        QTemporaryDir folder;
+        QImage scan(210, 297, QImage::Format_RGB32);
+        scan.fill(Qt::red);
+        const QString path = folder.filePath(u"form.png"_qs);
+        QVERIFY(scan.save(path));
+        ReportJob job = jobOf(1);
+        job.underlay = path;
+        frmPreview screen(job);
+        screen.show();
+        auto* sheet = screen.findChild<PreviewSheet*>();
+        auto* tick = control<QCheckBox>(screen, u"chkUnderlay"_qs);
+        const auto middle = [&] { return sheet->grab().toImage().pixelColor(sheet->width() / 2, sheet->height() / 2); };
+        QVERIFY(tick->isVisible() && tick->isChecked());
+        QCOMPARE(middle(), QColor(Qt::red));
+        tick->setChecked(false);
+        QCOMPARE(middle(), QColor(Qt::white));
+        tick->setChecked(true);
+        ReportRecorder recorder;
+        press(screen, u"cmdPrint"_qs);
+        QCOMPARE(recorder.jobs().first().pages.first().texts.size(), job.pages.first().texts.size());
+        QVERIFY(recorder.jobs().first().pages.first().boxes.isEmpty());
+    }
+
+    void aScanThatIsGoneLeavesThePreviewAlone() {
+        ReportJob job = jobOf(1);
+        job.underlay = u"/nowhere/form.png"_qs;
+        frmPreview screen(job);
+        screen.show();
+        QVERIFY(!control<QCheckBox>(screen, u"chkUnderlay"_qs)->isVisible());
     }
 
     void closeEndsThePreview() {
