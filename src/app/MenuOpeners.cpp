@@ -16,6 +16,8 @@
 #include "payments/screens/frmStMoneyEndSearch.h"
 #include "payments/screens/frmStOrderSales.h"
 #include "payments/screens/frmStWorkPlan.h"
+#include "price/screens/frmKakakuList.h"
+#include "price/screens/frmKakakuUpdate.h"
 #include "reference/screens/CodeTableScreen.h"
 #include "reference/screens/frmZipUpdate.h"
 
@@ -71,6 +73,8 @@ const QHash<QString, MenuOpener>& menuOpeners() {
         {u"cbSearchAbnormal"_qs, AmountCheck::run},
         {u"cmdEquip"_qs, opener<frmCsEquipment>()},
         {u"cbPrintAdjust"_qs, opener<frmPrintAdjust>()},
+        {u"cbKakaku"_qs, opener<frmKakakuList>()},
+        {u"cbMsKakaku"_qs, opener<frmKakakuUpdate>()},
     };
     return table;
 }

@@ -40,7 +40,22 @@ QString pricesTaken(const Cells& line, const LineContext& item, const LineRules&
     return prices.join(u"],"_qs);
 }
 
+QString head(const QString& owner, const Cells& line, const LineContext& item, const LineRules& rules) {
+    return u"価格マスタに"_qs + owner + told(line, item, rules);
+}
+
 } // namespace
+
+void logMissingPrice(const QString& owner, const Cells& line, const LineContext& item, const LineRules& rules) {
+    writeLog(head(owner, line, item, rules) +
+             (rules.tiered ? u"]のデータは存在しません｡"_qs : u"]のデータが存在しません｡"_qs));
+}
+
+void logAmbiguousPrice(const QString& owner, const Cells& line, const LineContext& item, const LineRules& rules) {
+    const QString word = rules.tiered && !owner.isEmpty() ? u"は"_qs : u"が"_qs;
+    writeLog(head(owner, line, item, rules) + u"]のデータ"_qs + word + u"複数存在します｡"_qs +
+             pricesTaken(line, item, rules) + u"]で更新します。"_qs);
+}
 
 void Pricing::reprice(Composition& composition) {
     for (int row = 1; row <= composition.items().size(); ++row)
@@ -59,11 +74,6 @@ void Pricing::reprice(ComposedItem& item) {
             }
             if (result == Found) continue;
             m_incomplete = true;
-            const QString head = u"価格マスタに"_qs + m_owner + told(line, context, *rules);
-            if (result == Missing)
-                writeLog(head + (rules->tiered ? u"]のデータは存在しません｡"_qs : u"]のデータが存在しません｡"_qs));
-            else
-                writeLog(head + u"]のデータが複数存在します｡"_qs + pricesTaken(line, context, *rules) +
-                         u"]で更新します。"_qs);
+            (result == Missing ? logMissingPrice : logAmbiguousPrice)(m_owner, line, context, *rules);
         }
 }

@@ -150,9 +150,8 @@ SqlTerm PriceGroupFilter(const QList<std::pair<QString, QString>>& columnsAndVal
 }
 
 PriceTable& priceTable(const QString& name) {
-    for (PriceTable* table : std::initializer_list<PriceTable*>{&gPriceItemManager, &gPriceBaseManager,
-                                                               &gPriceAddManager, &gPriceElmtManager,
-                                                               &gPricePartsManager})
+    for (PriceTable* table : std::initializer_list<PriceTable*>{
+             &gPriceItemManager, &gPriceBaseManager, &gPriceAddManager, &gPriceElmtManager, &gPricePartsManager})
         if (table->name() == name) return *table;
     throw AppError(u"%1 は価格の表ではありません。"_qs.arg(name), u"PriceTable"_qs);
 }

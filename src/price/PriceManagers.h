@@ -73,6 +73,10 @@ public:
     PriceRow storedRow(const QString& id) override;
     void saveRow(PriceRow& row) override;
     QStringList valuesOf(const QString& column, const SqlTerm& where) override;
+    void bind(Connection& connection) override { this->Prepare(connection); }
+    void empty() override { DeleteData({}); }
+    void importRow(const PriceRow& row) override { SaveInit(recordOf(row)); }
+    qint64 rowCount() override { return GetCount(); }
 
 protected:
     using typename TableManager<Record>::Member;
@@ -104,6 +108,11 @@ private:
         for (const Field<Record>& field : this->fields()) row.insert(field.column, record.*field.member);
         return row;
     }
+    Record recordOf(const PriceRow& row) const {
+        Record record;
+        for (const Field<Record>& field : this->fields()) record.*field.member = row.value(field.column);
+        return record;
+    }
 
     void grouped(QList<Record>& result, Member member, const SqlTerm& where, const QString& number,
                  const QString& sort) {
@@ -131,8 +140,7 @@ template <class Record> PriceRow PriceManager<Record>::storedRow(const QString& 
 }
 
 template <class Record> void PriceManager<Record>::saveRow(PriceRow& row) {
-    Record record;
-    for (const Field<Record>& field : this->fields()) record.*field.member = row.value(field.column);
+    Record record = recordOf(row);
     SaveData(record);
     row.insert(u"ID"_qs, record.ID);
 }

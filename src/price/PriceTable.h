@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QStringList>
 
+class Connection;
+
 // The texts of a price row by its columns; one that is left out is empty.
 using PriceRow = QHash<QString, QString>;
 
@@ -24,6 +26,13 @@ public:
     virtual PriceRow storedRow(const QString& id) = 0;
     // Writes a row; one without an ID is a user's own and gets its number.
     virtual void saveRow(PriceRow& row) = 0;
+    // --- for whole tables, of any database ---
+    // Works on another connection from now on.
+    virtual void bind(Connection& connection) = 0;
+    virtual void empty() = 0;
+    // Inserts a row as it stands, its ID included.
+    virtual void importRow(const PriceRow& row) = 0;
+    virtual qint64 rowCount() = 0;
     // The values of a column under a condition, each once, in their order.
     virtual QStringList valuesOf(const QString& column, const SqlTerm& where) = 0;
 };

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "price/PriceFiles.h"
+#include "ui/Screen.h"
+
+namespace Ui {
+class frmKakakuFaults;
+}
+
+// Shows what is wrong in the files of a revision before anything starts, and asks whether to go on all the same.
+class frmKakakuFaults : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmKakakuFaults(QWidget* parent = nullptr);
+    ~frmKakakuFaults() override;
+
+    // True when there is nothing wrong, or the operator goes on.
+    static bool mayGoOn(QWidget* parent, const QList<PriceFiles::Fault>& faults);
+
+    QList<PriceFiles::Fault> Faults;
+    bool GoOn = false;
+
+protected:
+    void load() override;
+
+private:
+    std::unique_ptr<Ui::frmKakakuFaults> ui;
+};
