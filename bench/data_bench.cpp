@@ -76,7 +76,7 @@ void readOrder(benchmark::State& state) {
 BENCHMARK(readOrder)->Unit(benchmark::kMillisecond);
 
 // With everything that reaches the disk before the operator may go on; also as it would be without the last sync, that
-// of the folder (docs/decisions/0031). To be compared in one run, turn by turn:
+// of the folder (docs/decisions/0043). To be compared in one run, turn by turn:
 //   data_bench --benchmark_filter=saveOrder --benchmark_repetitions=20 --benchmark_enable_random_interleaving=true
 void saveOrder(benchmark::State& state, const QString& synchronous) {
     Office office;

@@ -65,7 +65,7 @@ QString withoutBlanksAhead(const QString& field) {
 // A sign without anything to work on, and a number or telephone number behind its sign.
 bool isNoFormula(const QString& text) {
     static const QRegularExpression signsAlone(u"^[=+\\-@＝＋－＠\\s]*\\z"_qs);
-    static const QRegularExpression number(u"^[+\\-＋－][0-9０-９.][0-9０-９.()（）\\-－ ]*\\z"_qs);
+    static const QRegularExpression number(u"^[+\\-＋－][(（]?[0-9０-９.][0-9０-９.()（）\\-－ ]*\\z"_qs);
     return signsAlone.match(text).hasMatch() || number.match(text).hasMatch();
 }
 

@@ -247,11 +247,16 @@ QString wholeSigns(const QString& text) {
 
 namespace {
 
-QString withoutControls(QString text) {
+// A pattern finds nothing at all in a text with a lone half.
+QString withoutHalves(QString text) {
     for (qsizetype place = loneHalf(text); place >= 0; place = loneHalfFrom(text, place + 1)) text[place] = QChar::Null;
-    text.replace(u'\t', u' ');
-    text.removeIf([](QChar sign) { return sign.category() == QChar::Other_Control; });
-    return text.trimmed();
+    return text.remove(QChar::Null);
+}
+
+QString withoutControls(QString line) {
+    line.replace(u'\t', u' ');
+    line.removeIf([](QChar sign) { return sign.category() == QChar::Other_Control; });
+    return line.trimmed();
 }
 
 } // namespace
@@ -259,7 +264,7 @@ QString withoutControls(QString text) {
 QString oneLine(const QString& text) {
     static const QRegularExpression lineEnds(u"[\\n\\r\\x0B\\x0C\\x{85}\\x{2028}\\x{2029}]"_qs);
     QString line;
-    for (const QString& part : text.split(lineEnds))
+    for (const QString& part : withoutHalves(text).split(lineEnds))
         if (line = withoutControls(part); !line.isEmpty()) break;
     return line;
 }

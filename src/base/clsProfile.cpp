@@ -210,13 +210,15 @@ qint64 clsProfile::GetNumber(const QString& section, const QString& key, qint64 
                              qint64 most) const {
     const QString value = GetValue(section, key, QString::number(defaultValue));
     const QString number = narrowNumber(value).remove(u',').trimmed();
-    const double rounded = isPlainNumber(number) ? roundHalfEven(number.toDouble()) : qQNaN();
+    const bool isNumber = isPlainNumber(number);
+    const double rounded = isNumber ? roundHalfEven(number.toDouble()) : qQNaN();
     if (rounded >= static_cast<double>(least) && rounded <= static_cast<double>(most))
         return static_cast<qint64>(rounded);
-    throw AppError(
-        u"データ型が一致しません。\nINIﾌｧｲﾙの [%1] の %2（%3）には %4 から %5 までの整数を指定してください。"_qs.arg(
-            section, key, value.isEmpty() ? u"空"_qs : value, QString::number(least), QString::number(most)),
-        u"clsProfile"_qs, 13);
+    const AppError fault = isNumber ? Errors::overflow(u"clsProfile"_qs) : Errors::typeMismatch(u"clsProfile"_qs);
+    throw AppError(u"%1\nINIﾌｧｲﾙの [%2] の %3（%4）には %5 から %6 までの整数を指定してください。"_qs.arg(
+                       fault.description(), section, key, value.isEmpty() ? u"空"_qs : value, QString::number(least),
+                       QString::number(most)),
+                   fault.source(), fault.number());
 }
 
 QString clsProfile::GetPath(const QString& section, const QString& key, const QString& defaultValue) const {

@@ -62,7 +62,7 @@ void checkRowId(Cells& row, int column) {
 
 void startAnew(Cells& row, int column) {
     if (validItems(hasTexts(row, column)).isEmpty()) row[column].clear();
-    if (column != Form) clearFrom(row, column + 1, column == Item ? -1 : int(Form));
+    if (column != Form) clearFrom(row, column + 1);
 }
 
 void takeText(Cells& row, int column, const Habits& habits) {

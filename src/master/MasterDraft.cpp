@@ -1,5 +1,6 @@
 #include "master/MasterDraft.h"
 
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -145,14 +146,15 @@ MasterDraft newMaster() {
 }
 
 bool loadMaster(const QString& ProductId, MasterDraft& draft) {
-    draft = {};
-    if (!gMstEstimateManager.GetData(ProductId, draft.master)) return false;
-    draft.taxRate = masterTaxRate();
-    draft.composition = composed(readMasterRows(ProductId));
-    for (int row = 1; row <= draft.composition.items().size(); ++row) {
-        Cells& cells = draft.composition.item(row).cells;
+    MasterDraft stored;
+    if (!gMstEstimateManager.GetData(ProductId, stored.master)) return false;
+    stored.taxRate = masterTaxRate();
+    stored.composition = composed(readMasterRows(ProductId));
+    for (int row = 1; row <= stored.composition.items().size(); ++row) {
+        Cells& cells = stored.composition.item(row).cells;
         cells[ItemRules::RowId] = ItemRules::idOf(cells);
     }
+    draft = stored;
     return true;
 }
 
@@ -169,8 +171,14 @@ MasterSave saveMaster(Connection& connection, MasterDraft& draft, const IsCodeUs
     return came;
 }
 
-void deleteMaster(Connection& connection, const QString& ProductId) {
+void deleteMaster(Connection& connection, const QString& ProductId, const std::optional<QString>& UpdDate) {
     Transaction transaction(connection);
+    connection.lockForWriting(gMstEstimateManager.table()); // a save under way ends first, with all its rows
+    clsMstEstimate stored;
+    if (UpdDate && gMstEstimateManager.GetData(ProductId, stored) && stored.UpdDate != *UpdDate)
+        throw AppError(
+            u"このマスタ見積は他の端末で更新されています。\n開き直して内容を確かめてから削除してください。"_qs,
+            u"MasterDraft"_qs);
     gMstMakeElmtManager.DeleteData(ProductId);
     gMstCmpltElmtManager.DeleteData(ProductId);
     gMstItemManager.DeleteData(ProductId);

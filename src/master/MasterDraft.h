@@ -5,6 +5,7 @@
 #include "master/MasterTotals.h"
 
 #include <functional>
+#include <optional>
 
 class Connection;
 
@@ -31,7 +32,7 @@ struct MasterDraft {
 
 // One to be filled in, of the price year in force.
 MasterDraft newMaster();
-// Reads a stored one with all that hangs on it. False when there is none.
+// Reads a stored one with all that hangs on it. False when there is none, which leaves the draft as it was.
 bool loadMaster(const QString& ProductId, MasterDraft& draft);
 
 // What came of a save; all but the first was told.
@@ -46,5 +47,6 @@ using IsCodeUsed = std::function<bool(const QString& ProductCd)>;
 // rollback.
 MasterSave saveMaster(Connection& connection, MasterDraft& draft, const IsCodeUsed& isUsed);
 
-// Removes a master estimate and its rows in one transaction. Estimates that name its code stay as they are.
-void deleteMaster(Connection& connection, const QString& ProductId);
+// Removes a master estimate and its rows in one transaction. Estimates that name its code stay as they are. One that
+// another machine has stored since `UpdDate`, when given, raises an error and stays.
+void deleteMaster(Connection& connection, const QString& ProductId, const std::optional<QString>& UpdDate = {});

@@ -79,7 +79,6 @@ void createFile(const ConnectionSettings& settings, const Filler& fill) {
     // For its owner alone; the engine gives its journal the same mode.
     if (!empty.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner))
         throw AppError(u"データベースを作成できません。\n"_qs + settings.path, u"DatabaseCreation"_qs);
-    empty.setPermissions(officeFileMode);
     empty.close();
     try {
         Connection connection(ConnectionSettings::sqliteFile(unfinished));
@@ -166,6 +165,20 @@ void createWith(const ConnectionSettings& settings, const Filler& fill) {
         createOnServer(settings, fill);
 }
 
+namespace {
+
+constexpr int patience = 10'000; // milliseconds
+
+// Those of this program, which has closed the database but may have a session left that is still ending.
+void endOwnSessions(Connection& server, const QString& database) {
+    server.engineScalar(
+        u"SELECT COUNT(pg_terminate_backend(pid, %1)) FROM pg_stat_activity WHERE datname = '%2'"
+        u" AND application_name = current_setting('application_name') AND pid <> pg_backend_pid()"_qs.arg(
+            QString::number(patience), QString(database).replace(u"'"_qs, u"''"_qs)));
+}
+
+} // namespace
+
 void exchangeOnServer(const ConnectionSettings& settings, const QString& newOne, const QString& kept) {
     dropOnServer(settings, kept);
     Connection server(administrationOf(settings));
@@ -173,6 +186,7 @@ void exchangeOnServer(const ConnectionSettings& settings, const QString& newOne,
     const auto rename = [&server](const QString& from, const QString& to) {
         server.engineExecute(u"ALTER DATABASE %1 RENAME TO %2"_qs.arg(quotedName(from), quotedName(to)));
     };
+    endOwnSessions(server, settings.database);
     Transaction transaction(server);
     rename(settings.database, kept);
     rename(newOne, settings.database);

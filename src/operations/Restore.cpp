@@ -122,6 +122,8 @@ Backup::Proof intoServer(const ConnectionSettings& office, const QString& file, 
         DatabaseCreation::exchangeOnServer(office, incoming.database, keptName(office));
     } catch (const AppError&) {
         DatabaseCreation::dropOnServer(office, incoming.database);
+        const QStringList machines = OpenMachines::others(office); // who came in meanwhile
+        if (!machines.isEmpty()) throw AppError(openElsewhere(machines), u"Restore"_qs);
         throw;
     }
     return proof;

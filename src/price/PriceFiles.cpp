@@ -124,13 +124,12 @@ QString sampleName(const QString& table) { return profileKey(table) + u".csv"_qs
 
 bool Reader::next() {
     while (!m_file.atEnd()) {
-        QByteArray bytes = m_file.readLine();
+        QString text = Text::fromCp932(m_file.readLine());
         ++m_number;
-        bytes.replace('\n', {}).replace('\r', {});
-        if (bytes.isEmpty()) continue;
-        const QString text = Text::fromCp932(bytes);
+        text.remove(u'\n').remove(u'\r');
+        if (text.isEmpty()) continue;
         m_isText = !text.contains(unreadable);
-        m_fields = QString(text).remove(u'"').split(u',');
+        m_fields = text.remove(u'"').split(u',');
         return true;
     }
     return false;

@@ -55,7 +55,7 @@ public:
         addRuler(false);
         addCorners();
         for (qsizetype i = 0; i < words.size(); ++i)
-            addWords(words.at(i), {twips(30), twips(40 + 8.0 * double(i))}, 11);
+            addWords(words.at(i), {twips(15), twips(40 + 8.0 * double(i))}, 10);
         return std::move(m_page);
     }
 

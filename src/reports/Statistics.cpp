@@ -32,9 +32,18 @@ ReportParameters longest() {
     return longest;
 }
 
+// Of those the ones that a report has.
+ReportParameters longestOf(const ReportRecordset& records, const ReportHeader& header) {
+    ReportParameters shown = longest();
+    shown.removeIf([&](const auto& entry) {
+        return !records.hasField(entry.key()) && !header.values.contains(entry.key());
+    });
+    return shown;
+}
+
 ReportClass list(const QString& name, const QString& title, ReportRecordset (*recordset)(), ReportHeader (*header)()) {
     const auto titled = [title](const ReportRecordset&, const ReportParameters&) { return title; };
-    return {name, recordset, ReportRowPlan::List, nullptr, header, titled, {{}, longest()}};
+    return {name, recordset, ReportRowPlan::List, nullptr, header, titled, {{}, longestOf(recordset(), header())}};
 }
 
 // --- payments ---

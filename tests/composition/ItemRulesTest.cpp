@@ -187,7 +187,7 @@ private slots:
         chooseInMaster(row, ItemRules::PickKbn, u"F-2"_qs);
         QCOMPARE(row.at(ItemRules::Name), u"半長靴"_qs);
         QCOMPARE(row.at(ItemRules::Form), QString());
-        QCOMPARE(row.at(ItemRules::PickStyle), u"2"_qs);
+        QCOMPARE(row.at(ItemRules::PickStyle), u"1"_qs);
     }
 
     void kindOfAMasterWithoutAValidPriceRowIsNotTaken() {

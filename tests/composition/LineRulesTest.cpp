@@ -202,16 +202,16 @@ private slots:
         const auto add = [this](int id, const QString& form, const QString& code, const QString& maker) {
             m_database->connection().execute(
                 u"INSERT INTO [価格部品] ([ID], [種目], [名称], [形式], [部品コード], [メーカ名], [新価格], [使用設定],"
-                u" [有効Flg]) VALUES (%1, '下肢装具', '試継手', '%2', '%3', '%4', 1000, 1, 0)"_qs.arg(
+                u" [有効Flg]) VALUES (%1, '下肢装具', '別継手', '%2', '%3', '%4', 1000, 1, 0)"_qs.arg(
                     QString::number(id), form, code, maker));
         };
-        add(9999001, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs);
+        add(9999011, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs);
         Cells row = emptyRow(PartsLine::Columns);
-        choosePart(row, PartsLine::PartsNm, u"試継手"_qs, braceContext());
-        QCOMPARE(row.mid(PartsLine::PartsNm, 4), (QStringList{u"試継手"_qs, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs}));
+        choosePart(row, PartsLine::PartsNm, u"別継手"_qs, braceContext());
+        QCOMPARE(row.mid(PartsLine::PartsNm, 4), (QStringList{u"別継手"_qs, u"一型"_qs, u"S-1"_qs, u"甲製作所"_qs}));
 
-        add(9999002, u"二型"_qs, u"S-2"_qs, u"甲製作所"_qs);
-        add(9999003, u"二型"_qs, u"S-2"_qs, u"乙製作所"_qs);
+        add(9999012, u"二型"_qs, u"S-2"_qs, u"甲製作所"_qs);
+        add(9999013, u"二型"_qs, u"S-2"_qs, u"乙製作所"_qs);
         choosePart(row, PartsLine::Form, u"二型"_qs, braceContext());
         choosePart(row, PartsLine::PartsCd, u"S-2"_qs, braceContext());
         QCOMPARE(row.at(PartsLine::MakerNm), QString());

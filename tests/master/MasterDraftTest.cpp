@@ -252,7 +252,7 @@ private slots:
         saved(u"P-1"_qs, 1);
         MasterDraft second = saved(u"P-2"_qs, 2);
         connection().execute(u"UPDATE [マスタ見積情報] SET [製品コード] = 'P-1'"_qs);
-        QVERIFY(loadMaster(second.master.ProductId, second));
+        second = loaded(second.master.ProductId);
         MessageQueue messages;
         QCOMPARE(save(second), MasterSave::WrongCode);
         QCOMPARE(rowCounts(), QStringList({u"2"_qs, u"2"_qs, u"3"_qs, u"0"_qs}));
@@ -383,6 +383,16 @@ private slots:
         deleteMaster(connection(), gone.master.ProductId);
         QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"2"_qs, u"0"_qs}));
         QCOMPARE(scalar(u"SELECT [製品コード] FROM [マスタ見積情報]"_qs), kept.master.ProductCd);
+    }
+
+    void changedElsewhereIsNotDeletedUnseen() {
+        const MasterDraft draft = loaded(saved(u"P-1"_qs).master.ProductId);
+        storeElsewhere(draft.master.ProductId);
+        const auto remove = [&] { deleteMaster(connection(), draft.master.ProductId, draft.master.UpdDate); };
+        QVERIFY(raised(remove).startsWith(u"このマスタ見積は他の端末で更新されています。"_qs));
+        QCOMPARE(rowCounts(), QStringList({u"1"_qs, u"1"_qs, u"1"_qs, u"0"_qs}));
+        deleteMaster(connection(), draft.master.ProductId, loaded(draft.master.ProductId).master.UpdDate);
+        QCOMPARE(rowCounts(), QStringList(4, u"0"_qs));
     }
 
     void copyIsStoredBesideItsOriginal() {

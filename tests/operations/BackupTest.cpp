@@ -132,12 +132,11 @@ private slots:
         const QString name = copy.scalar(u"SELECT [企業名] FROM [企業情報]"_qs);
         const QString number = copy.scalar(u"SELECT [最終値] FROM [採番] WHERE [項目名] = '見積ID'"_qs);
         if (TestDatabase::isPostgres()) { // of the moment when it began
-            QCOMPARE(name, u"みほん義肢製作所（見本）"_qs);
-            QVERIFY(number.toInt() > 100 || number.startsWith(u'0'));
+            QVERIFY2(name.toInt() < saves, qPrintable(name));
         } else { // of the moment when it ended
             QCOMPARE(name, QString::number(saves));
-            QCOMPARE(number, name);
         }
+        QCOMPARE(number, name);
     }
 
     void aCopyThatCannotBeUsedIsRefusedWithItsPath_data() {

@@ -106,6 +106,9 @@ void PrivateServer::kill() {
         if (one > 1) ::kill(static_cast<pid_t>(one), SIGKILL);
     for (const qint64 one : all)
         if (one > 1) awaitEnd(one);
+    // Its marks would keep the next one away for as long as nobody has taken note of its end.
+    for (const QString& mark : {u"data/postmaster.pid"_qs, u".s.PGSQL.5432.lock"_qs, u".s.PGSQL.5432"_qs})
+        QFile::remove(m_folder.filePath(mark));
 }
 
 void PrivateServer::killBackEnd(qint64 pid) {

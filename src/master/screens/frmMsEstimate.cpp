@@ -6,6 +6,8 @@
 #include "db/clsDbManager.h"
 #include "estimates/EstimateManagers.h"
 #include "master/MasterComposition.h"
+#include "master/MasterManagers.h"
+#include "master/screens/MasterPrinting.h"
 #include "ui/FormPieces.h"
 #include "ui_frmMsEstimate.h"
 
@@ -62,13 +64,14 @@ void frmMsEstimate::connectPages() {
 }
 
 void frmMsEstimate::connectCommands() {
-    setUpEditing({{ui->fraHeader, ui->fraData_0, ui->fraData_1, ui->fraData_2, ui->cmdExec},
+    setUpEditing({{ui->fraHeader, ui->fraData_0, ui->fraData_1, ui->fraData_2, ui->cmdExec, ui->cmdPrt_0, ui->cmdPrt_1},
                   {},
                   ui->cmdCancel,
                   ui->cmdDel,
                   ui->cmdClose,
                   ui->lblModeTitle});
-    for (QPushButton* later : {ui->cmdPrt_0, ui->cmdPrt_1}) later->setEnabled(false); // the paper is not there yet
+    onClick(ui->cmdPrt_0, [this] { print(PrintTo::Printer); });
+    onClick(ui->cmdPrt_1, [this] { print(PrintTo::Preview); });
     onClick(ui->cmdExec, [this] { execute(); });
     onClick(ui->cmdAutoName, [this] { ui->txtProductNm->setValue(m_draft.proposedName()); });
 }
@@ -164,6 +167,19 @@ void frmMsEstimate::startAnew() {
 }
 
 bool frmMsEstimate::removeStored() {
-    deleteMaster(gDbManager.Connection(), ProductId);
+    deleteMaster(gDbManager.Connection(), ProductId, m_draft.master.UpdDate);
     return true;
+}
+
+// --- printing ---
+
+// The paper shows what is stored.
+void frmMsEstimate::print(PrintTo to) {
+    if (!leaveField()) return;
+    if (EditMode != Edit || isEdited()) {
+        ShowMessage(Message::SaveFirst, subject);
+        return;
+    }
+    if (to == PrintTo::Printer && ShowMessage(Message::AskPrint, {}) != AnswerYes) return;
+    printMasters(gMstEstimateManager.keyed({ProductId}), to);
 }

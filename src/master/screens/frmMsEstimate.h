@@ -1,6 +1,7 @@
 #pragma once
 
 #include "master/MasterDraft.h"
+#include "reports/engine/Report.h"
 #include "ui/EditScreen.h"
 
 namespace Ui {
@@ -38,6 +39,7 @@ private:
     void execute();
     // What was stored is gone; the next save adds it anew.
     void startAnew();
+    void print(PrintTo to);
 
     const std::unique_ptr<Ui::frmMsEstimate> ui;
     MasterDraft m_draft; // as loaded or saved last, with the composition as it is now

@@ -24,7 +24,7 @@ enum Column { RowNo, Document, ClassName, Right, Down, Underlay };
 
 QList<GridColumn> columns() {
     return {GridColumn::rowNumber(),
-            GridColumn::of(u"書類"_qs, 20),
+            GridColumn::of(u"書類"_qs, 16),
             GridColumn::of(u"帳票"_qs, 24),
             GridColumn::of(u"右"_qs, 6).aligned(Qt::AlignRight),
             GridColumn::of(u"下"_qs, 6).aligned(Qt::AlignRight),
@@ -48,6 +48,7 @@ frmPrintAdjust::frmPrintAdjust(QWidget* parent) : Screen(parent), ui(std::make_u
     FormPieces::applyCharacters(this);
     ui->flxReport->setColumns(columns());
     ui->cboZoom->addItems({u"ページ全体"_qs, u"100 %"_qs, u"200 %"_qs});
+    ui->cboZoom->setCurrentIndex(0);
     connect(ui->flxReport, &Grid::currentRowChanged, this, [this] { guarded([this] { showReport(); }); });
     connect(ui->cboPrinter, &ChoiceBox::valueChanged, this, [this] {
         guarded([this] {
@@ -177,9 +178,9 @@ void frmPrintAdjust::printRuler() {
     const ReportOffset moved = offset();
     ReportJob job = m_sample;
     job.title = u"位置合わせ "_qs + documentName(reportClass(reportName()));
-    job.pages = {rulerPage(layout, {job.title,
-                                    u"右へ %1 mm　下へ %2 mm"_qs.arg(millimetres(moved.right), millimetres(moved.down)),
-                                    u"四隅の十字が紙の端から 10 mm に来るように、右と下の値を直してください。"_qs})};
+    job.pages = {rulerPage(
+        layout, {job.title, u"右へ %1 mm　下へ %2 mm"_qs.arg(millimetres(moved.right), millimetres(moved.down)),
+                 u"四隅の十字が紙の端から 10 mm に来るように、"_qs, u"右と下の値を直してください。"_qs})};
     job.pages = shifted(job.pages, offsetTwips(moved.right), offsetTwips(moved.down));
     reportOutput().print(job, false);
 }

@@ -9,6 +9,8 @@ namespace {
 
 constexpr int markColumn = 0;
 constexpr int firstValue = 1;
+constexpr int widest = 1240; // pixels of the screen
+constexpr int frame = 60;    // around the columns
 
 // The two values of 有効Flg, and what they mean in the open list.
 const GridEntries flags{{u"0"_qs, u"0"_qs, u"使用中"_qs}, {u"1"_qs, u"1"_qs, u"廃止"_qs}};
@@ -29,6 +31,7 @@ CodeTableScreen::CodeTableScreen(QWidget* parent, std::unique_ptr<CodeTable> tab
     setWindowTitle(form().caption);
     ui->flxData->setObjectName(form().grid);
     ui->flxData->setColumns(gridColumns());
+    showWhole();
     ui->lblFlag->setVisible(m_table->flagColumn() >= 0);
     m_rows = new EditedRows(ui->flxData, markColumn, keyColumn());
     m_rows->startRow = [this](int row) { startRow(row); };
@@ -60,6 +63,13 @@ void CodeTableScreen::load() {
 }
 
 // --- rows and cells ---
+
+// As wide as its columns, as far as the display of an office allows.
+void CodeTableScreen::showWhole() {
+    int columns = frame;
+    for (int column = 0; column < keyColumn(); ++column) columns += ui->flxData->columnWidth(column);
+    resize(qBound(width(), columns, widest), height());
+}
 
 QList<GridColumn> CodeTableScreen::gridColumns() const {
     QList<GridColumn> columns{GridColumn::of({}, 2).aligned(Qt::AlignHCenter)};

@@ -33,6 +33,7 @@ private:
     QStringList cellsOf(const CodeRow& row) const;
     QString flagAt(int row) const;
     QList<GridColumn> gridColumns() const;
+    void showWhole();
     void fillChoices(const QList<CodeRow>& rows);
     void showCodeOf(int row, int column);
     void showRows();

@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     const auto write = [&](bool silent) {
         Transaction transaction(connection);
         if (silent) setLoopback(false);
-        connection.engineExecute(QStringLiteral("CREATE TABLE kept (value integer)"));
+        connection.engineExecute(QStringLiteral("CREATE TABLE silence (value integer)"));
         transaction.commit();
     };
     try {
@@ -56,5 +56,5 @@ int main(int argc, char** argv) {
     }
     setLoopback(true);
     write(false);
-    tell(connection.engineScalar(QStringLiteral("SELECT COUNT(*) FROM kept")));
+    tell(connection.engineScalar(QStringLiteral("SELECT COUNT(*) FROM silence")));
 }
