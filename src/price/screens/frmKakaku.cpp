@@ -161,7 +161,7 @@ void frmKakaku::addStamps(QGridLayout* grid) {
     grid->addLayout(editor, row, 1, 1, 3);
 }
 
-void frmKakaku::addCommands(QLayout* rows) {
+void frmKakaku::addCommands(QVBoxLayout* rows) {
     auto* commands = new QHBoxLayout;
     const auto add = [commands](const QString& name, const QString& text) {
         auto* button = new QPushButton(text);
@@ -174,7 +174,7 @@ void frmKakaku::addCommands(QLayout* rows) {
     add(u"cbDel"_qs, u"削除(&D)"_qs);
     commands->addStretch(1);
     add(u"cbClose"_qs, u"閉じる(&X)"_qs)->setProperty("leavesUnchecked", true);
-    rows->addItem(commands);
+    rows->addLayout(commands);
 }
 
 QWidget* frmKakaku::controlOf(const PriceField& field) const { return findChild<QWidget*>(field.control); }

@@ -5,6 +5,7 @@
 
 class QCheckBox;
 class QGridLayout;
+class QVBoxLayout;
 class NarrowingBoxes;
 struct PriceField;
 struct PriceForm;
@@ -29,7 +30,7 @@ protected:
 private:
     void addFields(QGridLayout* grid);
     void addStamps(QGridLayout* grid);
-    void addCommands(QLayout* rows);
+    void addCommands(QVBoxLayout* rows);
     QWidget* controlOf(const PriceField& field) const;
 
     bool isNew() const { return EditMode != Edit; }
