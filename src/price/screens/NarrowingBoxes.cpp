@@ -4,24 +4,14 @@
 #include "price/PriceManagers.h"
 #include "ui/ChoiceBox.h"
 
-#include <QLineEdit>
 #include <QScopedValueRollback>
-
-namespace {
-
-bool isBeingTyped(const ChoiceBox* box) { return box->hasFocus() && box->findText(box->text()) < 0; }
-
-} // namespace
 
 NarrowingBoxes::NarrowingBoxes(QList<ChoiceBox*> boxes, ListHead head, bool clearing, QObject* parent)
     : QObject(parent), m_boxes(std::move(boxes)), m_head(head), m_clearing(clearing) {
     for (int place = 0; place < m_boxes.size(); ++place) {
         ChoiceBox* box = m_boxes.at(place);
-        box->setEditable(true);
-        connect(box, &ChoiceBox::valueChanged, this, [this, box, place] {
-            if (!isBeingTyped(box)) take(place);
-        });
-        connect(box->lineEdit(), &QLineEdit::editingFinished, this, [this, place] { take(place); });
+        if (!box->isEditable()) box->setEditable(true);
+        connect(box, &ChoiceBox::valueChanged, this, [this, place] { take(place); });
     }
 }
 

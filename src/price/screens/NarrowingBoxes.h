@@ -9,8 +9,8 @@
 class ChoiceBox;
 class PriceTable;
 
-// Boxes for columns of a price table, each of which offers what those before it leave over. A text counts once it is
-// chosen, or typed and left.
+// Boxes for columns of a price table, each of which offers what those before it leave over. A text counts as it is
+// typed; a part of one will do.
 class NarrowingBoxes : public QObject {
     Q_OBJECT
 
