@@ -4,8 +4,8 @@
 #include "base/Numbers.h"
 #include "price/basPriceLookup.h"
 #include "reports/CsEstimateFields.h"
-#include "reports/LineRows.h"
 #include "reports/CsEstimateValues.h"
+#include "reports/LineRows.h"
 #include "reports/ReportText.h"
 #include "reports/WorkSheetRows.h"
 
@@ -50,20 +50,15 @@ private:
     }
 
     void addDiscount(double subtotal, const QStringList& rates, int first, int second) {
-        addRow({{u"SumTitle"_qs, u"小　　　計"_qs}, {u"Price"_qs, subtotal}});
+        addRow(LineRows::subtotal(subtotal));
         addRow({{u"SumCal"_qs, discountWords(rates)}, {u"Price"_qs, discounted(subtotal, first, second)}});
     }
 
     double addMakeRows() {
         double subtotal = 0;
-        for (const clsCsMakeElmt& element : m_source.makeElements) {
-            Values values{{u"Elmt"_qs, element.MakeElmt}};
-            if (element.MakeElmt == basicPrice)
-                values += product(m_source, itemOf(m_source, element.EstItemNo));
-            else
-                values.append({u"Materials"_qs, element.Materials});
-            addRow(values + amounts(element.Suryo, element.Price));
-            subtotal += Val(element.Price);
+        for (const clsCsMakeElmt& line : m_source.makeElements) {
+            addRow(LineRows::makeLine(line, m_source.items, m_source.pickStyles));
+            subtotal += Val(line.Price);
         }
         return subtotal;
     }

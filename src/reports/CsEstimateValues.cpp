@@ -3,18 +3,11 @@
 #include "base/Dates.h"
 #include "base/Numbers.h"
 #include "base/basCommon.h"
-#include "price/basPriceLookup.h"
 #include "reports/ReportText.h"
 
 namespace CsEstimateValues {
 
-const QString basicPrice = u"基本価格"_qs;
-
 namespace {
-
-bool isWildcard(const QString& text) { return text == u"*" || text == u"＊"; }
-
-bool takesNameAsPickKbn(const QString& item) { return item == u"車椅子" || item == u"車いす"; }
 
 QString issueDateOf(const CsEstimateSource& source, const clsCsEstAsk& claim) {
     switch (source.kind) {
@@ -103,33 +96,6 @@ Values header(const CsEstimateSource& source, const clsCsEstAsk& claim, int copy
     const Values own{{u"AskNo"_qs, ToInt(Val(claim.AskNo))}, {u"Copy"_qs, copy}};
     return own + estimateValues(source, claim) + customerValues(source) + claimBoxValues(source);
 }
-
-Values amounts(const QString& suryo, const QString& price) {
-    const double quantity = Val(suryo);
-    Values values{{u"Suryo"_qs, suryo}, {u"Price"_qs, Val(price)}};
-    if (quantity > 0) values.append({u"Unit"_qs, roundHalfEven(Val(price) / quantity)});
-    return values;
-}
-
-Values product(const CsEstimateSource& source, const clsCsItem& item) {
-    Values values{{u"Item"_qs, item.Item}};
-    if (takesNameAsPickKbn(item.Item)) {
-        values.append({u"PickKbn"_qs, item.Name});
-    } else {
-        values.append({u"PickKbn"_qs, unlessWildcard(item.PickKbn)});
-        values.append({u"Name"_qs, unlessWildcard(item.Name)});
-    }
-    if (hasPickStyle(item.Item)) values.append({u"PickStyle"_qs, source.pickStyles.value(item.PickStyle)});
-    return values;
-}
-
-clsCsItem itemOf(const CsEstimateSource& source, const QString& itemNo) {
-    for (const clsCsItem& item : source.items)
-        if (Val(item.EstItemNo) == Val(itemNo)) return item;
-    return {};
-}
-
-QString unlessWildcard(const QString& text) { return isWildcard(text) ? QString() : text; }
 
 QStringList reducingRates(const QStringList& rates) {
     QStringList reducing;

@@ -5,15 +5,17 @@
 
 namespace LineRows {
 
-namespace {
-
 const QString basicPrice = u"基本価格"_qs;
+
+namespace {
 
 bool isWildcard(const QString& text) { return text == u"*" || text == u"＊"; }
 
-QString unlessWildcard(const QString& text) { return isWildcard(text) ? QString() : text; }
-
 bool takesNameAsPickKbn(const QString& item) { return item == u"車椅子" || item == u"車いす"; }
+
+} // namespace
+
+QString unlessWildcard(const QString& text) { return isWildcard(text) ? QString() : text; }
 
 clsCsItem itemOf(const QList<clsCsItem>& items, const QString& itemNo) {
     for (const clsCsItem& item : items)
@@ -21,7 +23,7 @@ clsCsItem itemOf(const QList<clsCsItem>& items, const QString& itemNo) {
     return {};
 }
 
-Values basicPriceValues(const clsCsItem& item, const QHash<QString, QString>& pickStyles) {
+Values product(const clsCsItem& item, const QHash<QString, QString>& pickStyles) {
     Values values{{u"Item"_qs, item.Item}};
     if (takesNameAsPickKbn(item.Item)) {
         values.append({u"PickKbn"_qs, item.Name});
@@ -40,12 +42,10 @@ Values amounts(const QString& suryo, const QString& price) {
     return values;
 }
 
-} // namespace
-
 Values makeLine(const clsCsMakeElmt& line, const QList<clsCsItem>& items, const QHash<QString, QString>& pickStyles) {
     Values values{{u"Elmt"_qs, line.MakeElmt}};
     if (line.MakeElmt == basicPrice)
-        values += basicPriceValues(itemOf(items, line.EstItemNo), pickStyles);
+        values += product(itemOf(items, line.EstItemNo), pickStyles);
     else
         values.append({u"Materials"_qs, line.Materials});
     return values + amounts(line.Suryo, line.Price);

@@ -9,6 +9,7 @@
 namespace {
 
 using namespace CsEstimateValues;
+using namespace LineRows;
 
 constexpr int noSection = 7;
 
@@ -78,7 +79,7 @@ bool hasAny(const QString& text, const QStringList& words) {
 
 clsCsItem headItem(const CsEstimateSource& source) {
     for (const clsCsMakeElmt& element : source.makeElements)
-        if (element.MakeElmt == basicPrice) return itemOf(source, element.EstItemNo);
+        if (element.MakeElmt == basicPrice) return itemOf(source.items, element.EstItemNo);
     return source.items.value(0);
 }
 
@@ -127,7 +128,7 @@ private:
 
     // A sheet is headed by one item; the basic price of a further one says whose it is.
     QString nameOf(const clsCsMakeElmt& element) const {
-        const clsCsItem item = itemOf(m_source, element.EstItemNo);
+        const clsCsItem item = itemOf(m_source.items, element.EstItemNo);
         const QString name = unlessWildcard(item.Name);
         return name.isEmpty() ? item.Item : name;
     }
@@ -180,7 +181,7 @@ Values sheetHead(const CsEstimateSource& source) {
 
 ReportRecordset workSheetRows(WorkSheet sheet, const CsEstimateSource& source) {
     ReportRecordset records = csEstWorkRecordset();
-    const Values head = product(source, headItem(source)) + sheetHead(source);
+    const Values head = product(headItem(source), source.pickStyles) + sheetHead(source);
     forEachDocument(source, [&](const clsCsEstAsk& claim, int copy) {
         const Values shared = header(source, claim, copy) + head;
         for (const Values& row : Sheet(sheet, source).rows()) addRow(records, shared, row);
