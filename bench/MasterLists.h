@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListRounds.h"
+#include "ListTiming.h"
 
 #include "master/MasterListFilter.h"
 #include "master/MasterManagers.h"

@@ -1,44 +1,26 @@
 // The lists of a large office, played on their screens, against the engine's own shell, in one run:
 // list_bench FILE.ini [WORD]    with a word, only the lists that have it in their name
-#include "ListRounds.h"
+#include "ListTiming.h"
 #include "MasterLists.h"
-#include "base/AppError.h"
-#include "base/Application.h"
-#include "base/Seams.h"
-#include "base/Text.h"
-#include "base/clsLogger.h"
+
 #include "customers/clsCustomerManager.h"
 #include "customers/screens/CustomerSelection.h"
 #include "customers/screens/frmCustomerList.h"
 #include "db/SqlDialect.h"
-#include "db/clsDbManager.h"
 #include "estimates/EstimateManagers.h"
 #include "estimates/screens/EstimateSearchPage.h"
 #include "estimates/screens/frmCsEstimateList.h"
-#include "operations/Managers.h"
-#include "support/OfficeDisplay.h"
 #include "ui/ChoiceBox.h"
-#include "ui/DialogSeams.h"
 #include "ui/EntryField.h"
 #include "ui/Grid.h"
 #include "ui/KeyedList.h"
-#include "ui/Style.h"
 #include "ui/TextField.h"
 #include "ui/basControlUtil.h"
 #include "ui/frmSelectList.h"
 
-#include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTimer>
-
-#include <cstdio>
 
 namespace {
 
@@ -319,29 +301,4 @@ void run() {
 
 } // namespace
 
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    useOfficeDisplay();
-    QApplication application(argc, argv);
-    if (argc != 2 && argc != 3) return 2;
-    if (argc == 3) onlyWith = QString::fromLocal8Bit(argv[2]);
-    Text::assertConverters();
-    Style::apply(application);
-    fillSeamsWithDialogs();
-    const QFileInfo ini(QString::fromLocal8Bit(argv[1]));
-    seams().programFolder = [folder = ini.absolutePath()] { return folder; };
-    seams().message = [](const MessageBoxRequest& request) -> qint16 { qFatal("%s", qUtf8Printable(request.text)); };
-    try {
-        gLogger = std::make_unique<clsLogger>();
-        setSystemDate({});
-        gDbManager.DBOpen();
-        Managers::prepare(gDbManager.Connection());
-        run();
-        Managers::release();
-        gDbManager.DBClose();
-        return allHold ? EXIT_SUCCESS : EXIT_FAILURE;
-    } catch (const AppError& error) {
-        std::fprintf(stderr, "list_bench: %s\n", qUtf8Printable(error.description()));
-        return 2;
-    }
-}
+int main(int argc, char** argv) { return runLists(argc, argv, run); }
