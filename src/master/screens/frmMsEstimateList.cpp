@@ -54,6 +54,7 @@ frmMsEstimateList::frmMsEstimateList(QWidget* parent)
          {u"　義　肢　"_qs, u"　装　具　"_qs, u"　座位保持装置　"_qs, u"　その他　"_qs, u"　全　て　"_qs})
         ui->tabEstList->addTab(group);
     ui->flxEstList->setColumns(formsOf(listColumns()));
+    FormPieces::stretchColumn(ui->flxEstList, Name);
     m_rows = new KeyedList(ui->flxEstList, ui->lblRecCnt, gDbManager.Connection().settings(), fetchRows);
     connectFilters();
     connectCommands();

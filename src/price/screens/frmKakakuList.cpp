@@ -40,6 +40,17 @@ ListColumns listColumns(const PriceForm& form) {
     return columns;
 }
 
+// Of a table that is narrower than the screen the last text takes what is left; a wide one is scrolled.
+int stretchedColumn(const PriceForm& form) {
+    constexpr int charactersOfScreen = 130;
+    int width = 0, last = 0;
+    for (int i = 0; i < form.fields.size(); ++i) {
+        width += form.fields.at(i).width;
+        if (form.fields.at(i).kind == PriceField::Choice) last = i + 1; // behind the ID
+    }
+    return width < charactersOfScreen ? last : -1;
+}
+
 QStringList cellsOf(const PriceForm& form, const PriceRow& row) {
     QStringList cells{row.value(idColumn)};
     for (const PriceField& field : form.fields) cells << row.value(field.column);
@@ -83,6 +94,7 @@ void frmKakakuList::addPage(const PriceForm& form) {
     auto* rows = new KeyedList(grid, ui->txtCount, gDbManager.Connection().settings(),
                                [&form](const QStringList& ids) { return fetch(form, ids); });
     grid->setColumns(formsOf(listColumns(form)));
+    if (const int column = stretchedColumn(form); column > 0) FormPieces::stretchColumn(grid, column);
     connect(grid, &Grid::headingClicked, this, &frmKakakuList::sortBy);
     connect(grid, &Grid::rowOpened, this, [this] { guarded([this] { open(frmKakaku::Edit); }); });
     m_pages << Page{&form, grid, rows};
