@@ -2,6 +2,7 @@
 
 #include "base/Application.h"
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/basCommon.h"
@@ -104,7 +105,7 @@ std::optional<QString> frmKakakuUpdate::source() {
     case CdRom:
         return told(FindDriveByType(compactDisc), u"価格改訂ファイルを正しくセットしてください。"_qs);
     case Folder:
-        return told(ui->txtDir->value(), u"価格データが格納されているフォルダを指定してください。"_qs);
+        return told(ResolvePath(ui->txtDir->value()), u"価格データが格納されているフォルダを指定してください。"_qs);
     case KeptYear:
         return told(ui->cboChgKakaku->text(), {});
     default:
@@ -164,6 +165,7 @@ void frmKakakuUpdate::setBusy(bool busy) {
     for (QWidget* part : std::initializer_list<QWidget*>{ui->fraData, ui->idtSelYear, ui->cbKakaku, ui->cbClose})
         part->setEnabled(!busy);
     if (busy) return;
+    fillYears(); // a revision keeps years
     showChoice();
     ui->cbKakaku->setFocus();
 }
