@@ -14,6 +14,24 @@
 
 namespace {
 
+// The rows of a master estimate.
+struct StoredMaster {
+    clsMstEstimate header;
+    MasterRows rows;
+
+    bool read(const QString& ProductId) {
+        if (!gMstEstimateManager.GetData(ProductId, header)) return false;
+        rows = readMasterRows(ProductId);
+        return true;
+    }
+
+    QString text() const {
+        return QStringList{gMstEstimateManager.rowText(header), gMstItemManager.rowTexts(rows.items),
+                           gMstMakeElmtManager.rowTexts(rows.make), gMstCmpltElmtManager.rowTexts(rows.parts)}
+            .join(u'\x1D');
+    }
+};
+
 // The checks and the save of one draft, step by step. A step that refuses has told it and says what it came to.
 class Saver {
 public:
@@ -49,15 +67,14 @@ private:
     }
 
     MasterSave checkStored() {
-        if (master().ProductId.isEmpty() || gMstEstimateManager.GetData(master().ProductId, m_stored))
-            return MasterSave::Saved;
+        if (master().ProductId.isEmpty() || m_stored.read(master().ProductId)) return MasterSave::Saved;
         return refuse(Message::Warning,
                       u"このマスタ見積は他の端末で削除されています。\n"
                       u"もう一度「反映」を押すと、新しいマスタ見積として登録します。"_qs,
                       MasterSave::Gone);
     }
 
-    bool isCodeNew() const { return m_draft.master.ProductCd != m_stored.ProductCd; }
+    bool isCodeNew() const { return m_draft.master.ProductCd != m_stored.header.ProductCd; }
 
     // Also of a code that stays: what is stored under it would be written over.
     MasterSave checkCode() {
@@ -71,7 +88,8 @@ private:
     }
 
     MasterSave checkUse() {
-        if (!isCodeNew() || m_stored.ProductCd.isEmpty() || !m_isUsed(m_stored.ProductCd)) return MasterSave::Saved;
+        const QString code = m_stored.header.ProductCd;
+        if (!isCodeNew() || code.isEmpty() || !m_isUsed(code)) return MasterSave::Saved;
         const qint16 answer = ShowMessage(Message::QuestionPlain,
                                           u"変更前の製品コードは顧客見積に登録されています。変更を反映しますか？"_qs);
         return answer == AnswerYes ? MasterSave::Saved : MasterSave::Refused;
@@ -83,10 +101,15 @@ private:
         return refuse(Message::NotSet, u"見積明細(基本・製作要素／完成要素)"_qs, MasterSave::Refused);
     }
 
-    // Another machine may have stored it since it was loaded.
+    // Another machine may have stored it since it was loaded. The time of its save alone would not tell two saves of one
+    // second apart. A yes holds for the rows that it was given for.
     MasterSave checkRival() {
-        if (master().ProductId.isEmpty() || m_stored.UpdDate == master().UpdDate) return MasterSave::Saved;
-        const qint16 answer = ShowMessage(Message::QuestionNo, u"他の端末で更新されています。上書きしますか？"_qs);
+        if (master().ProductId.isEmpty()) return MasterSave::Saved;
+        const QString rows = m_stored.text();
+        if (rows == m_draft.storedRows) return MasterSave::Saved;
+        const int answer = AskingOutside::ask(u"overwrite "_qs + rows, [] {
+            return ShowMessage(Message::QuestionNo, u"他の端末で更新されています。上書きしますか？"_qs);
+        });
         return answer == AnswerYes ? MasterSave::Saved : MasterSave::Refused;
     }
 
@@ -105,13 +128,12 @@ private:
         gMstItemManager.SaveData(id, rows.items);
         gMstMakeElmtManager.SaveData(id, rows.make);
         gMstCmpltElmtManager.SaveData(id, rows.parts);
-        gMstEstimateManager.GetData(id, master()); // with the stamp that later saves compare
     }
 
     Connection& m_connection;
     MasterDraft m_draft;
     const IsCodeUsed& m_isUsed;
-    clsMstEstimate m_stored; // empty for a new one
+    StoredMaster m_stored; // empty for a new one
 };
 
 } // namespace
@@ -136,6 +158,13 @@ QString MasterDraft::proposedName() const {
 void MasterDraft::becomeNew() {
     master.ProductId.clear();
     master.UpdDate.clear();
+    storedRows.clear();
+}
+
+void MasterDraft::takeIdentity(const MasterDraft&, const MasterDraft& after) {
+    for (const auto member : {&clsMstEstimate::ProductId, &clsMstEstimate::AddDate, &clsMstEstimate::UpdDate})
+        master.*member = after.master.*member;
+    storedRows = after.storedRows;
 }
 
 MasterDraft newMaster() {
@@ -146,10 +175,13 @@ MasterDraft newMaster() {
 }
 
 bool loadMaster(const QString& ProductId, MasterDraft& draft) {
+    StoredMaster read;
+    if (!read.read(ProductId)) return false;
     MasterDraft stored;
-    if (!gMstEstimateManager.GetData(ProductId, stored.master)) return false;
+    stored.master = read.header;
+    stored.storedRows = read.text();
     stored.taxRate = masterTaxRate();
-    stored.composition = composed(readMasterRows(ProductId));
+    stored.composition = composed(read.rows);
     for (int row = 1; row <= stored.composition.items().size(); ++row) {
         Cells& cells = stored.composition.item(row).cells;
         cells[ItemRules::RowId] = ItemRules::idOf(cells);
@@ -159,15 +191,13 @@ bool loadMaster(const QString& ProductId, MasterDraft& draft) {
 }
 
 MasterSave saveMaster(Connection& connection, MasterDraft& draft, const IsCodeUsed& isUsed) {
+    DraftSave::settle(connection, draft);
     MasterSave came = MasterSave::Refused;
-    MasterDraft saved;
-    const bool stored = AskingOutside::run(connection, [&] {
-        Saver saver(connection, draft, isUsed);
+    DraftSave::run<MasterDraft>(connection, draft, [&](MasterDraft& saved) {
+        Saver saver(connection, saved, isUsed);
         came = saver.run();
-        saved = saver.draft();
-        return came == MasterSave::Saved;
+        return came == MasterSave::Saved && loadMaster(saver.draft().master.ProductId, saved);
     });
-    if (stored) draft = saved;
     return came;
 }
 

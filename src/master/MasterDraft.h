@@ -1,13 +1,12 @@
 #pragma once
 
 #include "composition/Composition.h"
+#include "db/DraftSave.h"
 #include "master/MasterRecords.h"
 #include "master/MasterTotals.h"
 
 #include <functional>
 #include <optional>
-
-class Connection;
 
 // The money of what is composed: the sums before the tax, those of the make elements for 大人.
 struct MasterAmounts {
@@ -21,6 +20,8 @@ struct MasterDraft {
     clsMstEstimate master; // `UpdDate` is that of the last load
     Composition composition;
     double taxRate = 0; // of the settings at the load, in percent
+    QString storedRows; // as the rows stood when it was loaded or saved; empty for a new one
+    SaveDoubt<MasterDraft> doubt;
 
     // Raises an overflow error beyond 32 bits.
     MasterAmounts amounts() const;
@@ -28,6 +29,8 @@ struct MasterDraft {
     QString proposedName() const;
     // The same contents under another code: nothing stored stands for them yet.
     void becomeNew();
+    // Is from now on the master estimate that a save made (see DraftSave), with the contents as they are.
+    void takeIdentity(const MasterDraft& before, const MasterDraft& after);
 };
 
 // One to be filled in, of the price year in force.
@@ -41,8 +44,8 @@ enum class MasterSave { Saved, WrongCode, WrongName, Refused, Gone };
 // Whether an estimate of a customer names a product code.
 using IsCodeUsed = std::function<bool(const QString& ProductCd)>;
 
-// Checks and writes header, items and lines in one transaction, or nothing. The id and the amounts, which are stored
-// without tax, stand in the draft afterwards. A code that another master estimate has is refused, also when another
+// Checks and writes header, items and lines in one transaction, or nothing; the amounts are stored without tax.
+// Afterwards the draft is what `loadMaster` gives. A code that another master estimate has is refused, also when another
 // machine stores it at the same moment; one that another machine deleted meanwhile is `Gone`. Failures rise after the
 // rollback.
 MasterSave saveMaster(Connection& connection, MasterDraft& draft, const IsCodeUsed& isUsed);

@@ -332,6 +332,16 @@ private slots:
         QCOMPARE(scalar(u"SELECT [製品名称] FROM [マスタ見積情報]"_qs), MasterSamples::nameFor(1));
     }
 
+    // The time of a save has whole seconds.
+    void changedElsewhereWithinTheSameSecondAsks() {
+        MasterDraft draft = loaded(saved(u"P-1"_qs).master.ProductId);
+        m_database->another()->execute(u"UPDATE [マスタ見積基本製作要素] SET [原材料等] = '他'"_qs);
+        MessageQueue messages({AnswerNo});
+        QCOMPARE(save(draft), MasterSave::Refused);
+        QCOMPARE(messages.texts(), QStringList({u"他の端末で更新されています。上書きしますか？"_qs}));
+        QCOMPARE(scalar(u"SELECT [原材料等] FROM [マスタ見積基本製作要素]"_qs), u"他"_qs);
+    }
+
     void deletedElsewhereIsToldAndCanBeStoredAnew() {
         MasterDraft draft = loaded(saved(u"P-1"_qs).master.ProductId);
         deleteMaster(connection(), draft.master.ProductId);

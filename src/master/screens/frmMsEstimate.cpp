@@ -132,31 +132,33 @@ MasterDraft frmMsEstimate::collect() const {
 
 // --- saving ---
 
-bool frmMsEstimate::save() {
-    if (!leaveField()) return false;
-    MasterDraft draft = collect();
+std::optional<MasterDraft> frmMsEstimate::store() {
+    if (!leaveField()) return std::nullopt;
+    const MasterDraft entered = collect();
+    MasterDraft stored = entered;
     SetWaitCursor(true);
-    const MasterSave came = saveMaster(gDbManager.Connection(), draft, isUsedByOrders);
+    const MasterSave came = saveMaster(gDbManager.Connection(), stored, isUsedByOrders);
     SetWaitCursor(false);
     if (came == MasterSave::WrongCode) ui->txtProductCd->setFocus();
     if (came == MasterSave::WrongName) ui->txtProductNm->setFocus();
     if (came == MasterSave::Gone) startAnew();
-    if (came != MasterSave::Saved) return false;
-    // It is stored now, whatever comes of showing it again.
-    m_draft.master = draft.master;
-    ProductId = draft.master.ProductId;
+    if (came != MasterSave::Saved) return std::nullopt;
+    m_draft.takeIdentity(entered, stored); // a further press is about this one
     Updated = true;
+    ProductId = stored.master.ProductId;
+    setMode(Edit);
     clearEdited();
-    return true;
+    return stored;
 }
 
+bool frmMsEstimate::save() { return store().has_value(); }
+
 void frmMsEstimate::execute() {
-    if (!save()) return;
     const bool isNew = EditMode != Edit;
-    setMode(Edit);
-    showStored();
-    ShowMessage(Message::Information, isNew ? u"製品コード:"_qs + m_draft.master.ProductCd + u" で新規登録しました。"_qs
-                                            : u"保存しました。"_qs);
+    const auto stored = store();
+    if (!stored) return;
+    showSaved([&] { showDraft(*stored); },
+              isNew ? u"製品コード:"_qs + stored->master.ProductCd + u" で新規登録しました。"_qs : u"保存しました。"_qs);
 }
 
 void frmMsEstimate::startAnew() {

@@ -36,6 +36,8 @@ private:
     void enterPage(int page);
     MasterDraft collect() const;
 
+    // Saves what stands on the screen. None when it was refused, which was told.
+    std::optional<MasterDraft> store();
     void execute();
     // What was stored is gone; the next save adds it anew.
     void startAnew();

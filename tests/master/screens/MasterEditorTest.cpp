@@ -243,8 +243,8 @@ private slots:
             u"2"_qs);
     }
 
-    // What is stored is stored, even if it cannot be shown again.
-    void savedOneIsNotAskedAboutAgainWhenItCannotBeReloaded() {
+    // What is stored is read back before it is committed: it is stored and shown, or neither.
+    void saveThatCannotBeReadBackIsNoneAndTheNextPressStoresOnce() {
         QVERIFY(open(frmMsEstimate::Add));
         control<TextField>(u"txtProductCd"_qs)->setValue(u"T-1"_qs);
         control<TextField>(u"txtProductNm"_qs)->setValue(u"名"_qs);
@@ -261,10 +261,14 @@ private slots:
         press(u"cmdExec"_qs);
         connection().onStatement = {};
         QCOMPARE(messages.texts(), QStringList({u"回線"_qs}));
-        QVERIFY(m_screen->Updated);
-        QCOMPARE(m_screen->windowTitle(), u"マスタ見積作成（編集）"_qs);
-        QVERIFY(m_screen->close());
-        QCOMPARE(messages.texts().size(), 1);
+        const QString count = u"SELECT COUNT(*) FROM [マスタ見積情報] WHERE [製品コード] = 'T-1'"_qs;
+        QCOMPARE(scalar(count), u"0"_qs);
+        QVERIFY(!m_screen->Updated);
+        QCOMPARE(m_screen->windowTitle(), u"マスタ見積作成（追加）"_qs);
+        press(u"cmdExec"_qs);
+        QCOMPARE(messages.texts().last(), u"製品コード:T-1 で新規登録しました。"_qs);
+        QCOMPARE(scalar(count), u"1"_qs);
+        QVERIFY(m_screen->Updated && m_screen->close());
     }
 
     void noKeyIsTakenTwice() {
