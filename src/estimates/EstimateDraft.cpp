@@ -142,7 +142,7 @@ private:
 
     static void saveProducer(QString& number, const QString& name) {
         number.clear();
-        if (Text::rightTrimmed(name).isEmpty()) return;
+        if (name.trimmed().isEmpty()) return; // also of wide blanks
         clsProducer producer;
         producer.ProducerNm = name;
         gProducerManager.AddByName(producer);

@@ -424,6 +424,9 @@ private slots:
         stored.estimate.Charge1Nm = u" "_qs;
         save(stored);
         QCOMPARE(scalar(numbers), u"/"_qs);
+        stored.estimate.Charge1Nm = u"　"_qs;
+        save(stored);
+        QCOMPARE(scalar(numbers), u"/"_qs);
     }
 
     void everyRowNamesWhoWroteIt() {

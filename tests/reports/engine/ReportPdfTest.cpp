@@ -6,8 +6,11 @@
 #include "reports/engine/PdfTextTable.h"
 #include "reports/engine/ReportFonts.h"
 #include "reports/engine/ReportPdf.h"
+#include "support/FileLimit.h"
+#include "support/Raised.h"
 #include "support/ReportSamples.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -270,6 +273,23 @@ private slots:
         } catch (const AppError& error) {
             QVERIFY(error.description().contains(u"/nowhere/at/all.pdf"));
         }
+    }
+
+    void aDiskThatTakesNoMoreLeavesTheFileAsItWas() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"order.pdf"_qs);
+        const auto contents = [&] {
+            QFile file(path);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        savePdf({pageOf(u"月"_qs, false)}, u"test"_qs, path);
+        const QByteArray before = contents();
+        QVERIFY(before.startsWith("%PDF"));
+        const FileLimit limit(0);
+        const QString told = raised([&] { savePdf({pageOf(u"火"_qs, false)}, u"test"_qs, path); });
+        QVERIFY2(told.startsWith(u"PDF ファイルに書き込めません。\n"_qs + path), qUtf8Printable(told));
+        QCOMPARE(contents(), before);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(u"order.pdf"_qs));
     }
 };
 
