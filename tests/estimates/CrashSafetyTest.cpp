@@ -1,32 +1,18 @@
 #include "HalvaneTest.h"
 #include "support/EstimateSamples.h"
+#include "support/Kills.h"
 #include "support/MasterSamples.h"
 #include "support/TestDatabase.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTest>
-
-#include <csignal>
 
 namespace {
 
-constexpr int killsOfTheDay = 15;
-constexpr int longestRun = 120; // milliseconds of saving before a kill
+int kills() { return Kills::count(15); }
 
-int kills() {
-    const int asked = qEnvironmentVariableIntValue("HALVANE_TEST_KILLS");
-    return asked > 0 ? asked : killsOfTheDay;
-}
-
-// Starts the saver and kills it at a random moment after its first save.
+// `what` says what is saved, see the program.
 void saveAndKill(const QString& iniFile, const QString& what = {}) {
-    QProcess saver;
-    saver.start(QStringLiteral(HALVANE_ORDER_SAVER), {iniFile, what});
-    QVERIFY2(saver.waitForReadyRead(patience), qPrintable(QString::fromUtf8(saver.readAllStandardError())));
-    QTest::qSleep(static_cast<int>(QRandomGenerator::global()->bounded(longestRun)));
-    ::kill(static_cast<pid_t>(saver.processId()), SIGKILL);
-    QVERIFY(saver.waitForFinished(patience));
+    Kills::startAndKill(QStringLiteral(HALVANE_ORDER_SAVER), {iniFile, what}, 120);
 }
 
 } // namespace

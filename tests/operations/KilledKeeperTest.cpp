@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Kills.h"
 #include "support/TestDatabase.h"
 #include "support/TestServer.h"
 
@@ -7,21 +8,11 @@
 #include "reference/clsZipManager.h"
 
 #include <QDir>
-#include <QElapsedTimer>
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTest>
-
-#include <csignal>
 
 namespace {
 
-constexpr int killsOfTheDay = 8;
-
-int kills() {
-    const int asked = qEnvironmentVariableIntValue("HALVANE_TEST_KILLS");
-    return asked > 0 ? asked : killsOfTheDay;
-}
+int kills() { return Kills::count(8); }
 
 } // namespace
 
@@ -32,7 +23,6 @@ class KilledKeeperTest : public QObject {
 
 private:
     std::unique_ptr<TestDatabase> m_database;
-    qint64 m_round = 0; // milliseconds that one round takes
 
     // A server notices only by and by that a program has gone.
     void endSessions() const {
@@ -44,15 +34,7 @@ private:
     // Lets the keeper come through a round, and kills it at a random moment of the next ones.
     void workAndKill(const QStringList& words) {
         endSessions();
-        QProcess keeper;
-        QElapsedTimer time;
-        time.start();
-        keeper.start(QStringLiteral(HALVANE_OFFICE_KEEPER), words);
-        QVERIFY2(keeper.waitForReadyRead(patience), qPrintable(QString::fromUtf8(keeper.readAllStandardError())));
-        m_round = time.elapsed();
-        QTest::qSleep(QRandomGenerator::global()->bounded(static_cast<int>(m_round) + 1));
-        ::kill(static_cast<pid_t>(keeper.processId()), SIGKILL);
-        QVERIFY(keeper.waitForFinished(patience));
+        Kills::startAndKill(QStringLiteral(HALVANE_OFFICE_KEEPER), words);
         endSessions();
     }
 

@@ -1,4 +1,5 @@
 #include "HalvaneTest.h"
+#include "support/Kills.h"
 #include "support/PaymentSamples.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
@@ -8,24 +9,14 @@
 #include "payments/PaymentRows.h"
 #include "payments/PaymentSearch.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
-
-#include <csignal>
-
 namespace {
 
 const QString day = u"2026/11/20"_qs;
 const QString manyClaims = u"0000000087"_qs; // 2026000017, with four claims, of which the second is not paid
 const QString twoClaims = u"0000000086"_qs;
-constexpr int killsOfTheDay = 8;
-constexpr int longestRun = 120; // milliseconds of paying before a kill
 constexpr int ordersPerRun = 20;
 
-int kills() {
-    const int asked = qEnvironmentVariableIntValue("HALVANE_TEST_KILLS");
-    return asked > 0 ? asked : killsOfTheDay;
-}
+int kills() { return Kills::count(8); }
 
 } // namespace
 
@@ -172,12 +163,9 @@ private slots:
         int whole = 0;
         for (int i = 0; i < kills(); ++i) {
             PaymentSamples::makeAllUnpaid(connection);
-            QProcess worker;
-            worker.start(QStringLiteral(HALVANE_PAYMENT_WORKER), {m_database->folder() + u"/Halvane.ini"_qs});
-            QVERIFY2(worker.waitForReadyRead(patience), qPrintable(QString::fromUtf8(worker.readAllStandardError())));
-            QTest::qSleep(static_cast<int>(QRandomGenerator::global()->bounded(longestRun)));
-            ::kill(static_cast<pid_t>(worker.processId()), SIGKILL);
-            QVERIFY(worker.waitForFinished(patience));
+            Kills::startAndKill(QStringLiteral(HALVANE_PAYMENT_WORKER), {m_database->folder() + u"/Halvane.ini"_qs},
+                                120);
+            if (QTest::currentTestFailed()) return;
             const auto looking = m_database->another();
             for (int run = 0; run < runs; ++run) {
                 const QString range = u"BETWEEN '%1' AND '%2'"_qs.arg(PaymentSamples::idOf(run * ordersPerRun + 1),

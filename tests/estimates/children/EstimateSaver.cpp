@@ -25,9 +25,7 @@ void saveMasterAgain(Connection& connection, int i) {
     static QMap<QString, MasterDraft> stored;
     const QString code = u"%1-%2"_qs.arg(QCoreApplication::applicationPid()).arg(i % 7);
     MasterDraft draft = MasterSamples::master(code, 1 + i % 30);
-    const clsMstEstimate before = stored.value(code).master;
-    draft.master.ProductId = before.ProductId;
-    draft.master.UpdDate = before.UpdDate;
+    if (stored.contains(code)) draft.takeIdentity(draft, stored.value(code));
     if (saveMaster(connection, draft, [](const QString&) { return false; }) != MasterSave::Saved)
         throw AppError(u"refused"_qs);
     stored[code] = draft;
