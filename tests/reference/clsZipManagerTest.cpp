@@ -1,9 +1,12 @@
 #include "HalvaneTest.h"
+#include "support/FileLimit.h"
 #include "support/MessageQueue.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "reference/clsZipManager.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -136,6 +139,26 @@ private slots:
                  }),
                  u"stop"_qs);
         QCOMPARE(gZipManager.GetCount(), 3);
+    }
+
+    void aFullDiskLeavesTheOldBook() {
+        if (TestDatabase::isPostgres()) QSKIP("The server writes its files itself.");
+        PostalFiles::Book book;
+        for (int i = 0; i < 20'000; ++i)
+            book.towns << clsZip{u"%1"_qs.arg(i, 7, 10, QLatin1Char('0')), u"沖縄県"_qs, u"那覇市"_qs, u"町"_qs};
+        const auto import = [&] {
+            Transaction transaction(m_database->connection());
+            gZipManager.ImportPublished(book);
+            transaction.commit();
+        };
+        {
+            const FileLimit limit(QFileInfo(m_database->settings().path).size() + 100'000);
+            QVERIFY(!raised(import).isEmpty());
+        }
+        QCOMPARE(gZipManager.GetCount(), 3);
+        QCOMPARE(m_database->connection().engineScalar(u"PRAGMA integrity_check"_qs), u"ok"_qs);
+        import(); // with room again
+        QCOMPARE(gZipManager.GetCount(), 20'000);
     }
 
     void failedImportLeavesTheOldBook_data() {
