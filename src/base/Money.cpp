@@ -64,7 +64,7 @@ QString Money::toText() const {
 }
 
 qint64 Money::percentage(const QString& percent, qint64 yen) {
-    constexpr __int128 whole = 100 * Scale;
+    constexpr __int128 whole = __int128{100} * Scale;
     const __int128 product = static_cast<__int128>(leadingNumber(percent).m_value) * yen;
     __int128 result = product / whole;
     const __int128 rest = product % whole;

@@ -16,7 +16,7 @@ SqlDialect::~SqlDialect() = default;
 QString SqlDialect::translate(const QString& statement) {
     const QString today = date(currentDateTime());
     if (const Translation* known = m_seen.object(statement)) return known->pieces.join(today);
-    auto made = std::make_unique<Translation>(SqlTranslator(*this, tokenizeSql(statement)).run());
+    auto made = std::make_unique<Translation>(Translation{SqlTranslator(*this, tokenizeSql(statement)).run()});
     const QString translated = made->pieces.join(today);
     m_seen.insert(statement, made.release());
     return translated;
