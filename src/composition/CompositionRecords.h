@@ -27,6 +27,40 @@ template <class Record> struct LineRecord {
 
 namespace CompositionRecords {
 
+// Records of all owners name their cells alike; what differs are the numbers, and the prices of make elements.
+template <class Row> ItemRecord<Row> itemRecord(QString Row::*owner, QString Row::*number) {
+    return {owner,
+            number,
+            {{ItemRules::Item, &Row::Item},
+             {ItemRules::PickKbn, &Row::PickKbn},
+             {ItemRules::Name, &Row::Name},
+             {ItemRules::Form, &Row::Form},
+             {ItemRules::PickStyle, &Row::PickStyle},
+             {ItemRules::GrantRepair, &Row::GrantRepair}}};
+}
+
+// `prices` holds the amounts of the tiers.
+template <class Row>
+LineRecord<Row> makeRecord(QString Row::*owner, QString Row::*itemNumber, const CellMembers<Row>& prices) {
+    return {owner, itemNumber, &Row::ElmtNo,
+            CellMembers<Row>{{MakeLine::MakeElmt, &Row::MakeElmt},
+                             {MakeLine::Materials, &Row::Materials},
+                             {MakeLine::Suryo, &Row::Suryo}} +
+                prices};
+}
+
+template <class Row> LineRecord<Row> partsRecord(QString Row::*owner, QString Row::*itemNumber) {
+    return {owner,
+            itemNumber,
+            &Row::ElmtNo,
+            {{PartsLine::PartsNm, &Row::PartsNm},
+             {PartsLine::Form, &Row::Form},
+             {PartsLine::PartsCd, &Row::PartsCd},
+             {PartsLine::MakerNm, &Row::MakerNm},
+             {PartsLine::Suryo, &Row::Suryo},
+             {PartsLine::Price, &Row::Price}}};
+}
+
 template <class Record> Cells cellsOf(const Record& record, const CellMembers<Record>& members, int columns) {
     Cells cells(columns);
     for (const auto& [column, member] : members) cells[column] = record.*member;

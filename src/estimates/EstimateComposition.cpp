@@ -8,41 +8,19 @@ namespace {
 constexpr int oneTier = 1;
 
 const ItemRecord<clsCsItem>& itemRecord() {
-    using Row = clsCsItem;
-    static const ItemRecord<Row> record{&Row::EstId,
-                                        &Row::EstItemNo,
-                                        {{ItemRules::Item, &Row::Item},
-                                         {ItemRules::PickKbn, &Row::PickKbn},
-                                         {ItemRules::Name, &Row::Name},
-                                         {ItemRules::Form, &Row::Form},
-                                         {ItemRules::PickStyle, &Row::PickStyle},
-                                         {ItemRules::GrantRepair, &Row::GrantRepair}}};
+    static const auto record = CompositionRecords::itemRecord(&clsCsItem::EstId, &clsCsItem::EstItemNo);
     return record;
 }
 
 const LineRecord<clsCsMakeElmt>& makeRecord() {
     using Row = clsCsMakeElmt;
-    static const LineRecord<Row> record{&Row::EstId,
-                                        &Row::EstItemNo,
-                                        &Row::ElmtNo,
-                                        {{MakeLine::MakeElmt, &Row::MakeElmt},
-                                         {MakeLine::Materials, &Row::Materials},
-                                         {MakeLine::Suryo, &Row::Suryo},
-                                         {MakeLine::Price, &Row::Price}}};
+    static const auto record =
+        CompositionRecords::makeRecord(&Row::EstId, &Row::EstItemNo, {{MakeLine::Price, &Row::Price}});
     return record;
 }
 
 const LineRecord<clsCsCmpltElmt>& partsRecord() {
-    using Row = clsCsCmpltElmt;
-    static const LineRecord<Row> record{&Row::EstId,
-                                        &Row::EstItemNo,
-                                        &Row::ElmtNo,
-                                        {{PartsLine::PartsNm, &Row::PartsNm},
-                                         {PartsLine::Form, &Row::Form},
-                                         {PartsLine::PartsCd, &Row::PartsCd},
-                                         {PartsLine::MakerNm, &Row::MakerNm},
-                                         {PartsLine::Suryo, &Row::Suryo},
-                                         {PartsLine::Price, &Row::Price}}};
+    static const auto record = CompositionRecords::partsRecord(&clsCsCmpltElmt::EstId, &clsCsCmpltElmt::EstItemNo);
     return record;
 }
 

@@ -6,43 +6,22 @@
 namespace {
 
 const ItemRecord<clsMstItem>& itemRecord() {
-    using Row = clsMstItem;
-    static const ItemRecord<Row> record{&Row::ProductId,
-                                        &Row::ProductItemNo,
-                                        {{ItemRules::Item, &Row::Item},
-                                         {ItemRules::PickKbn, &Row::PickKbn},
-                                         {ItemRules::Name, &Row::Name},
-                                         {ItemRules::Form, &Row::Form},
-                                         {ItemRules::PickStyle, &Row::PickStyle},
-                                         {ItemRules::GrantRepair, &Row::GrantRepair}}};
+    static const auto record = CompositionRecords::itemRecord(&clsMstItem::ProductId, &clsMstItem::ProductItemNo);
     return record;
 }
 
 const LineRecord<clsMstMakeElmt>& makeRecord() {
     using Row = clsMstMakeElmt;
-    static const LineRecord<Row> record{&Row::ProductId,
-                                        &Row::ProductItemNo,
-                                        &Row::ElmtNo,
-                                        {{MakeLine::MakeElmt, &Row::MakeElmt},
-                                         {MakeLine::Materials, &Row::Materials},
-                                         {MakeLine::Suryo, &Row::Suryo},
-                                         {makeRules().amount(0), &Row::PriceSmall},
-                                         {makeRules().amount(1), &Row::PriceMiddle},
-                                         {makeRules().amount(2), &Row::PriceBig}}};
+    static const auto record = CompositionRecords::makeRecord(&Row::ProductId, &Row::ProductItemNo,
+                                                              {{makeRules().amount(0), &Row::PriceSmall},
+                                                               {makeRules().amount(1), &Row::PriceMiddle},
+                                                               {makeRules().amount(2), &Row::PriceBig}});
     return record;
 }
 
 const LineRecord<clsMstCmpltElmt>& partsRecord() {
-    using Row = clsMstCmpltElmt;
-    static const LineRecord<Row> record{&Row::ProductId,
-                                        &Row::ProductItemNo,
-                                        &Row::ElmtNo,
-                                        {{PartsLine::PartsNm, &Row::PartsNm},
-                                         {PartsLine::Form, &Row::Form},
-                                         {PartsLine::PartsCd, &Row::PartsCd},
-                                         {PartsLine::MakerNm, &Row::MakerNm},
-                                         {PartsLine::Suryo, &Row::Suryo},
-                                         {PartsLine::Price, &Row::Price}}};
+    static const auto record =
+        CompositionRecords::partsRecord(&clsMstCmpltElmt::ProductId, &clsMstCmpltElmt::ProductItemNo);
     return record;
 }
 
@@ -76,8 +55,7 @@ void lookUpUnitPrices(ComposedItem& item) {
 }
 
 MasterRows masterRows(const Composition& composition, const QString& ProductId) {
-    using namespace CompositionRecords;
-    return {itemsOf(composition, itemRecord(), ProductId, hasKind),
-            linesOf(composition, &ComposedItem::make, makeRecord(), ProductId, hasKind),
-            linesOf(composition, &ComposedItem::parts, partsRecord(), ProductId, hasKind)};
+    return {CompositionRecords::itemsOf(composition, itemRecord(), ProductId, hasKind),
+            CompositionRecords::linesOf(composition, &ComposedItem::make, makeRecord(), ProductId, hasKind),
+            CompositionRecords::linesOf(composition, &ComposedItem::parts, partsRecord(), ProductId, hasKind)};
 }
