@@ -39,11 +39,16 @@ bool CodeTable::lacksIdentity(const CodeRow& row) const {
                            : std::all_of(values.begin(), values.end(), isBlank);
 }
 
-QString CodeTable::complaintOf(const CodeRow& row, const QList<CodeRow>& others) const {
-    if (lacksIdentity(row)) return m_form.identityWord + u"が入力されていません。適切なデータを入力してください。"_qs;
+QString CodeTable::doubleOf(const CodeRow& row, const QList<CodeRow>& others) const {
     const QStringList identity = identityOf(row);
     for (const CodeRow& other : others)
         if (same(identityOf(other), identity)) return u"既に同じ%1が存在しています｡"_qs.arg(m_form.identityWord);
+    return {};
+}
+
+QString CodeTable::complaintOf(const CodeRow& row, const QList<CodeRow>& others) const {
+    if (lacksIdentity(row)) return m_form.identityWord + u"が入力されていません。適切なデータを入力してください。"_qs;
+    if (const QString complaint = doubleOf(row, others); !complaint.isEmpty()) return complaint;
     for (int i = 0; i < m_form.columns.size(); ++i) {
         const int limit = m_form.columns.at(i).limit;
         if (limit > 0 && Text::rightTrimmed(row.values.value(i)).toUcs4().size() > limit)

@@ -58,7 +58,8 @@ public:
     const Form& form() const { return m_form; }
 
     virtual QList<CodeRow> rows(const SqlTerm& sort, Direction direction) = 0;
-    // Writes a row; a new one gets its number and its place in the order.
+    // Writes a row; a new one gets its number and its place in the order. Raises an error when another machine has stored
+    // what tells rows apart meanwhile.
     virtual void save(CodeRow& row) = 0;
     // Writes the row's place in the order alone.
     virtual void place(const CodeRow& row) = 0;
@@ -73,6 +74,8 @@ public:
 protected:
     explicit CodeTable(Form form) : m_form(std::move(form)) {}
     void setLimit(int column, int limit) { m_form.columns[column].limit = limit; }
+    // That one of the others cannot be told from the row; empty when all can.
+    QString doubleOf(const CodeRow& row, const QList<CodeRow>& others) const;
 
 private:
     QStringList identityOf(const CodeRow& row) const;

@@ -1,4 +1,7 @@
 #include "reference/CodeTable.h"
+
+#include "base/AppError.h"
+#include "db/Connection.h"
 #include "reference/ReferenceManagers.h"
 
 #include <algorithm>
@@ -27,8 +30,15 @@ public:
     }
 
     void save(CodeRow& row) override {
+        Transaction transaction(m_manager.connection());
+        m_manager.connection().lockForWriting(m_manager.table()); // so that nobody stores the same meanwhile
+        QList<CodeRow> others = rows(form().bySeq, Direction::Descending);
+        others.removeIf([&](const CodeRow& other) { return other.number == row.number; });
+        if (const QString complaint = doubleOf(row, others); !complaint.isEmpty())
+            throw AppError(complaint, u"CodeTable"_qs);
         Record record = recordOf(row);
         m_manager.SaveData(record);
+        transaction.commit();
         row.number = record.*m_number;
         row.seq = record.*m_seq;
     }

@@ -22,6 +22,7 @@ template <class Record> class ReferenceManager : public TableManager<Record> {
 public:
     using typename TableManager<Record>::Member;
     using TableManager<Record>::TableManager;
+    using TableManager<Record>::connection;
     virtual ~ReferenceManager() = default;
 
     // By `bySeq` the rows in use come first; the direction binds to the given order alone.

@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/MessageQueue.h"
+#include "support/Raised.h"
 #include "support/TestDatabase.h"
 
 #include "reference/CodeTable.h"
@@ -73,6 +74,23 @@ private slots:
             table->remove(row);
             QCOMPARE(byHand(*table), before);
         }
+    }
+
+    // Between the look at the rows and the save.
+    void aCodeThatAnotherMachineStoresMeanwhileIsRefused() {
+        const auto table = CodeTables::doctors();
+        CodeRow row = byHand(*table).first();
+        row.number.clear();
+        row.seq.clear();
+        row.values[0] = u"0777"_qs;
+        QVERIFY(table->complaintOf(row, byHand(*table)).isEmpty());
+        CodeRow other = row;
+        table->save(other);
+        QCOMPARE(raised([&] { table->save(row); }), u"既に同じ主治医コードが存在しています｡"_qs);
+        QVERIFY(row.number.isEmpty());
+        QCOMPARE(m_database->connection().scalar(u"SELECT COUNT(*) FROM [主治医] WHERE [主治医コード] = '0777'"_qs),
+                 u"1"_qs);
+        QCOMPARE(m_database->connection().transactionDepth(), 0);
     }
 
     void rowsInUseComeFirstNewestFirst() {
