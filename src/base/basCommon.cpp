@@ -1,5 +1,6 @@
 #include "base/basCommon.h"
 
+#include "base/Drives.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/clsProfile.h"
@@ -38,6 +39,13 @@ QString GetBackupFolder() {
     return folder;
 }
 
-QString FindDriveByType(int) { return {}; }
+QString FindDriveByType(int type) {
+    constexpr int removable = 2, compactDisc = 5;
+    if (type != removable && type != compactDisc) return {};
+    const QList<RemovableDrive> drives = removableDrives()();
+    for (const RemovableDrive& drive : drives)
+        if (drive.isDisc == (type == compactDisc)) return drive.root;
+    return drives.isEmpty() ? QString() : drives.first().root;
+}
 
 void OpenWithShell(const QString& path) { seams().openWithShell(path); }

@@ -23,7 +23,7 @@ QString GetDbFilePath();
 QString GetDbFilePath(const clsProfile& profile);
 QString GetDefaultBackupFolder();
 QString GetBackupFolder();
-// The first drive of a kind; drives have no letters here, so none is found.
+// The root of the first mounted drive of a kind (see Drives.h): 2 a removable one, 5 a disc; empty when there is none.
 QString FindDriveByType(int type);
 // Opens a document by its association.
 void OpenWithShell(const QString& path);

@@ -44,8 +44,6 @@ QString head(const QString& owner, const Cells& line, const LineContext& item, c
     return u"価格マスタに"_qs + owner + told(line, item, rules);
 }
 
-} // namespace
-
 void logMissingPrice(const QString& owner, const Cells& line, const LineContext& item, const LineRules& rules) {
     writeLog(head(owner, line, item, rules) +
              (rules.tiered ? u"]のデータは存在しません｡"_qs : u"]のデータが存在しません｡"_qs));
@@ -55,6 +53,14 @@ void logAmbiguousPrice(const QString& owner, const Cells& line, const LineContex
     const QString word = rules.tiered && !owner.isEmpty() ? u"は"_qs : u"が"_qs;
     writeLog(head(owner, line, item, rules) + u"]のデータ"_qs + word + u"複数存在します｡"_qs +
              pricesTaken(line, item, rules) + u"]で更新します。"_qs);
+}
+
+} // namespace
+
+void PriceGaps::note(qint16 result, const Cells& line, const LineContext& item, const LineRules& rules) {
+    if (result == Found) return;
+    ++(result == Missing ? m_missing : m_ambiguous);
+    if (m_telling == InLog) (result == Missing ? logMissingPrice : logAmbiguousPrice)(m_owner, line, item, rules);
 }
 
 void Pricing::reprice(Composition& composition) {
@@ -72,8 +78,6 @@ void Pricing::reprice(ComposedItem& item) {
                 line[rules->unitPrice(tier)] = price.toText();
                 line[rules->amount(tier)] = formatWhole(numberText(Val(line.at(rules->suryo)) * price.toDouble()));
             }
-            if (result == Found) continue;
-            m_incomplete = true;
-            (result == Missing ? logMissingPrice : logAmbiguousPrice)(m_owner, line, context, *rules);
+            m_gaps.note(result, line, context, *rules);
         }
 }

@@ -158,6 +158,12 @@ void create(const ConnectionSettings& settings, Contents contents,
     if (progress) progress(u"データベースを作成しました。"_qs);
 }
 
+void createPrices(const QString& path) {
+    createWith(ConnectionSettings::sqliteFile(path), [](Connection& connection) {
+        for (const QString& table : Schema::priceTables()) connection.createTable(*Schema::table(table));
+    });
+}
+
 void createWith(const ConnectionSettings& settings, const Filler& fill) {
     if (settings.provider == Provider::SQLite)
         createFile(settings, fill);

@@ -22,6 +22,9 @@ void create(const ConnectionSettings& settings, Contents contents,
 // Makes the database and hands it to `fill`, without tables and inside a transaction; refusal and failure as above.
 void createWith(const ConnectionSettings& settings, const std::function<void(Connection&)>& fill);
 
+// Makes a price database, a file of the embedded engine with the five empty price tables; refusal and failure as above.
+void createPrices(const QString& path);
+
 // On a server: puts a database in the place of another, which is kept under a third name (whoever bears that goes), in
 // one step. Nobody else may have either open.
 void exchangeOnServer(const ConnectionSettings& settings, const QString& newOne, const QString& kept);

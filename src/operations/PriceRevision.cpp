@@ -27,40 +27,14 @@ const QString ending = u".db"_qs;
 const QString emptyPrices = u"Kakaku_Org"_qs;
 const QString ownRows = u"Kbetu"_qs;
 
-QString fileName(const QString& name) { return name + ending; }
-QString pathOf(const QString& name) { return QDir(PriceRevision::folder()).filePath(fileName(name)); }
+QString pathOf(const QString& name) { return QDir(PriceRevision::folder()).filePath(PriceRevision::fileName(name)); }
 
 void makeFolder() {
     if (QDir().mkpath(PriceRevision::folder())) return;
     ShowMessage(Message::Warning, u"フォルダの作成に失敗しました。"_qs);
 }
 
-void makeEmptyPrices() {
-    if (QFile::exists(pathOf(emptyPrices))) return;
-    DatabaseCreation::createWith(ConnectionSettings::sqliteFile(pathOf(emptyPrices)), [](Connection& connection) {
-        for (const QString& table : Schema::priceTables()) connection.createTable(*Schema::table(table));
-    });
-}
-
-// The price tables work on a price database as long as this lives.
-class Bound {
-public:
-    Bound(Connection& prices, Connection& main) : m_main(main) { bind(prices); }
-    ~Bound() {
-        guarded([this] { bind(m_main); });
-    }
-    Bound(const Bound&) = delete;
-    Bound& operator=(const Bound&) = delete;
-
-private:
-    static void bind(Connection& connection) {
-        for (const QString& table : Schema::priceTables()) priceTable(table).bind(connection);
-    }
-
-    Connection& m_main;
-};
-
-bool isThere(const QString& path) { return QFileInfo(path).isFile(); }
+bool isFile(const QString& path) { return QFileInfo(path).isFile(); }
 
 void saveYear(const QString& year) {
     clsSysSetting setting;
@@ -79,6 +53,8 @@ PriceRevision::PriceRevision(Connection& main, Tell tell, std::function<void()> 
 }
 
 QString PriceRevision::folder() { return QDir(programFolder()).filePath(u"kakaku"_qs); }
+
+QString PriceRevision::fileName(const QString& year) { return year + ending; }
 
 QStringList PriceRevision::keptYears() {
     QStringList years;
@@ -101,19 +77,23 @@ QStringList PriceRevision::filesIn(const QString& folder) {
     return files;
 }
 
-bool PriceRevision::isPossible(const Request& request) {
-    QString reason;
+bool PriceRevision::isThere(const Request& request) {
     if (request.source == Request::KeptYear) {
-        if (!isThere(pathOf(request.from))) reason = u"指定された年度の価格データは保存されていません。"_qs;
-    } else {
-        const QStringList files = filesIn(request.from);
-        if (!std::all_of(files.begin(), files.end(), isThere))
-            reason = u"指定されたフォルダに必要な価格改訂ファイルが存在しませんでした。"_qs;
-        else if (request.year.isEmpty())
-            reason = u"価格改訂データの[年度]を指定してください。"_qs;
+        if (isFile(pathOf(request.from))) return true;
+        ShowMessage(Message::Warning, u"指定された年度の価格データは保存されていません。"_qs);
+        return false;
     }
-    if (!reason.isEmpty()) ShowMessage(Message::Warning, reason);
-    return reason.isEmpty();
+    const QStringList files = filesIn(request.from);
+    if (std::all_of(files.begin(), files.end(), isFile)) return true;
+    ShowMessage(Message::Warning, u"指定されたフォルダに必要な価格改訂ファイルが存在しませんでした。"_qs);
+    return false;
+}
+
+bool PriceRevision::isPossible(const Request& request) {
+    if (!isThere(request)) return false;
+    if (request.source == Request::KeptYear || !request.year.isEmpty()) return true;
+    ShowMessage(Message::Warning, u"価格改訂データの[年度]を指定してください。"_qs);
+    return false;
 }
 
 bool PriceRevision::run(const Request& request) {
@@ -141,7 +121,7 @@ bool PriceRevision::run(const Request& request) {
 
 // Asked ahead, so that no other machine waits for the answer. The year in force is kept whatever the answer is.
 bool PriceRevision::mayReplaceYear(const Request& request) {
-    if (request.source != Request::Files || !isThere(pathOf(request.year))) return true;
+    if (request.source != Request::Files || !isFile(pathOf(request.year))) return true;
     {
         Transaction unwritten(m_main);
         keepYearInForce();
@@ -152,8 +132,8 @@ bool PriceRevision::mayReplaceYear(const Request& request) {
 
 // A price database starts as a copy of the empty one. It has its name when it is whole.
 void PriceRevision::provide(const QString& name) {
-    if (isThere(pathOf(name))) return;
-    makeEmptyPrices();
+    if (isFile(pathOf(name))) return;
+    if (!isFile(pathOf(emptyPrices))) DatabaseCreation::createPrices(pathOf(emptyPrices));
     const QString unfinished = pathOf(name) + u".new"_qs;
     QFile::remove(unfinished);
     if (!QFile::copy(pathOf(emptyPrices), unfinished) || !QFile::rename(unfinished, pathOf(name)))
@@ -177,7 +157,7 @@ bool PriceRevision::makeYear(const Request& request) {
         provide(request.year);
         return true;
     }
-    if (isThere(pathOf(request.from))) return true;
+    if (isFile(pathOf(request.from))) return true;
     ShowMessage(Message::Warning,
                 fileName(request.from) +
                     u"は既に削除されています。新たに価格改訂するか、切り替える年度を変更してください。"_qs);
@@ -191,7 +171,7 @@ void PriceRevision::importFiles(const Request& request) {
     m_copies.CopyKbtuTable();
     m_copies.KDBOpen(folder(), fileName(request.year));
     const auto close = qScopeGuard([this] { m_copies.KDBClose(); });
-    const Bound bound(m_copies.Connection(), m_main);
+    const BoundPrices bound(m_copies.Connection(), m_main);
     const QStringList files = filesIn(request.from);
     for (qsizetype i = 0; i < files.size(); ++i) {
         PriceTable& table = priceTable(Schema::priceTables().at(i));

@@ -28,12 +28,15 @@ public:
     PriceRevision(Connection& main, Tell tell, std::function<void()> pause);
 
     // Whether the files, or the kept year, are there; false when something is missing, which was told.
+    static bool isThere(const Request& request);
+    // The same, and whether the files have a year.
     static bool isPossible(const Request& request);
     // False when it was given up, which was told. Failures rise, and leave the main database as it was.
     bool run(const Request& request);
 
-    // The folder of the price databases, and the years in it, in order.
+    // The folder of the price databases, the file of a year, and the years in the folder, in order.
     static QString folder();
+    static QString fileName(const QString& year);
     static QStringList keptYears();
     // The files of a folder as the profile names them, in the order of the price tables.
     static QStringList filesIn(const QString& folder);

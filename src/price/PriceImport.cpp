@@ -2,6 +2,7 @@
 
 #include "base/AppError.h"
 #include "base/Dates.h"
+#include "base/Numbers.h"
 #include "base/Seams.h"
 #include "base/basMessage.h"
 #include "base/clsLogger.h"
@@ -61,77 +62,69 @@ void open(QFile& file) {
         throw AppError(file.fileName() + u"\n"_qs + u"ファイルが読めません。"_qs + file.errorString());
 }
 
-qint64 countLines(const QString& path) {
-    QFile file(path);
+// Above are a user's own rows, which the file must not meet.
+void refuseOwnNumber(const QString& id) {
+    if (Val(id) > PriceFiles::lastId)
+        throw AppError(u"ID %1 は価格データの番号（%2 まで）を超えています。"_qs.arg(id).arg(PriceFiles::lastId),
+                       u"PriceImport"_qs);
+}
+
+PriceRow stamped(const QString& table, const QStringList& fields, const QString& today) {
+    PriceRow row = PriceFiles::rowOf(table, fields);
+    row.insert(u"登録日"_qs, today);
+    row.insert(u"更新日"_qs, today);
+    return row;
+}
+
+} // namespace
+
+qint64 PriceFileReading::countLines() const {
+    QFile file(m_path);
     open(file);
     qint64 lines = 0;
     for (PriceFiles::Reader line(file); line.next();) ++lines;
     return lines;
 }
 
-class Import {
-public:
-    Import(PriceTable& table, Connection& prices, QString path, qint64 ownRows,
-           const std::function<void(qint64, qint64)>& progress)
-        : m_table(table), m_prices(prices), m_path(std::move(path)), m_ownRows(ownRows), m_progress(progress) {}
-
-    void run() {
+void PriceFileReading::run() {
+    QFile file(m_path);
+    open(file);
+    const QString today = dateText(currentDate());
+    RowWriter rows(m_table, m_prices);
+    qint64 done = 0;
+    for (PriceFiles::Reader line(file); line.next();) {
+        m_line = line.number();
+        if (line.fields().size() != PriceFiles::fieldCount(m_table.name())) onOtherForm(m_line);
         try {
-            m_table.empty();
-            writeLog(m_path + u" Open"_qs);
-            writeLog(u"取り込み開始："_qs + loggedName(m_table.name()));
-            m_all = countLines(m_path) + m_ownRows;
-            takeLines();
-            m_progress(m_all, m_all);
-            writeLog(u"取り込み終了：%1 %2件"_qs.arg(loggedName(m_table.name())).arg(m_all));
-        } catch (const AppError& error) {
-            writeLog(u"%1 (%2)"_qs.arg(error.description()).arg(error.number()));
-            writeLog(m_path + u"取り込みエラー： %1行目"_qs.arg(m_line));
-            ReportError();
+            refuseOwnNumber(line.fields().value(0));
+            rows.write(stamped(m_table.name(), line.fields(), today));
+        } catch (...) {
+            rows.keepWritten();
+            throw;
         }
+        onRow(++done);
     }
-
-private:
-    void takeLines() {
-        QFile file(m_path);
-        open(file);
-        RowWriter rows(m_table, m_prices);
-        qint64 done = 0;
-        for (PriceFiles::Reader line(file); line.next();) {
-            m_line = line.number();
-            if (line.fields().size() != PriceFiles::fieldCount(m_table.name()))
-                ShowMessage(Message::Warning, u"%1行目のデータ形式が違います。処理を終了します。"_qs.arg(m_line));
-            try {
-                rows.write(stamped(line.fields()));
-            } catch (...) {
-                rows.keepWritten();
-                throw;
-            }
-            m_progress(++done, m_all);
-        }
-        rows.commit();
-    }
-
-    PriceRow stamped(const QStringList& fields) const {
-        PriceRow row = PriceFiles::rowOf(m_table.name(), fields);
-        row.insert(u"登録日"_qs, m_today);
-        row.insert(u"更新日"_qs, m_today);
-        return row;
-    }
-
-    PriceTable& m_table;
-    Connection& m_prices;
-    QString m_path;
-    qint64 m_ownRows;
-    const std::function<void(qint64, qint64)>& m_progress;
-    const QString m_today = dateText(currentDate());
-    qint64 m_all = 0;
-    int m_line = 0;
-};
-
-} // namespace
+    rows.commit();
+}
 
 void importPriceFile(PriceTable& table, Connection& prices, const QString& path, qint64 ownRows,
                      const std::function<void(qint64 done, qint64 all)>& progress) {
-    Import(table, prices, path, ownRows, progress).run();
+    PriceFileReading reading(table, prices, path);
+    reading.onOtherForm = [](int line) {
+        ShowMessage(Message::Warning, u"%1行目のデータ形式が違います。処理を終了します。"_qs.arg(line));
+    };
+    try {
+        table.empty();
+        writeLog(path + u" Open"_qs);
+        writeLog(u"取り込み開始："_qs + loggedName(table.name()));
+        const qint64 all = reading.countLines() + ownRows;
+        reading.onRow = [&](qint64 done) { progress(done, all); };
+        reading.run();
+        progress(all, all);
+        writeLog(u"取り込み終了：%1 %2件"_qs.arg(loggedName(table.name())).arg(all));
+    } catch (const AppError& error) {
+        writeLog(u"%1 (%2)"_qs.arg(error.description()).arg(error.number()));
+        writeLog(path + u"取り込みエラー： %1行目"_qs.arg(reading.line()));
+        ReportError();
+    }
 }

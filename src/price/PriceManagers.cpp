@@ -1,5 +1,8 @@
 #include "price/PriceManagers.h"
 
+#include "base/basMessage.h"
+#include "db/Schema.h"
+
 clsPriceItemManager gPriceItemManager;
 clsPriceBaseManager gPriceBaseManager;
 clsPriceAddManager gPriceAddManager;
@@ -154,4 +157,18 @@ PriceTable& priceTable(const QString& name) {
              &gPriceItemManager, &gPriceBaseManager, &gPriceAddManager, &gPriceElmtManager, &gPricePartsManager})
         if (table->name() == name) return *table;
     throw AppError(u"%1 は価格の表ではありません。"_qs.arg(name), u"PriceTable"_qs);
+}
+
+namespace {
+
+void bindPrices(Connection& connection) {
+    for (const QString& table : Schema::priceTables()) priceTable(table).bind(connection);
+}
+
+} // namespace
+
+BoundPrices::BoundPrices(Connection& prices, Connection& main) : m_main(main) { bindPrices(prices); }
+
+BoundPrices::~BoundPrices() {
+    guarded([this] { bindPrices(m_main); });
 }

@@ -39,3 +39,15 @@ public:
 
 // The table of that name; raises an error for any other.
 PriceTable& priceTable(const QString& name);
+
+// The five tables work on another database, such as one of a year, as long as this lives; then on the main one again.
+class BoundPrices {
+public:
+    BoundPrices(Connection& prices, Connection& main);
+    ~BoundPrices();
+    BoundPrices(const BoundPrices&) = delete;
+    BoundPrices& operator=(const BoundPrices&) = delete;
+
+private:
+    Connection& m_main;
+};

@@ -9,13 +9,13 @@
 
 namespace {
 
-const QString ownRows = u"ID > %1"_qs.arg(PriceFiles::lastId);
-
 void dropTable(Connection& connection, const QString& name) {
     if (connection.tableExists(name)) connection.execute(u"DROP TABLE [%1]"_qs.arg(name));
 }
 
 } // namespace
+
+QString clsKDBManager::ownRows() { return u"ID > %1"_qs.arg(PriceFiles::lastId); }
 
 void clsKDBManager::KDBOpen(const QString& folder, const QString& file) {
     KDBClose();
@@ -34,7 +34,6 @@ Connection& clsKDBManager::Connection() {
     return *m_prices;
 }
 
-// What fails in a price database says in which.
 void clsKDBManager::named(const std::function<void()>& work) const {
     try {
         work();
@@ -63,7 +62,7 @@ void clsKDBManager::BackupKTable() {
 void clsKDBManager::BackupKbtuTable() {
     named([this] {
         for (const QString& table : Schema::priceTables())
-            rewrite(Connection(), *m_main, *Schema::table(table), table, ownRows);
+            rewrite(Connection(), *m_main, *Schema::table(table), table, ownRows());
     });
 }
 

@@ -16,6 +16,8 @@ public:
     void KDBClose() noexcept { m_prices.reset(); }
     // The open price database; raises an error when there is none.
     ::Connection& Connection();
+    // Work on the price database; what fails says in which file.
+    void named(const std::function<void()>& work) const;
 
     // --- from the main database to the price database ---
     void BackupKTable();
@@ -36,13 +38,13 @@ public:
     // Called now and then while rows are copied.
     std::function<void()> onRows;
 
+    // The condition of a user's own rows.
+    static QString ownRows();
     static QString ownRowsTable(const QString& table) { return table + u"_個別"_qs; }
 
 private:
     void rewrite(::Connection& target, ::Connection& source, const Schema::Table& table, const QString& name,
                  const QString& where = {});
-    void named(const std::function<void()>& work) const;
-
     ::Connection* m_main = nullptr;
     std::unique_ptr<::Connection> m_prices;
     QString m_file;

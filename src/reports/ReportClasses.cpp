@@ -29,8 +29,8 @@ ReportHeader printDayHeader() {
 }
 
 const QList<ReportClass>& reportClasses() {
-    static const QList<ReportClass> classes =
-        estimateDocuments() + accidentPapers() + opinionPapers() + estimateLists() + masterReports() + statistics();
+    static const QList<ReportClass> classes = estimateDocuments() + accidentPapers() + opinionPapers() +
+                                              estimateLists() + masterReports() + statistics() + priceReports();
     return classes;
 }
 

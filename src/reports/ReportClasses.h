@@ -41,6 +41,7 @@ QList<ReportClass> masterReports();
 QList<ReportClass> accidentPapers();
 QList<ReportClass> opinionPapers();
 QList<ReportClass> statistics();
+QList<ReportClass> priceReports();
 
 // The header of papers that tell the day of printing: the system date as `PrtDate`.
 ReportHeader printDayHeader();

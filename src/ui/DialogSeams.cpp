@@ -1,6 +1,7 @@
 #include "ui/DialogSeams.h"
 
 #include "base/Seams.h"
+#include "ui/MountedDrives.h"
 #include "ui/NormalCursor.h"
 
 #include <QApplication>
@@ -128,4 +129,5 @@ void fillSeamsWithDialogs() {
     seams().saveFile = askSaveFile;
     seams().openFolder = askFolder;
     seams().openFile = askFile;
+    removableDrives() = mountedRemovableDrives;
 }

@@ -6,9 +6,10 @@
 #include "db/clsDbManager.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
+#include "master/screens/frmMsEstimate.h"
 #include "master/screens/frmMsEstimateList.h"
 #include "master/screens/frmMstEstimateDialog.h"
-#include "master/screens/frmMsEstimate.h"
+#include "operations/screens/frmPrintAdjust.h"
 #include "payments/screens/frmCsPaidSearch.h"
 #include "payments/screens/frmCsPayList.h"
 #include "payments/screens/frmCsPaySearch.h"
@@ -18,8 +19,9 @@
 #include "payments/screens/frmStMoneyEndSearch.h"
 #include "payments/screens/frmStOrderSales.h"
 #include "payments/screens/frmStWorkPlan.h"
+#include "price/screens/frmKakakuChange.h"
+#include "price/screens/frmKakakuUpdate.h"
 #include "reference/screens/CodeTableScreen.h"
-#include "operations/screens/frmPrintAdjust.h"
 #include "ui/Grid.h"
 #include "ui/Style.h"
 
@@ -70,6 +72,8 @@ private slots:
     void theDialogOfANewMasterFits() { checkFits<frmMstEstimateDialog>(); }
     void theCustomerListFits() { checkFits<frmCustomerList>(); }
     void theWidestCodeTableFits() { checkFits<frmClaimData>(); }
+    void theRevisionFits() { checkFits<frmKakakuUpdate>(); }
+    void theChangesOfPricesFit() { checkFits<frmKakakuChange>(); }
     void theCustomerScreenFits() { checkFits<frmCustomer>(); }
     void thePaymentSearchFits() { checkFits<frmCsPaySearch>(); }
     void thePaymentListFits() { checkFits<frmCsPayList>(); }

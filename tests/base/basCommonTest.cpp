@@ -361,8 +361,6 @@ private slots:
         QCOMPARE(GetDbFilePath(), folder.path(u"a.db"_qs));
     }
 
-    void noDriveIsFound() { QCOMPARE(FindDriveByType(5), QString()); }
-
     void systemDateTakesTheOverrideWhenItIsADate_data() {
         QTest::addColumn<QString>("configured");
         QTest::addColumn<QString>("year");

@@ -1,5 +1,6 @@
 #include "HalvaneTest.h"
 #include "support/MessageQueue.h"
+#include "support/PriceSamples.h"
 #include "support/Raised.h"
 #include "support/TestDatabase.h"
 
@@ -14,17 +15,12 @@
 
 #include <QDir>
 
+#include <unistd.h>
+
 namespace {
 
 using Request = PriceRevision::Request;
-
-// The five files of a year: one row in each table, and what a test puts in their place.
-QStringList filesOfYear(const QString& price) {
-    return {u"1,義足,B-1,名,形\r\n"_qs, u"1,1,下肢装具,E-9,長下肢装具,＊,,2,%1,%1,%1,90,90,90\r\n"_qs.arg(price),
-            u"1,1,下肢装具,E-9,断端加算,3,%1,90\r\n"_qs.arg(price),
-            u"1,1,下肢装具,E-9,支持部,皮革,%1,%1,%1,90,90,90\r\n"_qs.arg(price),
-            u"1,下肢装具,足部,単軸,架空工業,K-1,1,○,,,%1,90\r\n"_qs.arg(price)};
-}
+using PriceSamples::filesOfYear;
 
 } // namespace
 
@@ -34,8 +30,7 @@ class PriceRevisionTest : public QObject {
 private slots:
     void init() {
         m_database = std::make_unique<TestDatabase>(TestDatabase::Contents::Delivered);
-        m_database->writeProfile(u"[Kakaku]\r\nItem=Item.csv\r\nBase=Base.csv\r\nAdd=Add.csv\r\n"
-                                 "Element=Element.csv\r\nParts=Parts.csv\r\n[Log]\r\nPath=log\r\nSaveDays=0\r\n"_qs);
+        m_database->writeProfile(PriceSamples::profile);
         m_database->prepareManagers();
         gPriceYear = u"2026"_qs;
         gLogger = std::make_unique<clsLogger>();
@@ -185,6 +180,49 @@ private slots:
         QCOMPARE(scalar(u"SELECT [設定値] FROM [システム設定] WHERE [No] = 20"_qs), u"2026"_qs);
     }
 
+    void aYearThatAnotherProgramHasLockedIsNamed() {
+        MessageQueue messages({AnswerYes, AnswerYes});
+        QVERIFY(run(ofFiles(u"2027"_qs)));
+        QVERIFY(run(ofKept(u"2026"_qs)));
+        Connection other(ConnectionSettings::sqliteFile(QDir(PriceRevision::folder()).filePath(u"2027.db"_qs)));
+        other.open();
+        other.engineExecute(u"BEGIN EXCLUSIVE"_qs);
+        const QString words = raised([this] { run(ofFiles(u"2027"_qs)); });
+        QVERIFY2(words.startsWith(u"2027.db：\n"_qs), qPrintable(words));
+        verifyYearInForce(u"2026"_qs, u"前の年"_qs);
+        other.engineExecute(u"ROLLBACK"_qs);
+        QVERIFY(run(ofFiles(u"2027"_qs)));
+        verifyYearInForce(u"2027"_qs, u"名"_qs);
+    }
+
+    void aYearThatMayNotBeWrittenIsNamed() {
+        if (::geteuid() == 0) QSKIP("the rights of files do not bind root");
+        MessageQueue messages({AnswerYes, AnswerYes});
+        QVERIFY(run(ofFiles(u"2027"_qs)));
+        QVERIFY(run(ofKept(u"2026"_qs)));
+        const QString file = QDir(PriceRevision::folder()).filePath(u"2027.db"_qs);
+        QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
+        const QString words = raised([this] { run(ofFiles(u"2027"_qs)); });
+        QVERIFY2(words.startsWith(u"2027.db：\n"_qs), qPrintable(words));
+        verifyYearInForce(u"2026"_qs, u"前の年"_qs);
+        QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
+        QVERIFY(run(ofFiles(u"2027"_qs)));
+    }
+
+    void aRowWithTheNumberOfAUserStopsItsTable() {
+        addOwnPart();
+        QStringList files = filesOfYear(u"100"_qs);
+        files[4] +=
+            u"9000002,下肢装具,足部,単軸,架空工業,K-2,1,○,,,100,90\r\n3,下肢装具,足部,単軸,架空,K-3,1,○,,,1,1\r\n"_qs;
+        writeYear(u"new"_qs, files);
+        MessageQueue messages;
+        QVERIFY(run(ofFiles(u"2027"_qs)));
+        QCOMPARE(scalar(u"SELECT COUNT(*) FROM [価格部品]"_qs), u"2"_qs); // the first of the file, and the user's own
+        QCOMPARE(scalar(u"SELECT [部品コード] FROM [価格部品] WHERE [ID] = 9000001"_qs), u"OWN"_qs);
+        QVERIFY(log().contains(u"Parts.csv取り込みエラー： 2行目"_qs));
+        QCOMPARE(gPriceYear, u"2027"_qs);
+    }
+
     void whatIsMissingIsToldBeforeAnythingStarts() {
         const auto told = [](const Request& request) {
             MessageQueue messages;
@@ -273,14 +311,18 @@ private:
     static Request ofKept(const QString& year) { return {Request::KeptYear, year, {}}; }
 
     void write(const QString& name, const QString& text) const {
-        QFile file(QDir(m_database->folder()).filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(Text::toCp932(text));
+        PriceSamples::writeFile(QDir(m_database->folder()).filePath(name), text);
     }
     void writeYear(const QString& folder, const QStringList& files) const {
-        QDir(m_database->folder()).mkpath(folder);
-        const QStringList names{u"Item"_qs, u"Base"_qs, u"Add"_qs, u"Element"_qs, u"Parts"_qs};
-        for (int i = 0; i < names.size(); ++i) write(folder + u'/' + names.at(i) + u".csv"_qs, files.at(i));
+        PriceSamples::writeYear(QDir(m_database->folder()).filePath(folder), files);
+    }
+
+    void verifyYearInForce(const QString& year, const QString& item) {
+        QCOMPARE(gPriceYear, year);
+        QCOMPARE(scalar(u"SELECT [設定値] FROM [システム設定] WHERE [No] = 20"_qs), year);
+        QCOMPARE(scalar(u"SELECT [名称] FROM [価格種目]"_qs), item);
+        for (const QString& table : Schema::priceTables())
+            QVERIFY(!m_database->connection().tableExists(clsKDBManager::ownRowsTable(table)));
     }
 
     // A master estimate of one item, each of whose lines has 2 of its element.

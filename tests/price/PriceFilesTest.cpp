@@ -5,6 +5,8 @@
 #include "base/Text.h"
 #include "price/PriceFiles.h"
 
+#include <QTemporaryDir>
+
 #include <random>
 
 class PriceFilesTest : public QObject {
@@ -81,6 +83,64 @@ private slots:
             QVERIFY(words.endsWith(u"行目のデータ形式が違います。処理を終了します。"_qs));
         }
         QVERIFY(read > 100 && refused > 100);
+    }
+
+    // What is wrong in a file of 価格加算 is told with its line; nothing but the fault is told.
+    void damagedFilesAreTold_data() {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QStringList>("faults");
+        const QByteArray good = Text::toCp932(u"7,3,義足,A-1,断端,3,15900,1\r\n"_qs);
+        const auto cp932 = [](const QString& line) { return Text::toCp932(line + u"\r\n"_qs); };
+        QTest::newRow("good") << good << QStringList();
+        QTest::newRow("LF only") << QByteArray(good).replace("\r\n", "\n") << QStringList();
+        QTest::newRow("a last line without its end") << good + good.chopped(2).replace(0, 1, "8") << QStringList();
+        QTest::newRow("empty lines") << "\r\n" + good + "\r\n\n" << QStringList();
+        QTest::newRow("0 bytes") << QByteArray() << QStringList{u"0 ファイルが空です。"_qs};
+        QTest::newRow("another code page") << u"7,3,義足,A-1,断端,3,15900,1\r\n"_qs.toUtf8()
+                                           << QStringList{u"1 文字コードが Shift_JIS ではありません。"_qs};
+        QTest::newRow("a BOM") << "\xEF\xBB\xBF" + good
+                               << QStringList{u"0 文字コードが UTF-8 です。Shift_JIS で保存し直してください。"_qs};
+        QTest::newRow("a BOM of 16 bits")
+            << QByteArray("\xFF\xFE\x37\x00", 4)
+            << QStringList{u"0 文字コードが UTF-16 です。Shift_JIS で保存し直してください。"_qs};
+        QTest::newRow("100 columns") << good.chopped(2) + QByteArray(92, ',') + "\r\n"
+                                     << QStringList{u"1 項目の数が違います（8 のところ 100）。"_qs};
+        QTest::newRow("too few columns") << good + "8,3\r\n"
+                                         << QStringList{u"2 項目の数が違います（8 のところ 2）。"_qs};
+        QTest::newRow("an ID twice") << good + good << QStringList{u"2 ID 7 が重複しています。"_qs};
+        QTest::newRow("an ID of a user") << cp932(u"9000001,3,義足,A-1,断端,3,1,1"_qs)
+                                         << QStringList{u"1 ID が範囲を超えています（9000001）。"_qs};
+        QTest::newRow("no ID") << cp932(u",3,義足,A-1,断端,3,1,1"_qs) << QStringList{u"1 ID がありません。"_qs};
+        QTest::newRow("a price of 1e9") << cp932(u"7,3,義足,A-1,断端,3,1e9,1"_qs)
+                                        << QStringList{u"1 新価格 が数字ではありません（1e9）。"_qs};
+        QTest::newRow("a price beyond all") << cp932(u"7,3,義足,A-1,断端,3,1000000000,1"_qs)
+                                            << QStringList{u"1 新価格 が範囲を超えています（1000000000）。"_qs};
+        QTest::newRow("a letter as a price")
+            << cp932(u"7,3,義足,A-1,断端,3,x,1"_qs) << QStringList{u"1 新価格 が数字ではありません（x）。"_qs};
+        QTest::newRow("a price below 0") << cp932(u"7,3,義足,A-1,断端,3,-5,1"_qs)
+                                         << QStringList{u"1 新価格 が範囲を超えています（-5）。"_qs};
+        QTest::newRow("a text too long") << cp932(u"7,3,義足,A-1,%1,3,1,1"_qs.arg(QString(51, u'長')))
+                                         << QStringList{u"1 加算要素 が長すぎます（50文字まで）。"_qs};
+    }
+    void damagedFilesAreTold() {
+        QFETCH(QByteArray, file);
+        QTemporaryDir folder;
+        QFile stored(folder.filePath(u"Add.csv"_qs));
+        QVERIFY(stored.open(QIODevice::WriteOnly));
+        stored.write(file);
+        stored.close();
+        QStringList told;
+        for (const PriceFiles::Fault& fault : PriceFiles::faultsOf(u"価格加算"_qs, stored.fileName())) {
+            QCOMPARE(fault.file, u"Add.csv"_qs);
+            told << u"%1 %2"_qs.arg(fault.line).arg(fault.reason);
+        }
+        QTEST(told, "faults");
+    }
+
+    void aFileThatCannotBeReadIsTold() {
+        const QList<PriceFiles::Fault> faults = PriceFiles::faultsOf(u"価格加算"_qs, u"/nowhere/Add.csv"_qs);
+        QCOMPARE(faults.size(), 1);
+        QVERIFY(faults.first().reason.startsWith(u"ファイルが読めません。"_qs));
     }
 
     void importedRowsAreValidAndKeepTheirNumbers() {

@@ -1,6 +1,8 @@
 #include "price/screens/frmKakakuFaults.h"
 
 #include "base/Numbers.h"
+#include "db/Schema.h"
+#include "operations/PriceRevision.h"
 #include "ui/FormPieces.h"
 #include "ui_frmKakakuFaults.h"
 
@@ -18,7 +20,11 @@ frmKakakuFaults::frmKakakuFaults(QWidget* parent) : Screen(parent), ui(std::make
 
 frmKakakuFaults::~frmKakakuFaults() = default;
 
-bool frmKakakuFaults::mayGoOn(QWidget* parent, const QList<PriceFiles::Fault>& faults) {
+bool frmKakakuFaults::mayTake(QWidget* parent, const QString& folder, const std::function<void()>& pause) {
+    QList<PriceFiles::Fault> faults;
+    const QStringList files = PriceRevision::filesIn(folder);
+    for (qsizetype i = 0; i < files.size(); ++i)
+        faults << PriceFiles::faultsOf(Schema::priceTables().at(i), files.at(i), pause);
     if (faults.isEmpty()) return true;
     bool goesOn = false;
     openScreen<frmKakakuFaults>(

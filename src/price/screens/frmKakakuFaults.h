@@ -15,8 +15,9 @@ public:
     explicit frmKakakuFaults(QWidget* parent = nullptr);
     ~frmKakakuFaults() override;
 
-    // True when there is nothing wrong, or the operator goes on.
-    static bool mayGoOn(QWidget* parent, const QList<PriceFiles::Fault>& faults);
+    // Looks through the files of a folder. True when there is nothing wrong in them, or the operator goes on. `pause`
+    // is called after each line.
+    static bool mayTake(QWidget* parent, const QString& folder, const std::function<void()>& pause = {});
 
     QList<PriceFiles::Fault> Faults;
     bool GoOn = false;

@@ -7,9 +7,8 @@
 #include "base/Text.h"
 #include "base/basCommon.h"
 #include "base/basMessage.h"
-#include "db/Schema.h"
 #include "db/clsDbManager.h"
-#include "price/PriceFiles.h"
+#include "price/screens/frmKakakuChange.h"
 #include "price/screens/frmKakakuFaults.h"
 #include "ui/FormPieces.h"
 #include "ui_frmKakakuUpdate.h"
@@ -38,6 +37,7 @@ frmKakakuUpdate::frmKakakuUpdate(QWidget* parent) : Screen(parent), ui(std::make
     ui->cboChgKakaku->installEventFilter(this);
     onClick(ui->cbShowFiler, [this] { chooseFolder(); });
     onClick(ui->cbKakaku, [this] { revise(); });
+    onClick(ui->cbChange, [this] { showChanges(); });
     onClick(ui->cbClose, [this] { close(); });
 }
 
@@ -128,12 +128,22 @@ std::optional<PriceRevision::Request> frmKakakuUpdate::request() {
     return request;
 }
 
-bool frmKakakuUpdate::filesAreGood(const PriceRevision::Request& request) {
-    QList<PriceFiles::Fault> faults;
-    const QStringList files = PriceRevision::filesIn(request.from);
-    for (qsizetype i = 0; i < files.size(); ++i)
-        faults << PriceFiles::faultsOf(Schema::priceTables().at(i), files.at(i), [this] { pause(); });
-    return frmKakakuFaults::mayGoOn(this, faults);
+// The list that the revision would take over. Without one the operator chooses among those kept.
+void frmKakakuUpdate::showChanges() {
+    if (!leaveField()) return;
+    PriceList list;
+    if (choice() == KeptYear && !ui->cboChgKakaku->text().isEmpty())
+        list = {PriceList::KeptYear, ui->cboChgKakaku->text()};
+    if (choice() < Download) {
+        const auto from = source();
+        if (!from) return;
+        list = {PriceList::Files, *from};
+    }
+    using Request = PriceRevision::Request;
+    const auto kind = list.kind == PriceList::KeptYear ? Request::KeptYear : Request::Files;
+    if (list.kind != PriceList::InForce && !PriceRevision::isThere({kind, list.from, {}})) return;
+    openScreen<frmKakakuChange>(
+        this, [&](frmKakakuChange& screen) { screen.After = list; }, [](const frmKakakuChange&) {});
 }
 
 // --- the run ---
@@ -149,7 +159,9 @@ void frmKakakuUpdate::revise() {
 void frmKakakuUpdate::run() {
     const auto asked = request();
     if (!asked) return;
-    if (asked->source == PriceRevision::Request::Files && !filesAreGood(*asked)) return;
+    if (asked->source == PriceRevision::Request::Files &&
+        !frmKakakuFaults::mayTake(this, asked->from, [this] { pause(); }))
+        return;
     SetWaitCursor(true);
     const auto end = qScopeGuard([] { SetWaitCursor(false); });
     PriceRevision revision(
@@ -162,7 +174,8 @@ void frmKakakuUpdate::run() {
 
 void frmKakakuUpdate::setBusy(bool busy) {
     m_busy = busy;
-    for (QWidget* part : std::initializer_list<QWidget*>{ui->fraData, ui->idtSelYear, ui->cbKakaku, ui->cbClose})
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{ui->fraData, ui->idtSelYear, ui->cbKakaku, ui->cbChange, ui->cbClose})
         part->setEnabled(!busy);
     if (busy) return;
     fillYears(); // a revision keeps years

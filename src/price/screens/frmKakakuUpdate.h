@@ -42,9 +42,9 @@ private:
     void chooseFolder();
     std::optional<QString> source();
     std::optional<PriceRevision::Request> request();
+    void showChanges();
     void revise();
     void run();
-    bool filesAreGood(const PriceRevision::Request& request);
     void setBusy(bool busy);
     void clearProgress();
     void tell(PriceRevision::Part part, qint64 count, qint64 all);
