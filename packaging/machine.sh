@@ -38,6 +38,9 @@ tidy_packages=(
 bench_packages=(
     libbenchmark-dev      # timing of functions
 )
+package_packages=(
+    dpkg-dev              # finds the libraries that the program needs
+)
 vnc_packages=(
     xvfb                  # a display without a screen
     x11vnc                # shows it to a viewer

@@ -1,5 +1,6 @@
 #include "app/frmMenu.h"
 
+#include "app/DraftOffer.h"
 #include "app/MenuOpeners.h"
 #include "app/basMain.h"
 #include "base/Application.h"
@@ -40,6 +41,9 @@ frmMenu::frmMenu(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmM
     m_groupFrames = {ui->fraMenu_0, ui->fraMenu_1, ui->fraMenu_2, ui->fraMenu_3, ui->fraMenu_4};
     for (int i = 0; i < m_groupButtons.size(); ++i) onClick(m_groupButtons.at(i), [this, i] { enterGroup(i); });
     onClick(ui->cbEnd, [this] { close(); });
+    onClick(ui->cmdDraftOpen,
+            [this] { withNewestDraft([this](const KeptDraft& draft) { DraftOffer::open(this, draft); }); });
+    onClick(ui->cmdDraftDrop, [this] { withNewestDraft(DraftOffer::drop); });
     connectOpeners();
     showGroup(0);
 }
@@ -47,7 +51,7 @@ frmMenu::frmMenu(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmM
 frmMenu::~frmMenu() = default;
 
 void frmMenu::connectOpeners() {
-    const auto ownButtons = m_groupButtons + QList<QPushButton*>{ui->cbEnd};
+    const auto ownButtons = m_groupButtons + QList<QPushButton*>{ui->cbEnd, ui->cmdDraftOpen, ui->cmdDraftDrop};
     for (QPushButton* button : findChildren<QPushButton*>()) {
         if (ownButtons.contains(button)) continue;
         const MenuOpener open = menuOpeners().value(button->objectName());
@@ -55,6 +59,7 @@ void frmMenu::connectOpeners() {
         onClick(button, [this, open] {
             open(this);
             showBackupAge();
+            showDrafts();
         });
     }
 }
@@ -64,6 +69,7 @@ void frmMenu::load() {
     TableMaintenance(gDbManager.Connection());
     showBackupAge();
     tellFailedBackup();
+    showDrafts();
     ui->cbSelectMenu_0->setFocus();
 }
 
@@ -101,6 +107,23 @@ void frmMenu::tellFailedBackup() {
     const QString failure = AutoBackup::takeFailure();
     if (!failure.isEmpty())
         ShowMessage(Message::Warning, u"前回の終了時に、自動バックアップができませんでした。\n"_qs + failure);
+}
+
+// --- work that was left behind ---
+
+void frmMenu::showDrafts() {
+    m_drafts = KeptDrafts::left();
+    const QString text = DraftOffer::text(m_drafts);
+    ui->fraDrafts->setVisible(!text.isEmpty());
+    ui->lblDraft->setText(text);
+    for (QWidget* command : {ui->cmdDraftOpen, ui->cmdDraftDrop}) command->setVisible(!m_drafts.isEmpty());
+}
+
+void frmMenu::withNewestDraft(const std::function<void(const KeptDraft&)>& work) {
+    if (m_drafts.isEmpty()) return;
+    const KeptDraft newest = m_drafts.first();
+    work(newest);
+    showDrafts();
 }
 
 bool frmMenu::queryUnload() {

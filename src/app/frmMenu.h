@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/KeptDrafts.h"
 #include "ui/Screen.h"
 
 namespace Ui {
@@ -31,8 +32,11 @@ private:
     void backUp();
     void showBackupAge();
     void tellFailedBackup();
+    void showDrafts();
+    void withNewestDraft(const std::function<void(const KeptDraft&)>& work);
 
     std::unique_ptr<Ui::frmMenu> ui;
     QList<QPushButton*> m_groupButtons;
     QList<QWidget*> m_groupFrames;
+    QList<KeptDraft> m_drafts; // the newest first
 };

@@ -1,7 +1,9 @@
 #include "app/InstanceLock.h"
+#include "app/OfficeFolder.h"
 #include "app/basMain.h"
 #include "base/AppError.h"
 #include "base/Application.h"
+#include "base/Seams.h"
 #include "base/Text.h"
 #include "base/basMessage.h"
 #include "base/clsProfile.h"
@@ -10,6 +12,7 @@
 #include "operations/DatabaseCopy.h"
 #include "operations/DatabaseCreation.h"
 #include "operations/Restore.h"
+#include "operations/screens/frmFirstStart.h"
 #include "reports/engine/ReportFonts.h"
 #include "ui/DialogSeams.h"
 #include "ui/Style.h"
@@ -20,16 +23,19 @@
 
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace {
 
 constexpr int commandLineError = 2;
 
-constexpr char help[] = R"(使い方: halvane [オプション]
+constexpr char help[] = R"(使い方: halvane [--office フォルダー] [オプション]
 
 オプションなしで起動するとメインメニューを表示します。
 
+  --office フォルダー 事業所のフォルダー（Halvane.ini のある所）です。指定しなければ、プログラムの
+                      フォルダー、端末にインストールされたものでは「ホーム/Halvane」です。
   --create-database [--sample]
                       Halvane.ini の指すデータベースを新しく作ります。--sample を付けると
                       見本のデータを入れます。既にあるデータベースには触れません。
@@ -119,30 +125,64 @@ int refuse(const QStringList& words) {
     return commandLineError;
 }
 
-int runCommand(int argc, char** argv, const Command& command) {
-    QCoreApplication application(argc, argv);
+int failed(const AppError& error) {
+    std::fprintf(stderr, "halvane: %s\n", qUtf8Printable(error.description()));
+    return EXIT_FAILURE;
+}
+
+int runCommand(const Command& command) {
     try {
         command();
         return EXIT_SUCCESS;
     } catch (const AppError& error) {
-        std::fprintf(stderr, "halvane: %s\n", qUtf8Printable(error.description()));
-        return EXIT_FAILURE;
+        return failed(error);
     }
 }
 
-int runScreens(int argc, char** argv) {
-    QApplication application(argc, argv);
+void workIn(const QString& folder) {
+    seams().programFolder = [folder] { return folder; };
+}
+
+// An office that is not set up yet is set up first, or left for a look at the sample. False when the operator left.
+bool settleOffice(const OfficeFolder& office) {
+    workIn(office.path);
+    if (office.isSetUp()) return true;
+    frmFirstStart start(office.path, office.sample().path);
+    if (start.exec() != QDialog::Accepted) return false;
+    workIn(start.chosenFolder());
+    return true;
+}
+
+void equip(QApplication& application) {
     application.setApplicationName(u"Halvane"_qs);
+    application.setWindowIcon(QIcon(u":/icons/halvane.png"_qs));
+    QGuiApplication::setDesktopFileName(u"halvane"_qs); // so that a desktop knows whose windows these are
     Style::apply(application);
     fillSeamsWithDialogs();
-    const bool equipped = guarded([] {
-        Text::assertConverters();
-        assertPaperFonts();
-    });
-    if (!equipped) return EXIT_FAILURE;
+    Text::assertConverters();
+    assertPaperFonts();
+}
+
+int runScreens(QApplication& application, const OfficeFolder& office) {
+    if (!guarded([&] { equip(application); })) return EXIT_FAILURE;
     if (const QString notice = standInNotice(QFontDatabase::families()); !notice.isEmpty())
         ShowMessage(Message::Information, notice);
+    if (!settleOffice(office)) return EXIT_SUCCESS;
     return Main() ? QApplication::exec() : EXIT_FAILURE;
+}
+
+// Windows are for a command line that asks for nothing else.
+int run(int argc, char** argv, QStringList& words) {
+    const bool commanded =
+        words.value(0) == u"--office" ? words.value(2).startsWith(u"--"_qs) : words.value(0).startsWith(u"--"_qs);
+    const std::unique_ptr<QCoreApplication> application(commanded ? new QCoreApplication(argc, argv)
+                                                                  : new QApplication(argc, argv));
+    const OfficeFolder office = OfficeFolder::of(words);
+    if (auto* screens = qobject_cast<QApplication*>(application.get())) return runScreens(*screens, office);
+    const auto command = commandOf(words);
+    if (!command) return refuse(words);
+    workIn(office.path);
+    return runCommand(*command);
 }
 
 } // namespace
@@ -150,7 +190,9 @@ int runScreens(int argc, char** argv) {
 int main(int argc, char** argv) {
     QStringList words;
     for (int i = 1; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
-    if (!words.value(0).startsWith(u"--")) return runScreens(argc, argv);
-    const auto command = commandOf(words);
-    return command ? runCommand(argc, argv, *command) : refuse(words);
+    try {
+        return run(argc, argv, words);
+    } catch (const AppError& error) {
+        return failed(error);
+    }
 }

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <chrono>
+
 void EditScreen::setUpEditing(Controls controls) {
     m_controls = std::move(controls);
     onClick(m_controls.cancel, [this] { cancel(); });
@@ -17,10 +19,46 @@ void EditScreen::setUpEditing(Controls controls) {
 void EditScreen::load() {
     fillLists();
     AttachControls(this, wrappers);
-    setMode(EditMode);
-    showStored();
-    clearEdited();
+    if (Left) {
+        takeUpLeft();
+    } else {
+        setMode(EditMode);
+        showStored();
+        clearEdited();
+    }
     firstField()->setFocus();
+    connect(&m_minute, &QTimer::timeout, this, &EditScreen::keepDraft);
+    if (keepsDrafts()) m_minute.start(std::chrono::minutes{1});
+}
+
+// --- drafts ---
+
+namespace {
+
+const QString modeKey = u"mode"_qs;
+
+} // namespace
+
+void EditScreen::takeUpLeft() {
+    setMode(static_cast<qint16>(Left->content[modeKey].toInt()));
+    showKept(Left->content);
+    m_kept.takeUp(*Left); // not before it is shown: a failure leaves it where it is
+    noteEdit();
+}
+
+void EditScreen::keepDraft() {
+    if (!keepsDrafts() || !Loaded || EditMode == Delete || !isEdited()) return;
+    m_kept.keep([this] {
+        KeptWork work = workToKeep();
+        work.kind = objectName();
+        work.content[modeKey] = EditMode;
+        return work;
+    });
+}
+
+void EditScreen::endSaving() {
+    m_kept.endSave();
+    keepDraft();
 }
 
 void EditScreen::setMode(qint16 mode) {
@@ -40,6 +78,7 @@ bool EditScreen::isEdited() const { return m_edited || IsAnyEdited(wrappers); }
 void EditScreen::clearEdited() {
     m_edited = false;
     ClearEdited(wrappers);
+    m_kept.forget();
 }
 
 void EditScreen::showSaved(const std::function<void()>& show, const QString& message) {
@@ -76,6 +115,7 @@ bool EditScreen::queryUnload() {
     case AnswerYes:
         return save();
     case AnswerNo:
+        m_kept.forget();
         return true;
     default:
         return false;

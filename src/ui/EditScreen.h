@@ -1,6 +1,11 @@
 #pragma once
 
+#include "base/KeptDrafts.h"
 #include "ui/Screen.h"
+
+#include <QTimer>
+
+#include <optional>
 
 class QLabel;
 class QPushButton;
@@ -16,6 +21,11 @@ public:
 
     qint16 EditMode = Add;
     bool Updated = false;
+    // Work that was left behind, to go on with. It brings its own mode.
+    std::optional<KeptDraft> Left;
+
+    // Keeps what is under edit as a draft. Every minute does so by itself.
+    void keepDraft();
 
 protected:
     struct Words {
@@ -42,6 +52,10 @@ protected:
     virtual bool save() = 0;
     // Deletes what is stored. False when that is the caller's part, who then tells it.
     virtual bool removeStored() { return false; }
+    // A screen whose work is more than one would like to type again keeps it as a draft, which `showKept` shows again.
+    virtual bool keepsDrafts() const { return false; }
+    virtual KeptWork workToKeep() const { return {}; }
+    virtual void showKept(const QJsonObject&) {}
 
     void setMode(qint16 mode);
     // A change that no field tells of.
@@ -51,15 +65,34 @@ protected:
     // After a save that the screen stays open for: shows what is stored now, and tells it. The save stands when the
     // showing fails, which is told by itself.
     void showSaved(const std::function<void()>& show, const QString& message);
+    // Runs the writing itself. A draft of that time says that it may be stored; after a save that did not come to its
+    // end it is written anew at once, with what is known of that save.
+    template <class Write> auto saving(Write write) {
+        const DraftMark mark(*this);
+        return write();
+    }
 
     void load() override;
     bool queryUnload() override;
 
 private:
+    struct DraftMark {
+        explicit DraftMark(EditScreen& screen) : m_screen(screen) { m_screen.m_kept.beginSave(); }
+        ~DraftMark() { m_screen.endSaving(); }
+        Q_DISABLE_COPY_MOVE(DraftMark)
+
+    private:
+        EditScreen& m_screen;
+    };
+
     void cancel();
     void remove();
+    void takeUpLeft();
+    void endSaving();
 
     Words m_words;
     Controls m_controls{};
     bool m_edited = false;
+    DraftKeeping m_kept;
+    QTimer m_minute;
 };

@@ -3,6 +3,8 @@
 #include "base/basMessage.h"
 #include "ui/EntryField.h"
 #include "ui/Grid.h"
+#include "ui/KeyHint.h"
+#include "ui/Manual.h"
 #include "ui/Style.h"
 
 #include <QAbstractButton>
@@ -73,6 +75,7 @@ bool Screen::Load() {
     guarded([this] {
         keepSheetInside(this);
         Style::arrange(this);
+        KeyHint::showAll(this);
         for (QWidget* part : findChildren<QWidget*>())
             if (isWatched(part)) part->installEventFilter(this);
         fit(this);
@@ -103,6 +106,8 @@ void Screen::turnPagesByKeys(QTabWidget* pages) {
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1)
+        return void(guarded([this] { frmManual::openAt(focusWidget() ? focusWidget() : this); }));
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn || event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return QDialog::keyPressEvent(event);
     takeReturn(!(event->modifiers() & Qt::ShiftModifier));

@@ -3,6 +3,7 @@
 #include "Desk.h"
 #include "Player.h"
 #include "StepFailure.h"
+#include "ui/EditScreen.h"
 #include "ui/Grid.h"
 
 #include <QAbstractButton>
@@ -266,3 +267,8 @@ void Operator::head(const QString& name, const QString& word) {
 }
 
 void Operator::close() { Desk::topmost()->close(); }
+
+void Operator::letMinutePass() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* screen = qobject_cast<EditScreen*>(window); screen && screen->isVisible()) screen->keepDraft();
+}

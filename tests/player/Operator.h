@@ -24,6 +24,8 @@ public:
     void open(const QString& grid, int row);
     void head(const QString& grid, const QString& column);
     void close();
+    // What a minute does to the open screens.
+    static void letMinutePass();
 
 private:
     // Goes to a control and, when the loop has come to rest, acts on it; not when another field kept the focus, because

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "base/clsLogger.h"
 #include "base/clsProfile.h"
+#include "operations/screens/frmFirstStart.h"
 
 #include <QApplication>
 #include <QDir>
@@ -167,10 +168,27 @@ void Player::closeEverything() {
 
 void Player::startProgram() { Main(); }
 
+void Player::startFirst() {
+    const QString folder = QDir(m_office.folder()).filePath(u"Halvane"_qs);
+    frmFirstStart first(folder, folder + u"-sample"_qs);
+    if (first.exec() != QDialog::Accepted) return;
+    seams().programFolder = [chosen = first.chosenFolder()] { return chosen; };
+    Main();
+}
+
 void Player::stopProgram() {
     QWidget* top = Desk::topmost();
     if (top->objectName() != u"frmMenu") throw StepFailure{u"the open screen "_qs + top->objectName(), u"frmMenu"_qs};
     top->close();
+}
+
+// One screen in each turn, from the top: its loop ends, and no event tells it that it goes.
+void Player::crashProgram() {
+    QWidget* top = Desk::topmostOrNone();
+    if (!top) return EndProgram(); // what a new start could not do without: the lock and the database let go
+    top->hide();
+    if (top->objectName() == u"frmMenu") top->deleteLater();
+    then([this] { crashProgram(); });
 }
 
 void Player::setClock(const QString& day) {

@@ -41,7 +41,10 @@ public:
     // Does something more when the loop has come to rest, still as part of the running step.
     void then(std::function<void()> work) { m_continuations.push_back(std::move(work)); }
     void startProgram();
+    // In a folder of its own below that of the scenario; the program then works in the one that was chosen.
+    void startFirst();
     void stopProgram();
+    void crashProgram();
     // Stops the calendar at this day; the hours go on.
     void setClock(const QString& day);
     void writeFile(const QString& path, const QString& text);

@@ -11,6 +11,7 @@
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
 #include "estimates/EstimateDates.h"
+#include "estimates/EstimateDraftJson.h"
 #include "estimates/MasterTaking.h"
 #include "estimates/screens/DateMirrors.h"
 #include "estimates/screens/MasterCommands.h"
@@ -277,10 +278,8 @@ std::optional<EstimateDraft> frmCsEstimate::store() {
     if (!keepsAmounts(entered)) return std::nullopt;
     EstimateDraft stored = entered;
     SetWaitCursor(true);
-    const SaveResult result =
-        saveEstimate(gDbManager.Connection(), stored, [this](const clsCustomer& known, const clsCustomer& typed) {
-            return frmCsUpdConf::ask(this, known, typed);
-        });
+    const auto confirm = std::bind_front(frmCsUpdConf::ask, this);
+    const SaveResult result = saving([&] { return saveEstimate(gDbManager.Connection(), stored, confirm); });
     SetWaitCursor(false);
     if (result != SaveResult::Saved) return std::nullopt;
     m_draft.takeIdentity(entered, stored); // a further press is about this one
@@ -289,6 +288,16 @@ std::optional<EstimateDraft> frmCsEstimate::store() {
     setMode(Edit);
     clearEdited();
     return stored;
+}
+
+KeptWork frmCsEstimate::workToKeep() const {
+    const EstimateDraft draft = collect();
+    return {titleOf(draft), {{u"EstId"_qs, EstId}, {u"estimate"_qs, estimateToJson(draft)}}};
+}
+
+void frmCsEstimate::showKept(const QJsonObject& content) {
+    EstId = content[u"EstId"].toString();
+    showDraft(estimateFromJson(content[u"estimate"].toObject()));
 }
 
 void frmCsEstimate::execute() {

@@ -34,6 +34,9 @@ protected:
     void showStored() override;
     bool save() override { return store().has_value(); }
     bool removeStored() override;
+    bool keepsDrafts() const override { return true; }
+    KeptWork workToKeep() const override;
+    void showKept(const QJsonObject& content) override;
 
 private:
     enum Page { Basic, Items, MakeElements, Parts, Schedule, Print };

@@ -6,6 +6,7 @@
 #include "db/clsDbManager.h"
 #include "estimates/EstimateManagers.h"
 #include "master/MasterComposition.h"
+#include "master/MasterDraftJson.h"
 #include "master/MasterManagers.h"
 #include "master/screens/MasterPrinting.h"
 #include "ui/FormPieces.h"
@@ -137,7 +138,7 @@ std::optional<MasterDraft> frmMsEstimate::store() {
     const MasterDraft entered = collect();
     MasterDraft stored = entered;
     SetWaitCursor(true);
-    const MasterSave came = saveMaster(gDbManager.Connection(), stored, isUsedByOrders);
+    const MasterSave came = saving([&] { return saveMaster(gDbManager.Connection(), stored, isUsedByOrders); });
     SetWaitCursor(false);
     if (came == MasterSave::WrongCode) ui->txtProductCd->setFocus();
     if (came == MasterSave::WrongName) ui->txtProductNm->setFocus();
@@ -158,7 +159,8 @@ void frmMsEstimate::execute() {
     const auto stored = store();
     if (!stored) return;
     showSaved([&] { showDraft(*stored); },
-              isNew ? u"製品コード:"_qs + stored->master.ProductCd + u" で新規登録しました。"_qs : u"保存しました。"_qs);
+              isNew ? u"製品コード:"_qs + stored->master.ProductCd + u" で新規登録しました。"_qs
+                    : u"保存しました。"_qs);
 }
 
 void frmMsEstimate::startAnew() {
@@ -171,6 +173,18 @@ void frmMsEstimate::startAnew() {
 bool frmMsEstimate::removeStored() {
     deleteMaster(gDbManager.Connection(), ProductId, m_draft.master.UpdDate);
     return true;
+}
+
+// --- drafts ---
+
+KeptWork frmMsEstimate::workToKeep() const {
+    const MasterDraft draft = collect();
+    return {titleOf(draft), {{u"ProductId"_qs, ProductId}, {u"master"_qs, masterToJson(draft)}}};
+}
+
+void frmMsEstimate::showKept(const QJsonObject& content) {
+    ProductId = content[u"ProductId"].toString();
+    showDraft(masterFromJson(content[u"master"].toObject()));
 }
 
 // --- printing ---

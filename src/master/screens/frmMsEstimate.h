@@ -25,6 +25,9 @@ protected:
     void showStored() override;
     bool save() override;
     bool removeStored() override;
+    bool keepsDrafts() const override { return true; }
+    KeptWork workToKeep() const override;
+    void showKept(const QJsonObject& content) override;
 
 private:
     enum Page { Items, MakeElements, Parts };
