@@ -5,6 +5,7 @@
 #include "ui/Grid.h"
 #include "ui/KeyHint.h"
 #include "ui/Manual.h"
+#include "ui/ScrollingForm.h"
 #include "ui/Style.h"
 
 #include <QAbstractButton>
@@ -34,8 +35,9 @@ bool takesFocus(const QWidget* widget, const QWidget* form) {
 // The size drawn in the form file, larger where the font asks for it, never larger than the display.
 void fit(QWidget* form) {
     const QSize drawn = form->testAttribute(Qt::WA_Resized) ? form->size() : QSize();
-    const QSize display = form->screen()->availableSize();
-    form->resize(drawn.expandedTo(form->sizeHint()).boundedTo(display));
+    const QSize room = ScrollingForm::roomFor(form);
+    ScrollingForm::makeFit(form, room);
+    form->resize(drawn.expandedTo(form->sizeHint()).boundedTo(room));
 }
 
 void centre(QWidget* form) {

@@ -10,6 +10,7 @@
 #include "customers/screens/frmCsUpdConf.h"
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
+#include "estimates/EstimateChecks.h"
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateDraftJson.h"
 #include "estimates/MasterTaking.h"
@@ -19,6 +20,7 @@
 #include "reference/ReferenceManagers.h"
 #include "ui/DateField.h"
 #include "ui/FormPieces.h"
+#include "ui/Grid.h"
 #include "ui_frmCsEstimate.h"
 
 #include <QScopedValueRollback>
@@ -62,6 +64,7 @@ void frmCsEstimate::connectPages() {
         guarded([&] {
             enterPage(page);
             showAmounts();
+            goToGrid(page);
         });
     });
     connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this,
@@ -214,6 +217,12 @@ void frmCsEstimate::showAmounts() {
 
 QStringList frmCsEstimate::tiers() const { return {ui->pagBasic->ageKbn()}; }
 
+// To the grid that a page is filled in by, if it has one; the first page has fields.
+void frmCsEstimate::goToGrid(int page) {
+    auto* grid = ui->tabCsEst->widget(page)->findChild<Grid*>();
+    if (page != Basic && grid) grid->setFocus();
+}
+
 void frmCsEstimate::enterPage(int page) {
     if (page == Print) ui->pagPrint->enter();
     if (page != MakeElements && page != Parts) return;
@@ -245,21 +254,9 @@ void frmCsEstimate::takeBackAdvance() {
 
 // --- saving ---
 
-// The first row, from 0, with an amount that a save would lose, as no 法別 stands beside it; -1: none. A row whose 法別
-// the operator took away goes with its amounts.
-int frmCsEstimate::rowOfLostAmount(const EstimateDraft& draft) const {
-    for (int row = 0; row < draft.claims.size(); ++row) {
-        const ClaimRow& claim = draft.claims.at(row);
-        const bool received = !claim.ask.PayPrice.isEmpty() && claim.ask.PayPrice != m_receiptSet;
-        const bool amount = !claim.ask.AskPrice.isEmpty() || received;
-        if (amount && !claim.isUsed() && !m_draft.claims.value(row).isUsed()) return row;
-    }
-    return -1;
-}
-
 // False when a save would lose an amount, which was told.
 bool frmCsEstimate::keepsAmounts(const EstimateDraft& draft) {
-    const int row = rowOfLostAmount(draft);
+    const int row = rowOfLostAmount(draft, m_draft, m_receiptSet);
     if (row < 0) return true;
     ShowMessage(
         Message::Warning,
@@ -281,7 +278,10 @@ std::optional<EstimateDraft> frmCsEstimate::store() {
     const auto confirm = std::bind_front(frmCsUpdConf::ask, this);
     const SaveResult result = saving([&] { return saveEstimate(gDbManager.Connection(), stored, confirm); });
     SetWaitCursor(false);
-    if (result != SaveResult::Saved) return std::nullopt;
+    if (result != SaveResult::Saved) {
+        if (!entered.composition.hasLines()) goToMissingLines();
+        return std::nullopt;
+    }
     m_draft.takeIdentity(entered, stored); // a further press is about this one
     Updated = true;
     EstId = stored.estimate.EstId;
@@ -298,6 +298,16 @@ KeptWork frmCsEstimate::workToKeep() const {
 void frmCsEstimate::showKept(const QJsonObject& content) {
     EstId = content[u"EstId"].toString();
     showDraft(estimateFromJson(content[u"estimate"].toObject()));
+}
+
+// To the first thing that is missing for a line: an item, else the line itself.
+void frmCsEstimate::goToMissingLines() {
+    const QList<ComposedItem>& items = m_draft.composition.items();
+    const bool hasItem =
+        std::any_of(items.begin(), items.end(), [](const ComposedItem& item) { return item.isUsable(); });
+    const Page page = hasItem ? MakeElements : Items;
+    ui->tabCsEst->setCurrentIndex(page);
+    goToGrid(page);
 }
 
 void frmCsEstimate::execute() {
@@ -321,6 +331,7 @@ void frmCsEstimate::clearAll() {
     EstId.clear();
     showStored();
     setMode(Add);
+    firstField()->setFocus();
 }
 
 void frmCsEstimate::RepriceAll() {
@@ -426,7 +437,7 @@ void frmCsEstimate::proposeName() {
     if (gSysSettingManager.value(Setting::NameSide) == u"1" && side != u"なし") rules.side = side;
     rules.grantRepair = gSysSettingManager.value(Setting::NameGrantRepair);
     rules.pickStyle = gSysSettingManager.value(Setting::NamePickStyle) == u"1";
-    ui->txtEstName->setValue(automaticName(m_draft.composition, rules));
+    ui->txtEstName->fillIn(automaticName(m_draft.composition, rules));
 }
 
 // --- printing ---

@@ -10,6 +10,7 @@
 #include "master/MasterManagers.h"
 #include "master/screens/MasterPrinting.h"
 #include "ui/FormPieces.h"
+#include "ui/Grid.h"
 #include "ui_frmMsEstimate.h"
 
 namespace {
@@ -58,6 +59,7 @@ void frmMsEstimate::connectPages() {
         guarded([&] {
             enterPage(page);
             showAmounts();
+            ui->tabMstEst->widget(page)->findChild<Grid*>()->setFocus();
         });
     });
     connect(ui->pagItem, &ItemPage::changed, this, changed);
