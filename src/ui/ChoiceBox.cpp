@@ -1,14 +1,20 @@
 #include "ui/ChoiceBox.h"
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "ui/NumberField.h"
 #include "ui/Style.h"
 #include "ui/TextField.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStylePainter>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace {
 
@@ -69,6 +75,7 @@ void ChoiceBox::setField(EntryField* field) {
     field->setAlignment(Qt::AlignLeft | Qt::AlignVCenter); // like the list below it
     completer()->setCompletionMode(QCompleter::PopupCompletion);
     completer()->setFilterMode(Qt::MatchContains);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });
 }
 
 void ChoiceBox::setMaxLength(int characters) { m_field->setMaxLength(characters); }
@@ -126,7 +133,41 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     drawArrow(painter, rect(), palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
 }
 
+// What was typed stands for the one entry that holds it. A text that nobody has typed at stays, and a number is itself:
+// 5 is not 95.
+void ChoiceBox::takeOnlySuggestion() {
+    const QString sought = Text::toHalfWidth(currentText());
+    if (!std::exchange(m_typed, false) || sought.isEmpty() || isPlainNumber(sought)) return;
+    int found = -1;
+    for (int i = 0; i < count(); ++i) {
+        if (itemText(i) == currentText()) return;
+        if (!Text::toHalfWidth(itemText(i)).contains(sought, Qt::CaseInsensitive)) continue;
+        if (found >= 0) return;
+        found = i;
+    }
+    if (found >= 0) setCurrentIndex(found);
+}
+
+// The open suggestions would keep the key for themselves: the screen gets it once they are closed.
+bool ChoiceBox::closeSuggestions(const QKeyEvent* event) {
+    QAbstractItemView* offered = completer()->popup();
+    if (!offered->isVisible() || offered->currentIndex().isValid()) return false;
+    offered->hide();
+    QCoreApplication::postEvent(this, event->clone());
+    return true;
+}
+
+void ChoiceBox::focusInEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) m_typed = false;
+    QComboBox::focusInEvent(event);
+}
+
 void ChoiceBox::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEditable() && isReturn) {
+        takeOnlySuggestion();
+        if (closeSuggestions(event)) return;
+    }
     const bool empties = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
     if (m_mayBeEmpty && !isEditable() && empties) return clearChoice();
     QComboBox::keyPressEvent(event);

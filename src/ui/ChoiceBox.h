@@ -13,8 +13,8 @@ class ChoiceBox : public QComboBox {
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
 
-    // An editable box suggests the entries that hold what is typed, and never completes on its own. What is typed or
-    // pasted beside the list goes through a field like any other.
+    // An editable box suggests the entries that hold what is typed, and never completes on its own; Return takes the
+    // only one that does. What is typed or pasted beside the list goes through a field like any other.
     void setEditable(bool editable);
     // An editable box that takes numbers alone.
     bool isNumeric() const { return m_numeric; }
@@ -51,15 +51,19 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     int chosenIndex() const;
     void noteChange();
+    void takeOnlySuggestion();
+    bool closeSuggestions(const QKeyEvent* event);
 
     void setField(EntryField* field);
 
     EntryField* m_field = nullptr; // of an editable box
+    bool m_typed = false;          // since the focus came
     bool m_numeric = false;
     bool m_mayBeEmpty = false;
     QString m_foreignText; // shown while no entry is chosen

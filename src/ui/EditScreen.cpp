@@ -3,6 +3,8 @@
 #include "base/AppError.h"
 #include "base/basMessage.h"
 #include "base/clsLogger.h"
+#include "ui/FormPieces.h"
+#include "ui/GridPlaces.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -29,10 +31,12 @@ void EditScreen::setMode(qint16 mode) {
     EditMode = mode;
     setWindowTitle(m_words.title + words.value(mode));
     if (m_controls.modeTitle) m_controls.modeTitle->setText(words.value(mode));
-    for (QWidget* part : m_controls.changing) part->setEnabled(mode != Delete);
-    for (QWidget* part : m_controls.storing) part->setEnabled(mode == Edit);
-    m_controls.cancel->setEnabled(mode != Delete);
-    m_controls.remove->setEnabled(mode == Delete);
+    const QString looking = mode == Delete ? WhyNot::onlyToDelete : QString();
+    const QString unstored = mode == Add || mode == Copy ? WhyNot::notStoredYet : looking;
+    for (QWidget* part : m_controls.changing) FormPieces::allow(part, looking);
+    for (QWidget* part : m_controls.storing) FormPieces::allow(part, unstored);
+    FormPieces::allow(m_controls.cancel, looking);
+    FormPieces::allow(m_controls.remove, mode == Delete ? QString() : WhyNot::deletedFromTheList);
 }
 
 bool EditScreen::isEdited() const { return m_edited || IsAnyEdited(wrappers); }
@@ -45,6 +49,7 @@ void EditScreen::clearEdited() {
 void EditScreen::showSaved(const std::function<void()>& show, const QString& message) {
     QString failure;
     try {
+        const GridPlaces places(this);
         show();
     } catch (const AppError& error) {
         failure = error.description();

@@ -29,6 +29,7 @@ void bringToFront(QWidget* field) {
 EntryField::EntryField(QWidget* parent) : QLineEdit(parent), m_validator(new EntryValidator(this)) {
     setValidator(m_validator);
     connect(this, &QLineEdit::textChanged, this, &EntryField::noteChange);
+    connect(this, &QLineEdit::textEdited, this, [this] { m_goesOn = false; });
 }
 
 int EntryField::maxLength() const { return m_validator->maxLength; }
@@ -46,9 +47,15 @@ void EntryField::setValue(const QString& value) {
         setText(hasFocus() ? editable(shown) : shown);
     }
     m_set = Set{value, shown, editable(text())}; // the field may not have taken all of it
-    if (!hasFocus()) setCursorPosition(0);       // a text longer than the field shows its beginning
+    m_goesOn = false;
+    if (!hasFocus()) setCursorPosition(0); // a text longer than the field shows its beginning
     noteChange();
     noteSettled();
+}
+
+void EntryField::fillIn(const QString& value) {
+    setValue(value);
+    m_goesOn = !text().isEmpty();
 }
 
 std::optional<QString> EntryField::shownWhenLeft() const {
@@ -80,7 +87,10 @@ void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (isRest(event->reason()) || isReadOnly()) return;
     if (shownWhenLeft()) setText(editable(text()));
-    selectAll();
+    if (m_goesOn)
+        end(false);
+    else
+        selectAll();
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {

@@ -28,6 +28,9 @@ public:
     // What the program works with, also while the operator still types; empty when empty or not valid.
     QString value() const;
     void setValue(const QString& value);
+    // The same where the operator goes on writing: on reaching the field by a key the caret stands behind the value,
+    // and nothing is selected, so that no key wipes it out.
+    void fillIn(const QString& value);
 
     // Brings the text into its settled form. False when it is wrong, the text then stays as it is.
     bool commit();
@@ -76,4 +79,5 @@ private:
     bool m_setting = false;
     QString m_lastValue;
     QString m_lastSettled;
+    bool m_goesOn = false; // filled in, and not written to since
 };

@@ -28,6 +28,15 @@ void FormPieces::applyCharacters(QWidget* form) {
     }
 }
 
+void FormPieces::allow(QWidget* control, const QString& whyNot) {
+    constexpr char ownHint[] = "ownHint";
+    if (!control->property(ownHint).isValid()) control->setProperty(ownHint, control->toolTip());
+    QStringList hint{control->property(ownHint).toString(), whyNot};
+    hint.removeAll(QString());
+    control->setEnabled(whyNot.isEmpty());
+    control->setToolTip(hint.join(u'\n'));
+}
+
 void FormPieces::setArrayIndex(QWidget* block, int index) {
     const QString end = u"_%1"_qs.arg(index);
     const auto members = QList<QWidget*>{block} + block->findChildren<QWidget*>();

@@ -96,7 +96,10 @@ int Grid::tickColumn() const {
 
 // --- rows and cells ---
 
-void Grid::setRows(int rows) { m_model->setRowCount(rows); }
+void Grid::setRows(int rows) {
+    m_model->setRowCount(rows);
+    if (!isList()) setCurrent(1); // what is filled in has a cell to begin with
+}
 
 void Grid::setSource(int rows, GridModel::RowSource source) { m_model->setSource(rows, std::move(source)); }
 
@@ -174,6 +177,7 @@ int Grid::firstFillColumn(int) const {
 }
 
 QModelIndex Grid::nextCellToFill(const QModelIndex& from) const {
+    if (m_leavesFromEmptyRow && isRowEmpty(from.row() + 1)) return {};
     for (int i = from.column() + 1; i < columns(); ++i) {
         const bool fills = column(i).editable && !isColumnHidden(i) && column(i).kind != GridColumn::Check;
         if (fills && m_model->value(from.row(), i).isEmpty() && (!isToFill || isToFill(from.row() + 1, i)))
@@ -187,6 +191,15 @@ bool Grid::goToNextCell() {
     const QModelIndex next = currentIndex().isValid() ? nextCellToFill(currentIndex()) : QModelIndex();
     if (next.isValid()) setCurrentIndex(next);
     return next.isValid();
+}
+
+// A grid reached by a key begins where something can be typed.
+void Grid::focusInEvent(QFocusEvent* event) {
+    const bool reached = event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
+                         event->reason() != Qt::PopupFocusReason;
+    const bool typedHere = currentIndex().isValid() && column(currentColumn()).editable;
+    if (reached && !isList() && !typedHere) setCurrent(qMax(currentRow(), 1));
+    QTableView::focusInEvent(event);
 }
 
 void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

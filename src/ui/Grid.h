@@ -68,6 +68,8 @@ public:
     void setCurrent(int row, int column = -1);                    // -1: the first column to see
     // Starts an edit as the operator would; false when the cell refuses it.
     bool beginEdit(int row, int column);
+    // Whether Return on an empty row goes on behind the grid: rows without gaps, where nothing follows an empty one.
+    void setLeavesFromEmptyRow(bool leaves) { m_leavesFromEmptyRow = leaves; }
     // The field of the running edit, or nothing.
     QWidget* editor() const { return m_editor; }
     // Paints its texts.
@@ -106,6 +108,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void changeEvent(QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -129,5 +132,6 @@ private:
     int m_sortColumn = -1;
     bool m_sortUpwards = true;
     bool m_filling = false;
+    bool m_leavesFromEmptyRow = false;
     std::unique_ptr<GridLetters> m_letters; // of the font as it stands
 };

@@ -3,6 +3,7 @@
 #include "base/basMessage.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DateField.h"
+#include "ui/EntryList.h"
 #include "ui/EntryValidator.h"
 #include "ui/Grid.h"
 #include "ui/NumberField.h"
@@ -90,6 +91,7 @@ QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
     auto* list = new ChoiceBox(parent);
     list->setEditable(true);
     for (const GridEntry& entry : m_grid->column(column).entries) list->addEntry(entry.listText(), entry.value);
+    EntryList::dress(list, m_grid->column(column).entries);
     connect(
         list, &QComboBox::activated, this,
         [this, list] {

@@ -12,7 +12,7 @@ void SelectOrder(QWidget* parent, TextField* code, TextField* name) {
     const auto chosen = SelectFrom(parent, u"受注先"_qs, std::move(orders), {u"受注先No"_qs});
     if (!chosen) return;
     code->setValue(chosen->value(u"受注先コード"_qs));
-    name->setValue(chosen->value(u"受注先"_qs));
+    name->fillIn(chosen->value(u"受注先"_qs));
 }
 
 void FillDoctorsOfOrder(ChoiceBox* doctors, const QString& code) {

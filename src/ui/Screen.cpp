@@ -3,6 +3,7 @@
 #include "base/basMessage.h"
 #include "ui/EntryField.h"
 #include "ui/Grid.h"
+#include "ui/ScrollingForm.h"
 #include "ui/Style.h"
 
 #include <QAbstractButton>
@@ -32,8 +33,9 @@ bool takesFocus(const QWidget* widget, const QWidget* form) {
 // The size drawn in the form file, larger where the font asks for it, never larger than the display.
 void fit(QWidget* form) {
     const QSize drawn = form->testAttribute(Qt::WA_Resized) ? form->size() : QSize();
-    const QSize display = form->screen()->availableSize();
-    form->resize(drawn.expandedTo(form->sizeHint()).boundedTo(display));
+    const QSize room = ScrollingForm::roomFor(form);
+    ScrollingForm::makeFit(form, room);
+    form->resize(drawn.expandedTo(form->sizeHint()).boundedTo(room));
 }
 
 void centre(QWidget* form) {

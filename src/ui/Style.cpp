@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QToolTip>
 #include <QTranslator>
 
 namespace {
@@ -53,12 +54,19 @@ public:
     }
 };
 
+// Every colour of every group: one that is left open comes from the desktop's theme, which may be dark.
 QPalette calmPalette() {
-    QPalette palette;
-    palette.setColor(QPalette::Window, Style::paper);
-    palette.setColor(QPalette::Base, Style::field);
+    const QColor button(0xE9, 0xEE, 0xF2);
+    QPalette palette(Style::ink, button, Qt::white, QColor(0x95, 0xA0, 0xAB), Style::line, Style::ink, Qt::white,
+                     Style::field, Style::paper);
+    palette.setColor(QPalette::Midlight, QColor(0xF1, 0xF4, 0xF6));
+    palette.setColor(QPalette::Shadow, QColor(0x55, 0x60, 0x6B));
     palette.setColor(QPalette::AlternateBase, QColor(0xF8, 0xFA, 0xFB));
-    palette.setColor(QPalette::Button, QColor(0xE9, 0xEE, 0xF2));
+    palette.setColor(QPalette::Link, Style::accent);
+    palette.setColor(QPalette::LinkVisited, Style::accent);
+    palette.setColor(QPalette::ToolTipBase, Style::focusField);
+    palette.setColor(QPalette::ToolTipText, Style::ink);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x8E, 0x98, 0xA2));
     palette.setColor(QPalette::Highlight, Style::accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
@@ -128,7 +136,10 @@ void Style::apply(QApplication& application) {
     QFont font(u"Noto Sans CJK JP"_qs, 10);
     font.setStyleHint(QFont::SansSerif);
     application.setFont(font);
-    application.setPalette(calmPalette());
+    const QPalette palette = calmPalette();
+    application.setPalette(palette);
+    QToolTip::setPalette(palette); // desktops have one of their own for these
+    QApplication::setPalette(palette, "QMenu");
     application.setStyleSheet(sheet());
 }
 

@@ -59,5 +59,5 @@ void TextField::inputMethodEvent(QInputMethodEvent* event) {
 void TextField::appendReading(const QString& kana, bool replace) {
     if (!m_reading || kana.isEmpty() || isReadOnly()) return;
     const QString before = replace ? QString() : m_reading->value();
-    m_reading->setValue(before + Text::toHalfKana(kana));
+    m_reading->fillIn(before + Text::toHalfKana(kana));
 }

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "db/clsDbManager.h"
+#include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/Style.h"
 #include "ui_frmSelectList.h"
@@ -54,7 +55,7 @@ void frmSelectList::load() {
     ui->flxData->setColumns(columns());
     if (Long) {
         m_long = new KeyedList(ui->flxData, ui->lblRecCnt, gDbManager.Connection().settings(), Long->fetch);
-        connect(m_long, &KeyedList::shown, this, [this] { ui->cbSelect->setEnabled(ui->flxData->rows() > 0); });
+        connect(m_long, &KeyedList::shown, this, [this] { allowChoice(ui->flxData->rows() > 0); });
     }
     showRows();
     ui->flxData->setFocus();
@@ -98,7 +99,11 @@ void frmSelectList::showRowsWith(const QString& sought) {
                            [this](int row) { return Recordset.rows.at(m_shownRows.at(row)); });
     ui->flxData->setCurrent(1);
     ui->lblRecCnt->setText(formatThousands(m_shownRows.size()) + u"件"_qs);
-    ui->cbSelect->setEnabled(!m_shownRows.isEmpty());
+    allowChoice(!m_shownRows.isEmpty());
+}
+
+void frmSelectList::allowChoice(bool hasRows) {
+    FormPieces::allow(ui->cbSelect, hasRows ? QString() : u"選ぶ行がありません。"_qs);
 }
 
 void frmSelectList::choose() {

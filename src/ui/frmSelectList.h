@@ -43,6 +43,7 @@ private:
     QList<GridColumn> columns() const;
     void showRows();
     void showRowsWith(const QString& sought);
+    void allowChoice(bool hasRows);
     void choose();
     void openDetail();
 

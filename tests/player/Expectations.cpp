@@ -89,6 +89,11 @@ void Expect::enabled(const QString& name, bool enabled) {
     same(yesNo(Desk::control(name)->isEnabled()), yesNo(enabled));
 }
 
+void Expect::hint(const QString& name, const QString& text) {
+    const QString hint = Desk::control(name)->toolTip();
+    if (text.isEmpty() ? !hint.isEmpty() : !hint.contains(text)) throw StepFailure{hint, text};
+}
+
 void Expect::visible(const QString& name, bool visible) {
     same(yesNo(Desk::control(name)->isVisible()), yesNo(visible));
 }

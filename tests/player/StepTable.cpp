@@ -168,6 +168,8 @@ QList<StepKind> expectingScreens() {
          [](Player&, const Step&, const Args& a) { Expect::list(a.at(0), a.at(1)); }},
         {u"expect enabled"_qs, u"NAME yes|no"_qs, u"whether a control can be used"_qs, 2, 2, StepKind::Looks,
          [](Player&, const Step&, const Args& a) { Expect::enabled(a.at(0), isYes(a.at(1))); }},
+        {u"expect hint"_qs, u"NAME TEXT"_qs, u"the hint of a control contains TEXT; \"\" when it has none"_qs, 2, 2,
+         StepKind::Looks, [](Player&, const Step&, const Args& a) { Expect::hint(a.at(0), a.at(1)); }},
         {u"expect visible"_qs, u"NAME yes|no"_qs, u"whether a control is shown"_qs, 2, 2, StepKind::Looks,
          [](Player&, const Step&, const Args& a) { Expect::visible(a.at(0), isYes(a.at(1))); }},
         {u"expect checked"_qs, u"NAME yes|no"_qs, u"whether a tick box or option is set"_qs, 2, 2, StepKind::Looks,

@@ -136,6 +136,35 @@ private slots:
         QCOMPARE(box->currentText(), u"1-2"_qs);
     }
 
+    void returnTakesTheOnlySuggestionForWhatWasTyped() {
+        FormUnderTest form;
+        auto* box = form.add<ChoiceBox>();
+        box->setEditable(true);
+        fill(*box);
+        box->addEntry(u"大分県"_qs, u"44"_qs);
+        box->addEntry(u"95"_qs, u"95"_qs);
+        form.open();
+        const auto typed = [&](const QString& text) {
+            form.leave();
+            box->lineEdit()->selectAll();
+            form.type(box, text);
+            QTest::keyClick(box, Qt::Key_Return);
+            QCoreApplication::processEvents();
+            return box->text();
+        };
+        QCOMPARE(typed(u"阪"_qs), u"大阪府"_qs);
+        QCOMPARE(box->data(), u"27"_qs);
+        QCOMPARE(typed(u"大"_qs), u"大"_qs); // two of them
+        QCOMPARE(typed(u"琉球"_qs), u"琉球"_qs);
+        QCOMPARE(typed(u"東京都"_qs), u"東京都"_qs);
+        QCOMPARE(typed(u"5"_qs), u"5"_qs);
+        form.leave();
+        box->setText(u"大阪"_qs); // as it is stored
+        box->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(box->text(), u"大阪"_qs);
+    }
+
     void changesAreTold() {
         ChoiceBox box;
         fill(box);

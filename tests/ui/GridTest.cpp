@@ -5,6 +5,9 @@
 #include "ui/ChoiceBox.h"
 #include "ui/Grid.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QHeaderView>
 #include <QSignalSpy>
 
 namespace {
@@ -321,6 +324,48 @@ private slots:
         QApplication::sendEvent(m_grid, &behind);
         QVERIFY(!behind.isAccepted()); // the screen goes to its next field
         QCOMPARE(m_grid->currentColumn(), int(Day));
+    }
+
+    void aGridToFillHasACurrentCellFromTheStart() {
+        QCOMPARE(m_grid->currentRow(), 1);
+        QCOMPARE(m_grid->currentColumn(), int(Quick));
+        m_grid->setCurrent(3, Price);
+        m_grid->setRows(4); // other contents
+        QCOMPARE(m_grid->currentRow(), 1);
+        QCOMPARE(m_grid->currentColumn(), int(Quick));
+        m_form->leave();
+        m_grid->setCurrent(3, Number); // clicked where nothing is typed
+        m_grid->setFocus(Qt::TabFocusReason);
+        QCOMPARE(m_grid->currentRow(), 3);
+        QCOMPARE(m_grid->currentColumn(), int(Quick));
+    }
+
+    void anEmptyRowIsLeftAtOnceWhereNothingFollowsOne() {
+        m_grid->setLeavesFromEmptyRow(true);
+        m_grid->setValue(1, Item, u"義手"_qs);
+        m_grid->setCurrent(1, Day);
+        QKeyEvent filled(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(m_grid, &filled);
+        QVERIFY(filled.isAccepted());
+        QCOMPARE(m_grid->currentRow(), 2);
+        QKeyEvent empty(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(m_grid, &empty);
+        QVERIFY(!empty.isAccepted());
+        QCOMPARE(m_grid->currentRow(), 2);
+    }
+
+    void theOpenListIsAsWideAsItsLongestEntryAndAsHighAsARow() {
+        const QString longest = u"とても長い名前を持つ完成用部品の一覧の行"_qs;
+        m_grid->setEntries(Item, GridEntries{{u"1"_qs, u"1"_qs, u"甲製作所／100"_qs},
+                                             {u"2"_qs, u"2"_qs, longest + u"／1,234,567"_qs}});
+        QVERIFY(m_grid->beginEdit(1, Item));
+        auto* list = qobject_cast<ChoiceBox*>(m_grid->editor());
+        const QFontMetrics letters(QApplication::font());
+        QVERIFY(list->view()->minimumWidth() > letters.horizontalAdvance(longest + u"1,234,567"_qs));
+        QVERIFY(list->view()->minimumWidth() > list->width());
+        QCOMPARE(list->completer()->popup()->minimumWidth(), list->view()->minimumWidth());
+        QCOMPARE(list->view()->sizeHintForRow(0), m_grid->verticalHeader()->defaultSectionSize());
+        m_grid->giveUpEdit();
     }
 
     void aTextThatNoEntryAnswersIsTold() {

@@ -27,6 +27,24 @@ class TextFieldTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void whatWasFilledInIsGoneOnWith() {
+        FormUnderTest form;
+        auto* field = form.add<TextField>();
+        form.open();
+        field->fillIn(u"栄"_qs);
+        form.enter(field, u"3丁目"_qs);
+        QCOMPARE(field->value(), u"栄3丁目"_qs);
+        form.enter(field, u"錦"_qs); // written to, it is a field as any other
+        QCOMPARE(field->value(), u"錦"_qs);
+        field->fillIn(u"栄"_qs);
+        field->setValue(u"丸の内"_qs); // another record is shown
+        form.enter(field, u"錦"_qs);
+        QCOMPARE(field->value(), u"錦"_qs);
+        field->fillIn({});
+        form.enter(field, u"栄"_qs);
+        QCOMPARE(field->value(), u"栄"_qs);
+    }
+
     void lengthCountsCharacters() {
         TextField field;
         field.setMaxLength(3);

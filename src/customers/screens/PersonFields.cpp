@@ -130,7 +130,7 @@ void PersonFields::refillCities() {
 void PersonFields::fillAddress(const QString& pref, const QString& city, const QString& town) {
     m_fields.pref->setText(pref);
     m_fields.city->setText(city);
-    m_fields.addr1->setValue(town);
+    m_fields.addr1->fillIn(town);
 }
 
 void PersonFields::takeZip() {

@@ -66,7 +66,7 @@ void frmCustomerChart::fillDoctors() { FillDoctorsOfOrder(ui->cboDoctor, ui->txt
 void frmCustomerChart::takeOrderOfCode() {
     clsOrder order;
     const QString code = ui->txtOrderCd->value();
-    if (!code.isEmpty() && gOrderManager.GetDataCd(code, order)) ui->txtOrderNm->setValue(order.OrderNm);
+    if (!code.isEmpty() && gOrderManager.GetDataCd(code, order)) ui->txtOrderNm->fillIn(order.OrderNm);
     fillDoctors();
 }
 

@@ -48,13 +48,14 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     ui->numLifeYear->setLimit(longestLife, u"耐用年数"_qs);
     ui->flxIns->setColumns(insuranceColumns());
     ui->flxIns->setRows(claimRowCount);
+    ui->flxIns->setLeavesFromEmptyRow(true);
     FormPieces::stretchColumn(ui->flxIns, insurancePayer);
     FormPieces::fixRowsShown(ui->flxIns, claimRowCount);
     m_claimGrid = new ClaimGrid(ui->flxIns);
     m_claimGrid->customerName = [this] { return m_person->name(); };
     m_claimGrid->insuredName = [this] { return ui->txtInsured->value(); };
     connect(m_claimGrid, &ClaimGrid::changed, this, [this] {
-        ui->numPartialPayment->setEnabled(hasClaims());
+        FormPieces::allow(ui->numPartialPayment, hasClaims() ? QString() : u"保険（法別）を入力すると使えます。"_qs);
         emit insurancesChanged();
     });
     connect(ui->numPartialPayment, &NumberField::valueSettled, this, &CsEstimateBasicPage::takePartialPayment);
@@ -264,7 +265,7 @@ void CsEstimateBasicPage::takeOrderCode() {
     const QString code = ui->txtOrderCd->value();
     clsOrder order;
     if (!code.isEmpty() && gOrderManager.GetDataCd(code, order)) {
-        ui->txtOrderNm->setValue(order.OrderNm);
+        ui->txtOrderNm->fillIn(order.OrderNm);
         m_chart.OrderNo = order.OrderNo;
     }
     fillDoctors();

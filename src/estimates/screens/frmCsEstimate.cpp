@@ -10,6 +10,7 @@
 #include "customers/screens/frmCsUpdConf.h"
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
+#include "estimates/EstimateChecks.h"
 #include "estimates/EstimateDates.h"
 #include "estimates/MasterTaking.h"
 #include "estimates/screens/DateMirrors.h"
@@ -18,6 +19,7 @@
 #include "reference/ReferenceManagers.h"
 #include "ui/DateField.h"
 #include "ui/FormPieces.h"
+#include "ui/Grid.h"
 #include "ui_frmCsEstimate.h"
 
 #include <QScopedValueRollback>
@@ -61,6 +63,7 @@ void frmCsEstimate::connectPages() {
         guarded([&] {
             enterPage(page);
             showAmounts();
+            goToGrid(page);
         });
     });
     connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this,
@@ -213,6 +216,12 @@ void frmCsEstimate::showAmounts() {
 
 QStringList frmCsEstimate::tiers() const { return {ui->pagBasic->ageKbn()}; }
 
+// To the grid that a page is filled in by, if it has one; the first page has fields.
+void frmCsEstimate::goToGrid(int page) {
+    auto* grid = ui->tabCsEst->widget(page)->findChild<Grid*>();
+    if (page != Basic && grid) grid->setFocus();
+}
+
 void frmCsEstimate::enterPage(int page) {
     if (page == Print) ui->pagPrint->enter();
     if (page != MakeElements && page != Parts) return;
@@ -244,21 +253,9 @@ void frmCsEstimate::takeBackAdvance() {
 
 // --- saving ---
 
-// The first row, from 0, with an amount that a save would lose, as no 法別 stands beside it; -1: none. A row whose 法別
-// the operator took away goes with its amounts.
-int frmCsEstimate::rowOfLostAmount(const EstimateDraft& draft) const {
-    for (int row = 0; row < draft.claims.size(); ++row) {
-        const ClaimRow& claim = draft.claims.at(row);
-        const bool received = !claim.ask.PayPrice.isEmpty() && claim.ask.PayPrice != m_receiptSet;
-        const bool amount = !claim.ask.AskPrice.isEmpty() || received;
-        if (amount && !claim.isUsed() && !m_draft.claims.value(row).isUsed()) return row;
-    }
-    return -1;
-}
-
 // False when a save would lose an amount, which was told.
 bool frmCsEstimate::keepsAmounts(const EstimateDraft& draft) {
-    const int row = rowOfLostAmount(draft);
+    const int row = rowOfLostAmount(draft, m_draft, m_receiptSet);
     if (row < 0) return true;
     ShowMessage(
         Message::Warning,
@@ -282,13 +279,26 @@ std::optional<EstimateDraft> frmCsEstimate::store() {
             return frmCsUpdConf::ask(this, known, typed);
         });
     SetWaitCursor(false);
-    if (result != SaveResult::Saved) return std::nullopt;
+    if (result != SaveResult::Saved) {
+        if (!entered.composition.hasLines()) goToMissingLines();
+        return std::nullopt;
+    }
     m_draft.takeIdentity(entered, stored); // a further press is about this one
     Updated = true;
     EstId = stored.estimate.EstId;
     setMode(Edit);
     clearEdited();
     return stored;
+}
+
+// To the first thing that is missing for a line: an item, else the line itself.
+void frmCsEstimate::goToMissingLines() {
+    const QList<ComposedItem>& items = m_draft.composition.items();
+    const bool hasItem =
+        std::any_of(items.begin(), items.end(), [](const ComposedItem& item) { return item.isUsable(); });
+    const Page page = hasItem ? MakeElements : Items;
+    ui->tabCsEst->setCurrentIndex(page);
+    goToGrid(page);
 }
 
 void frmCsEstimate::execute() {
@@ -312,6 +322,7 @@ void frmCsEstimate::clearAll() {
     EstId.clear();
     showStored();
     setMode(Add);
+    firstField()->setFocus();
 }
 
 void frmCsEstimate::RepriceAll() {
@@ -417,7 +428,7 @@ void frmCsEstimate::proposeName() {
     if (gSysSettingManager.value(Setting::NameSide) == u"1" && side != u"なし") rules.side = side;
     rules.grantRepair = gSysSettingManager.value(Setting::NameGrantRepair);
     rules.pickStyle = gSysSettingManager.value(Setting::NamePickStyle) == u"1";
-    ui->txtEstName->setValue(automaticName(m_draft.composition, rules));
+    ui->txtEstName->fillIn(automaticName(m_draft.composition, rules));
 }
 
 // --- printing ---

@@ -48,11 +48,11 @@ private:
     void showHeader();
     void showAmounts();
     void enterPage(int page);
+    void goToGrid(int page);
     // The estimate as it stands on the screen, without lines that no item carries any more.
     EstimateDraft collect() const;
     QStringList tiers() const;
     void takeBackAdvance();
-    int rowOfLostAmount(const EstimateDraft& draft) const;
     bool keepsAmounts(const EstimateDraft& draft);
 
     // What is stored afterwards, also when more goes wrong; nothing when the save was refused.
@@ -60,6 +60,7 @@ private:
 
     // --- commands ---
     void execute();
+    void goToMissingLines();
     void clearAll();
     void clearPerson();
     void clearEstimate();

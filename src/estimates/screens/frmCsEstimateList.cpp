@@ -13,6 +13,7 @@
 #include "estimates/screens/frmCsEstimate.h"
 #include "reference/ReferenceManagers.h"
 #include "reports/clsReportManager.h"
+#include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
 #include "ui_EstimateSearchPage.h"
@@ -52,7 +53,7 @@ const ListColumns& estimateColumns() {
         {GridColumn::of(u"製品コード"_qs, 11), {of(&clsCsEstimate::ProductCd)}},
         {GridColumn::of(u"見積名称"_qs, 36), {of(&clsCsEstimate::EstNm)}},
         {GridColumn::of(u"金額"_qs, 11, GridColumn::Number), {of(&clsCsEstimate::EstSum)}},
-        {GridColumn::of(u"受注先"_qs, 20), {gChartManager.column(&clsChart::OrderNm)}},
+        {GridColumn::of(u"受注先"_qs, 26), {gChartManager.column(&clsChart::OrderNm)}},
         {GridColumn::of(u"作業状況"_qs, 9), {of(&clsCsEstimate::ProcKbnNo)}}};
     return columns;
 }
@@ -102,6 +103,7 @@ frmCsEstimateList::frmCsEstimateList(QWidget* parent)
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
     ui->flxCustList->setColumns(customerColumns());
     ui->flxEstList->setColumns(formsOf(estimateColumns()));
+    FormPieces::stretchColumn(ui->flxEstList, EstName);
     const ConnectionSettings& database = gDbManager.Connection().settings();
     m_customers = new KeyedList(ui->flxCustList, ui->txtCustCnt, database,
                                 [this](const QStringList& keys) { return fetchCustomers(keys, m_ticked); });
@@ -187,7 +189,8 @@ void frmCsEstimateList::load() {
 void frmCsEstimateList::turnTo(int page) { ui->tabEstList->setCurrentIndex(page); }
 
 void frmCsEstimateList::pageTurned(int page) {
-    for (QPushButton* command : {ui->cmdSelect, ui->cmdEdit, ui->cmdDelete}) command->setEnabled(page == Estimates);
+    for (QPushButton* command : {ui->cmdSelect, ui->cmdEdit, ui->cmdDelete})
+        FormPieces::allow(command, page == Estimates ? QString() : u"見積一覧で見積を選ぶと使えます。"_qs);
     if (page != Estimates) m_opened = {};
     switch (page) {
     case Customers:

@@ -9,6 +9,7 @@
 #include "master/MasterManagers.h"
 #include "master/screens/MasterPrinting.h"
 #include "ui/FormPieces.h"
+#include "ui/Grid.h"
 #include "ui_frmMsEstimate.h"
 
 namespace {
@@ -57,6 +58,7 @@ void frmMsEstimate::connectPages() {
         guarded([&] {
             enterPage(page);
             showAmounts();
+            ui->tabMstEst->widget(page)->findChild<Grid*>()->setFocus();
         });
     });
     connect(ui->pagItem, &ItemPage::changed, this, changed);
@@ -158,7 +160,8 @@ void frmMsEstimate::execute() {
     const auto stored = store();
     if (!stored) return;
     showSaved([&] { showDraft(*stored); },
-              isNew ? u"製品コード:"_qs + stored->master.ProductCd + u" で新規登録しました。"_qs : u"保存しました。"_qs);
+              isNew ? u"製品コード:"_qs + stored->master.ProductCd + u" で新規登録しました。"_qs
+                    : u"保存しました。"_qs);
 }
 
 void frmMsEstimate::startAnew() {

@@ -4,6 +4,7 @@
 #include "base/basMessage.h"
 #include "reports/engine/ReportPdf.h"
 #include "ui/BusyPanel.h"
+#include "ui/FormPieces.h"
 #include "ui_frmPreview.h"
 
 #include <QScopeGuard>
@@ -65,8 +66,8 @@ void frmPreview::showPage(int page) {
     const int count = static_cast<int>(m_job.pages.size());
     m_page = std::clamp(page, 1, std::max(1, count));
     ui->lblPage->setText(u"%1 / %2 ページ"_qs.arg(m_page).arg(count));
-    ui->cmdPrev->setEnabled(m_page > 1);
-    ui->cmdNext->setEnabled(m_page < count);
+    FormPieces::allow(ui->cmdPrev, m_page > 1 ? QString() : u"最初のページです。"_qs);
+    FormPieces::allow(ui->cmdNext, m_page < count ? QString() : u"最後のページです。"_qs);
     if (m_page > count) return;
     ui->sheet->setPage(m_job.pages.at(m_page - 1), m_page);
     ui->scrPage->verticalScrollBar()->setValue(0);

@@ -42,6 +42,7 @@ public:
         add(whole, u"cboWhole"_qs);
         add(memo, u"txtMemo"_qs);
         add(tick, u"chkUse"_qs);
+        tick->setToolTip(u"この行を使う"_qs);
         add(grid, u"flxData"_qs);
         add(tabs, u"tabPages"_qs);
         add(result, u"lblResult"_qs);
@@ -162,6 +163,12 @@ private slots:
               "tick chkUse on\nexpect checked chkUse yes\ntick chkUse on\nexpect checked chkUse yes\n"
               "press chkUse\nexpect checked chkUse no\n"
               "tab tabPages 1"_qs);
+    }
+
+    void hintsAreLookedAt() {
+        holds(u"expect hint chkUse 使う\nexpect hint txtName \"\""_qs);
+        fails(u"expect hint chkUse 使わない"_qs, {u"使う"_qs, u"使わない"_qs});
+        fails(u"expect hint chkUse \"\""_qs, {u"使う"_qs});
     }
 
     void arrayNameTakesItsFirstVisibleMember() {
