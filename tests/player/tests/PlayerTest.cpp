@@ -42,7 +42,7 @@ public:
         add(whole, u"cboWhole"_qs);
         add(memo, u"txtMemo"_qs);
         add(tick, u"chkUse"_qs);
-        tick->setToolTip(u"この行を使う"_qs);
+        tick.setToolTip(u"この行を使う"_qs);
         add(grid, u"flxData"_qs);
         add(tabs, u"tabPages"_qs);
         add(result, u"lblResult"_qs);
