@@ -57,7 +57,8 @@ Page pageOf(const QString& text) {
         }
         if (const auto match = heading.match(line); match.hasMatch() && !isCode)
             page.headings << Heading{anchorOf(match.captured(1).trimmed()), std::exchange(places, {})};
-        lines << withLinksToHtml(line);
+        // Read as HTML, it would take the rest of the page with it.
+        lines << withLinksToHtml(line).replace(u"<br>"_qs, QString(QChar::LineSeparator));
     }
     page.markdown = lines.join(u'\n');
     return page;

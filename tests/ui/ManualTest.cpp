@@ -60,6 +60,21 @@ private slots:
         }
     }
 
+    // A piece of a page that the reader of Markdown does not understand may take the rest with it.
+    void everyHeadingOfThePagesIsThere() {
+        const QDir sources(QStringLiteral(HALVANE_SOURCE_DIR) + u"/docs/manual"_qs);
+        for (const QString& name : sources.entryList({u"*.md"_qs})) {
+            QFile file(sources.filePath(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QTextDocument page;
+            page.setHtml(this->page(name.chopped(3) + u".html"_qs));
+            const QString shown = page.toPlainText();
+            for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
+                if (line.startsWith(u'#'))
+                    QVERIFY2(shown.contains(line.section(u' ', 1)), qUtf8Printable(name + u": "_qs + line));
+        }
+    }
+
     void everyPictureIsShipped() {
         static const QRegularExpression picture(u"<img src=\"([^\"]*)\""_qs);
         int count = 0;
