@@ -178,7 +178,7 @@ public:
         draft.composition =
             composed({gCsItemManager.rowsOf({id}), gCsMakeElmtManager.rowsOf({id}), gCsCmpltElmtManager.rowsOf({id})});
         draft.composition.dropUnusableLines();
-        Pricing pricing({customerOf(draft.estimate).PriceType}, PriceGaps::Counted);
+        Pricing pricing({tierOf(customerOf(draft.estimate))}, PriceGaps::Counted);
         pricing.reprice(draft.composition);
         return {{QString::number(draft.amounts().total)}, noteOf(pricing.gaps())};
     }
@@ -186,10 +186,15 @@ public:
         const clsCsEstimate& order = m_orders.at(place);
         const clsCustomer customer = customerOf(order);
         const QString name = JoinWithSpace(customer.CustNm1, customer.CustNm2);
-        return {order.EstNo, JoinWithSpace(name, order.EstNm), order.PriceSedYear, customer.PriceType};
+        return {order.EstNo, JoinWithSpace(name, order.EstNm), order.PriceSedYear, tierOf(customer)};
     }
 
 private:
+    // The look-up takes any other text for 大人.
+    static QString tierOf(const clsCustomer& customer) {
+        const QString& tier = customer.PriceType;
+        return tier == u"小人" || tier == u"中人" ? tier : u"大人"_qs;
+    }
     static clsCustomer customerOf(const clsCsEstimate& order) {
         clsCustomer customer;
         if (!order.CustId.isEmpty()) gCustomerManager.GetData(order.CustId, order.CustSubId, customer);

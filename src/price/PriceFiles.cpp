@@ -12,6 +12,9 @@
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
+
+#include <algorithm>
 
 namespace PriceFiles {
 
@@ -56,6 +59,15 @@ const FileForm& formOf(const QString& table) {
 
 // --- faults ---
 
+// Japanese text in UTF-8 reads as other text of the code page, too, but text of the code page hardly ever as UTF-8.
+bool isUtf8(const QByteArray& line) {
+    if (std::none_of(line.begin(), line.end(), [](char byte) { return static_cast<uchar>(byte) >= 0xE0; }))
+        return false;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(line);
+    return !decoder.hasError() && !text.isEmpty();
+}
+
 QString faultOfNumber(const Schema::Column& column, const QString& value) {
     if (value.isEmpty()) return {};
     if (!isPlainNumber(value)) return u"%1 が数字ではありません（%2）。"_qs.arg(column.name, value);
@@ -92,18 +104,22 @@ private:
     QString faultOfId(const QString& text) {
         if (text.isEmpty()) return u"ID がありません。"_qs;
         if (!isPlainNumber(text) || Val(text) < 0 || Val(text) > lastId) return {}; // told with the numbers
-        const int id = static_cast<int>(Val(text));
-        if (m_ids.testBit(id)) return u"ID %1 が重複しています。"_qs.arg(id);
+        return isNew(static_cast<int>(Val(text))) ? QString() : u"ID %1 が重複しています。"_qs.arg(Val(text));
+    }
+
+    bool isNew(int id) {
+        if (id >= m_ids.size()) m_ids.resize(qMax<qsizetype>(id + 1, 2 * m_ids.size()));
+        const bool known = m_ids.testBit(id);
         m_ids.setBit(id);
-        return {};
+        return !known;
     }
 
     const FileForm& m_form;
     const Schema::Table& m_schema;
-    QBitArray m_ids = QBitArray(lastId + 1);
+    QBitArray m_ids; // a bit for each ID, whatever the number of rows
 };
 
-QString faultOfFile(QFile& file) {
+QString faultOfFile(QIODevice& file) {
     if (file.size() == 0) return u"ファイルが空です。"_qs;
     const QByteArray head = file.peek(3);
     if (head.startsWith("\xEF\xBB\xBF")) return u"文字コードが UTF-8 です。Shift_JIS で保存し直してください。"_qs;
@@ -124,11 +140,12 @@ QString sampleName(const QString& table) { return profileKey(table) + u".csv"_qs
 
 bool Reader::next() {
     while (!m_file.atEnd()) {
-        QString text = Text::fromCp932(m_file.readLine());
+        const QByteArray line = m_file.readLine();
+        QString text = Text::fromCp932(line);
         ++m_number;
         text.remove(u'\n').remove(u'\r');
         if (text.isEmpty()) continue;
-        m_isText = !text.contains(unreadable);
+        m_isText = !text.contains(unreadable) && !isUtf8(line);
         m_fields = text.remove(u'"').split(u',');
         return true;
     }
@@ -150,6 +167,10 @@ QList<Fault> faultsOf(const QString& table, const QString& path, const std::func
     const QString name = QFileInfo(path).fileName();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {{name, 0, u"ファイルが読めません。"_qs + file.errorString()}};
+    return faultsOf(table, name, file, pause);
+}
+
+QList<Fault> faultsOf(const QString& table, const QString& name, QIODevice& file, const std::function<void()>& pause) {
     if (const QString reason = faultOfFile(file); !reason.isEmpty()) return {{name, 0, reason}};
     QList<Fault> faults;
     Inspection inspection(table);

@@ -60,6 +60,9 @@ struct Fault {
 };
 // The faults of a table's file, in the order of its lines; nothing is written. `pause` is called after each line.
 QList<Fault> faultsOf(const QString& table, const QString& path, const std::function<void()>& pause = {});
+// The same of an open one.
+QList<Fault> faultsOf(const QString& table, const QString& name, QIODevice& file,
+                      const std::function<void()>& pause = {});
 
 // The lines of a file; one with another number of fields raises an error that names its line.
 QList<QStringList> read(const QString& table, const QByteArray& bytes);

@@ -24,18 +24,9 @@ class KilledKeeperTest : public QObject {
 private:
     std::unique_ptr<TestDatabase> m_database;
 
-    // A server notices only by and by that a program has gone.
-    void endSessions() const {
-        if (!TestDatabase::isPostgres()) return;
-        TestServer::scalar(u"SELECT COUNT(pg_terminate_backend(pid, 10000)) FROM pg_stat_activity"
-                           u" WHERE datname LIKE '%1%'"_qs.arg(m_database->settings().database));
-    }
-
     // Lets the keeper come through a round, and kills it at a random moment of the next ones.
     void workAndKill(const QStringList& words) {
-        endSessions();
-        Kills::startAndKill(QStringLiteral(HALVANE_OFFICE_KEEPER), words);
-        endSessions();
+        Kills::startAndKill(QStringLiteral(HALVANE_OFFICE_KEEPER), words, m_database->settings());
     }
 
     QStringList job(const QString& what, const QString& file) const { return {what, m_database->folder(), file}; }

@@ -51,10 +51,8 @@ private slots:
                                         " [マスタ見積完成要素].[製品ID] = [マスタ見積情報].[製品ID]"
                                         " WHERE [製品コード] = '%1'"_qs.arg(move.code))
                                      .toDouble();
-            QCOMPARE(move.tiers, u"全年齢"_qs);
             QCOMPARE(move.move.difference().toDouble(), parts * 1000);
-            QCOMPARE(move.move.before,
-                     scalar(u"SELECT [大人価格] FROM [マスタ見積情報] WHERE [製品コード] = '%1'"_qs.arg(move.code)));
+            QCOMPARE(move.move.before, storedPrice(move));
         }
         QVERIFY(!found.orders.isEmpty());
         for (const AmountMove& move : found.orders) {
@@ -107,11 +105,7 @@ private slots:
             m_database->connection(), [](PriceRevision::Part, qint64, qint64) {}, [] {});
         QVERIFY(revision.run({PriceRevision::Request::Files, folder(), u"2027"_qs}));
         for (const AmountMove& move : found.masters) {
-            const QString tier = move.tiers == u"中人"   ? u"中人価格"_qs
-                                 : move.tiers == u"小人" ? u"小人価格"_qs
-                                                         : u"大人価格"_qs;
-            QCOMPARE(move.move.after,
-                     scalar(u"SELECT [%1] FROM [マスタ見積情報] WHERE [製品コード] = '%2'"_qs.arg(tier, move.code)));
+            QCOMPARE(move.move.after, storedPrice(move));
         }
         QCOMPARE(compare(kept(u"2026"_qs), {}).prices.size(), found.prices.size());
     }
@@ -120,7 +114,7 @@ private slots:
         keepYear(u"2025"_qs, u"UPDATE [価格部品] SET [新価格] = 5"_qs);
         writeFiles(PriceSamples::filesOfYear(u"100"_qs));
         gLogger = std::make_unique<clsLogger>();
-        const QString office = stateOfTheOffice();
+        const QStringList office = stateOfTheOffice();
         const QByteArray year = bytesOf(yearFile(u"2025"_qs));
         const QStringList kakaku = QDir(PriceRevision::folder()).entryList(QDir::Files);
         m_database->connection().onStatement = [](const QString& statement) {
@@ -220,22 +214,33 @@ private:
         DatabaseCreation::createPrices(yearFile(year));
         Connection file(ConnectionSettings::sqliteFile(yearFile(year)));
         file.open();
+        Transaction transaction(file);
         for (const QString& table : Schema::priceTables()) file.copyRows(m_database->connection(), table, table);
         if (!difference.isEmpty()) file.execute(difference);
+        transaction.commit();
     }
     void writeFiles(const QStringList& texts) const { PriceSamples::writeYear(folder(), texts); }
     void addOwnPart() {
         sql(u"INSERT INTO [価格部品] ([ID],[種目],[部品コード]) VALUES (9000001,'下肢装具','OWN')"_qs);
     }
 
-    QString stateOfTheOffice() {
+    QStringList stateOfTheOffice() {
         QStringList state;
         for (const Schema::Table& table : Schema::tables()) {
-            Recordset rows = m_database->connection().query(u"SELECT * FROM [%1] ORDER BY 1, 2, 3"_qs.arg(table.name));
-            while (rows.next())
-                for (int i = 0; i < rows.fields().size(); ++i) state << rows.value(i);
+            Recordset rows = m_database->connection().query(u"SELECT * FROM [%1]"_qs.arg(table.name));
+            while (rows.next()) {
+                QStringList row{table.name};
+                for (int i = 0; i < rows.fields().size(); ++i) row << rows.value(i);
+                state << row.join(u'|');
+            }
         }
-        return state.join(u'|');
+        state.sort();
+        return state;
+    }
+    // The stored price of a master estimate for the first of the tiers that move.
+    QString storedPrice(const AmountMove& move) {
+        const QString tier = move.tiers == u"全年齢" ? u"大人"_qs : move.tiers.section(u'・', 0, 0);
+        return scalar(u"SELECT [%1価格] FROM [マスタ見積情報] WHERE [製品コード] = '%2'"_qs.arg(tier, move.code));
     }
     static QByteArray bytesOf(const QString& path) {
         QFile file(path);

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "HalvaneTest.h"
+#include "support/TestServer.h"
+
+#include "db/ConnectionSettings.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -31,6 +34,20 @@ inline void startAndKill(const QString& program, const QStringList& words, std::
     QTest::qSleep(QRandomGenerator::global()->bounded(rest + 1));
     ::kill(static_cast<pid_t>(worker.processId()), SIGKILL);
     QVERIFY(worker.waitForFinished(patience));
+}
+
+// A server notices only by and by that a program has gone.
+inline void endSessions(const ConnectionSettings& office) {
+    if (office.provider != Provider::PostgreSQL) return;
+    TestServer::scalar(u"SELECT COUNT(pg_terminate_backend(pid, 10000)) FROM pg_stat_activity"
+                       u" WHERE datname LIKE '%1%'"_qs.arg(office.database));
+}
+
+// The same for a program that works on an office, which nobody has open before and after.
+inline void startAndKill(const QString& program, const QStringList& words, const ConnectionSettings& office) {
+    endSessions(office);
+    startAndKill(program, words);
+    endSessions(office);
 }
 
 } // namespace Kills
