@@ -21,6 +21,7 @@ bool askPath(QString& path, FileDialogRequest& request) {
     const bool proposes = !request.fileName.isEmpty();
     request.folder = platformPath(profile.GetValue(u"SaveFile"_qs, u"EstCsvPath"_qs, QString()));
     if (!proposes) request.fileName = profile.GetValue(u"SaveFile"_qs, u"EstCsvFile"_qs, QString());
+    if (request.fileName.isEmpty()) request.fileName = u"一覧%1.csv"_qs.arg(currentDate().toString(u"yyyyMMdd"));
     const QString chosen = seams().saveFile(request);
     if (chosen.isEmpty()) return false;
     const qsizetype separator = chosen.lastIndexOf(separatorOfFolders);

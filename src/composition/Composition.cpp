@@ -40,6 +40,10 @@ void Composition::dropUnusableLines() {
 
 void Composition::clear() { m_items.clear(); }
 
+bool Composition::hasUsableItem() const {
+    return std::any_of(m_items.begin(), m_items.end(), [](const ComposedItem& item) { return item.isUsable(); });
+}
+
 bool Composition::hasLines() const {
     return std::any_of(m_items.begin(), m_items.end(),
                        [](const ComposedItem& item) { return !item.make.isEmpty() || !item.parts.isEmpty(); });

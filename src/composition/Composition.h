@@ -18,6 +18,7 @@ struct ComposedItem {
 
     // Only an item with 種目 and 採型区分 can have lines.
     bool isUsable() const;
+    bool operator==(const ComposedItem&) const = default;
 };
 
 // The lines of an item of one kind.
@@ -42,6 +43,8 @@ public:
     void clear();
 
     bool hasLines() const;
+    bool hasUsableItem() const;
+    bool operator==(const Composition&) const = default;
     // One column of all lines of a kind.
     QStringList column(ItemLines lines, int column) const;
 

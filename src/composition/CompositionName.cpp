@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "composition/ItemRules.h"
+#include "db/clsSysSettingManager.h"
 
 namespace {
 
@@ -72,6 +73,14 @@ private:
 };
 
 } // namespace
+
+NameRules officeNameRules(const QString& side) {
+    NameRules rules;
+    if (gSysSettingManager.value(Setting::NameSide) == u"1" && side != u"なし") rules.side = side;
+    rules.grantRepair = gSysSettingManager.value(Setting::NameGrantRepair);
+    rules.pickStyle = gSysSettingManager.value(Setting::NamePickStyle) == u"1";
+    return rules;
+}
 
 QString automaticName(const Composition& composition, const NameRules& rules) {
     NameBuilder builder(rules);

@@ -11,5 +11,8 @@ struct NameRules {
     bool joinsShoe = true;  // a brace and a shoe become one article, by 付き
 };
 
+// As the settings of the office have them, for an estimate of this side.
+NameRules officeNameRules(const QString& side);
+
 // Empty when no item counts.
 QString automaticName(const Composition& composition, const NameRules& rules);

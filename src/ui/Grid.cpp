@@ -2,6 +2,7 @@
 
 #include "base/basMessage.h"
 #include "ui/GridDelegate.h"
+#include "ui/GridHands.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -41,7 +42,7 @@ Grid::Grid(QWidget* parent)
     setItemDelegate(new GridDelegate(this));
     setFont(Style::gridFont());
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
-    setSelectionMode(SingleSelection);
+    new GridHands(this);
     setTabKeyNavigation(false);
     setAlternatingRowColors(false);
     setWordWrap(false);
@@ -61,6 +62,7 @@ void Grid::setColumns(const QList<GridColumn>& columns) {
     clearSortMark();
     for (int i = 0; i < columns.size(); ++i) QTableView::setColumnHidden(i, columns.at(i).hidden);
     setSelectionBehavior(isList() ? SelectRows : SelectItems);
+    setSelectionMode(isList() ? SingleSelection : ContiguousSelection);
     applyWidths();
 }
 
@@ -223,6 +225,20 @@ void Grid::takeEdit(const QModelIndex& index, const QString& newValue) {
     emit cellEdited(index.row() + 1, index.column(), before);
 }
 
+bool Grid::enter(int row, int column, const QString& text) {
+    if (!showsRow(row)) return false;
+    const QModelIndex index = m_model->index(row - 1, column);
+    if (text == this->text(row, column) || text == value(row, column)) return true;
+    return mayEdit(index) && static_cast<GridDelegate*>(itemDelegate())->takeText(index, text);
+}
+
+void Grid::clearSelected() {
+    QModelIndexList cells = selectedIndexes();
+    if (cells.isEmpty()) cells << currentIndex();
+    for (const QModelIndex& cell : cells)
+        if (column(cell.column()).kind != GridColumn::Check && mayEdit(cell)) takeEdit(cell, {});
+}
+
 bool Grid::beginEdit(int row, int column) {
     if (!showsRow(row) || column < 0 || column >= columns()) return false;
     setCurrent(row, column);
@@ -270,7 +286,7 @@ void Grid::keyPressEvent(QKeyEvent* event) {
         toggleCheck(currentRow(), tick);
         return;
     case Qt::Key_Delete:
-        if (!ticks && mayEdit(index)) takeEdit(index, {});
+        if (!ticks) clearSelected();
         return;
     default:
         break;

@@ -66,6 +66,11 @@ public:
     int currentRow() const { return currentIndex().row() + 1; }   // 0: nowhere
     int currentColumn() const { return currentIndex().column(); } // -1: nowhere
     void setCurrent(int row, int column = -1);                    // -1: the first column to see
+    // Takes a text into a cell as if it had been typed there; false when the cell does not take it. What it holds
+    // already is always taken.
+    bool enter(int row, int column, const QString& text);
+    // Empties the cells that are selected, as far as they may be edited.
+    void clearSelected();
     // Starts an edit as the operator would; false when the cell refuses it.
     bool beginEdit(int row, int column);
     // Whether Return on an empty row goes on behind the grid: rows without gaps, where nothing follows an empty one.
@@ -95,6 +100,8 @@ public:
 
     // Asked just before a cell is edited; it may change the column's list, and false refuses the edit.
     std::function<bool(int row, int column)> editStarting;
+    // A word that a cell tells besides, at its other end; empty: none. Without it no cell does.
+    std::function<QString(int row, int column)> aside;
     // Whether Return stops at an empty cell that may be edited; without it, at every one.
     std::function<bool(int row, int column)> isToFill;
 

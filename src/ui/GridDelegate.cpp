@@ -78,13 +78,27 @@ void GridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& opti
     } else if (const QVariant background = index.data(Qt::BackgroundRole); background.isValid()) {
         painter->fillRect(cell, background.value<QBrush>());
     }
+    const QRect room = cell.adjusted(textMargin, 0, -textMargin, 0);
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    if (m_grid->aside) paintAside(painter, room, alignment, index);
     const QString text = index.data(Qt::DisplayRole).toString();
     if (text.isEmpty()) return;
     const bool isEnabled = option.state & QStyle::State_Enabled;
-    const QRect room = cell.adjusted(textMargin, 0, -textMargin, 0);
     painter->setPen(option.palette.color(isEnabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text));
-    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
     m_grid->letters().paint(*painter, room, alignment, text);
+}
+
+void GridDelegate::paintAside(QPainter* painter, const QRect& room, Qt::Alignment alignment,
+                              const QModelIndex& index) const {
+    const QString word = m_grid->aside(index.row() + 1, index.column());
+    if (word.isEmpty()) return;
+    const QFontMetrics letters(m_grid->font());
+    QRect patch(0, 0, letters.horizontalAdvance(word) + 2 * textMargin, room.height() - 4);
+    patch.moveCenter(room.center());
+    alignment& Qt::AlignRight ? patch.moveLeft(room.left()) : patch.moveRight(room.right());
+    painter->fillRect(patch, Style::remark);
+    painter->setPen(Style::remarkInk);
+    m_grid->letters().paint(*painter, patch, Qt::AlignCenter, word);
 }
 
 QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
@@ -103,17 +117,17 @@ QWidget* GridDelegate::makeListEditor(QWidget* parent, int column) const {
     return list;
 }
 
+QWidget* GridDelegate::makeEditor(QWidget* parent, int column) const {
+    const GridColumn& form = m_grid->column(column);
+    if (!form.entries.isEmpty()) return makeListEditor(parent, column);
+    if (form.kind == GridColumn::Number) return makeNumberEditor(parent);
+    if (form.kind == GridColumn::Date) return new DateField(parent);
+    return new TextField(parent);
+}
+
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
     if (!m_grid->mayEdit(index)) return nullptr;
-    const GridColumn& column = m_grid->column(index.column());
-    if (!column.entries.isEmpty())
-        m_grid->m_editor = makeListEditor(parent, index.column());
-    else if (column.kind == GridColumn::Number)
-        m_grid->m_editor = makeNumberEditor(parent);
-    else if (column.kind == GridColumn::Date)
-        m_grid->m_editor = new DateField(parent);
-    else
-        m_grid->m_editor = new TextField(parent);
+    m_grid->m_editor = makeEditor(parent, index.column());
     return m_grid->m_editor;
 }
 
@@ -131,12 +145,28 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
     const auto typed = typedText(editor);
     if (!typed) return tellLater(qobject_cast<EntryField*>(editor)->complaint());
-    auto value = m_grid->m_model->valueOfText(index.column(), *typed);
-    if (!value && *typed != index.data().toString()) tellLater(noSuchEntry(*typed));
-    if (!value) return;
+    if (!takeSettled(index, *typed) && *typed != index.data().toString()) tellLater(noSuchEntry(*typed));
+}
+
+bool GridDelegate::takeSettled(const QModelIndex& index, const QString& text) const {
+    auto value = m_grid->m_model->valueOfText(index.column(), text);
+    if (!value) return false;
     int end = static_cast<int>(value->size());
     cutBeforeCursor(*value, end, m_grid->column(index.column()).maxLength);
     m_grid->takeEdit(index, *value);
+    return true;
+}
+
+// By way of the field that the operator would type into.
+bool GridDelegate::takeText(const QModelIndex& index, const QString& text) const {
+    const std::unique_ptr<QWidget> editor(makeEditor(nullptr, index.column()));
+    if (auto* list = qobject_cast<ChoiceBox*>(editor.get()))
+        list->setEditText(text);
+    else
+        qobject_cast<EntryField*>(editor.get())->setText(text);
+    const auto typed = typedText(editor.get());
+    const bool isLost = typed && typed->isEmpty() && !text.trimmed().isEmpty(); // none of its signs may stand there
+    return typed && !isLost && takeSettled(index, *typed);
 }
 
 // The edit is being left for another place: the cell keeps what it held, and the operator is told why.

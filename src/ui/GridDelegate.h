@@ -19,6 +19,8 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+    // Takes a text into a cell as if it had been typed there; false when it is no valid entry.
+    bool takeText(const QModelIndex& index, const QString& text) const;
     // Whether what stands in an editor can be taken; if not, it is told and the editor has the focus.
     bool mayLeave(QWidget* editor) const;
 
@@ -27,7 +29,10 @@ protected:
 
 private:
     void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    void paintAside(QPainter* painter, const QRect& room, Qt::Alignment alignment, const QModelIndex& index) const;
+    QWidget* makeEditor(QWidget* parent, int column) const;
     QWidget* makeListEditor(QWidget* parent, int column) const;
+    bool takeSettled(const QModelIndex& index, const QString& text) const;
     void tellLater(const QString& complaint) const;
     bool isEntry(const QString& text) const;
     QString complaintOf(QWidget* editor) const;

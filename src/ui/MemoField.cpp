@@ -3,6 +3,8 @@
 #include "base/Text.h"
 #include "ui/EntryValidator.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 
 MemoField::MemoField(QWidget* parent) : QPlainTextEdit(parent) {
@@ -23,6 +25,18 @@ void MemoField::setValue(const QString& value) {
     }
     m_set = Set{value, toPlainText()};
     if (this->value() != before) emit valueChanged();
+}
+
+// The screen moves on at Return, but takes no Ctrl with it.
+void MemoField::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn) return QPlainTextEdit::keyPressEvent(event);
+    if (event->modifiers() & Qt::AltModifier) return textCursor().insertBlock();
+    event->ignore();
+    if (!(event->modifiers() & Qt::ControlModifier)) return;
+    QKeyEvent plain(QEvent::KeyPress, event->key(), event->modifiers() & ~Qt::ControlModifier);
+    QCoreApplication::sendEvent(parentWidget(), &plain);
+    event->accept();
 }
 
 void MemoField::noteChange() {

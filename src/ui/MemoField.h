@@ -4,7 +4,7 @@
 
 #include <optional>
 
-// Several lines of text; Tab leaves it, Return makes a new line.
+// Several lines of text. Return and Tab leave it as any field, Ctrl+Return too; Alt+Return breaks the line.
 class MemoField : public QPlainTextEdit {
     Q_OBJECT
     Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
@@ -25,6 +25,9 @@ public:
 signals:
     // The text is another one, by the operator or by the program.
     void valueChanged();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void noteChange();

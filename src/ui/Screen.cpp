@@ -6,6 +6,7 @@
 #include "ui/KeyHint.h"
 #include "ui/Manual.h"
 #include "ui/ScrollingForm.h"
+#include "ui/SpokenNames.h"
 #include "ui/Style.h"
 
 #include <QAbstractButton>
@@ -77,6 +78,7 @@ bool Screen::Load() {
     guarded([this] {
         keepSheetInside(this);
         Style::arrange(this);
+        SpokenNames::give(this);
         KeyHint::showAll(this);
         for (QWidget* part : findChildren<QWidget*>())
             if (isWatched(part)) part->installEventFilter(this);

@@ -48,6 +48,14 @@ void scrollContents(QWidget* part) {
     frame->addWidget(new FormArea(contents, part));
 }
 
+// The layouts around a part have kept the size that it asked for.
+void askAnew(QWidget* part, const QWidget* form) {
+    for (; part != form; part = part->parentWidget()) {
+        part->updateGeometry();
+        if (part->parentWidget()->layout()) part->parentWidget()->layout()->invalidate();
+    }
+}
+
 } // namespace
 
 QSize ScrollingForm::roomFor(const QWidget* form) {
@@ -58,8 +66,10 @@ QSize ScrollingForm::roomFor(const QWidget* form) {
 void ScrollingForm::makeFit(QWidget* form, const QSize& room) {
     form->ensurePolished();
     if (!form->layout() || holds(room, form)) return;
-    for (QTabWidget* pages : form->findChildren<QTabWidget*>())
+    for (QTabWidget* pages : form->findChildren<QTabWidget*>()) {
         for (int page = 0; page < pages->count(); ++page)
             if (pages->widget(page)->layout()) scrollContents(pages->widget(page));
+        askAnew(pages, form);
+    }
     if (!holds(room, form)) scrollContents(form);
 }

@@ -83,7 +83,8 @@ QString sheet() {
     return QStringLiteral(R"(
         QLineEdit, QPlainTextEdit, QComboBox { background: %1; border: 1px solid %2; border-radius: 3px;
             padding: 2px 4px; min-height: 1.15em; selection-background-color: %3; }
-        QLineEdit:read-only, QPlainTextEdit:read-only { background: %4; }
+        QLineEdit:read-only, QPlainTextEdit:read-only { background: %4; border-color: transparent;
+            border-bottom-color: %2; border-radius: 0; }
         QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #ECEFF2; color: #5B6670; }
         QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { background: %5; border: 2px solid %3;
             padding: 1px 3px; }
@@ -109,16 +110,18 @@ QString sheet() {
             border-top-left-radius: 4px; border-top-right-radius: 4px; }
         QTabBar::tab:selected { background: #FFFFFF; color: %3; border-bottom-color: #FFFFFF; }
         QTabBar::tab:focus { text-decoration: underline; }
-        QLabel[shownValue="true"] { background: %1; border: 1px solid #D5DBE0; border-radius: 3px;
-            padding: 1px 5px; min-height: 1.2em; }
-        QLabel[shownValue="true"]:disabled { background: %4; color: #5B6670; }
-        QLabel[grandTotal="true"] { font-weight: bold; border: 1px solid %3; }
+        QLabel[shownValue="true"] { border: 1px solid transparent; border-bottom-color: %2; padding: 1px 5px;
+            min-height: 1.2em; }
+        QLabel[shownValue="true"]:disabled { color: #5B6670; }
+        QLabel[fieldMark="true"] { background: %9; color: %10; border-radius: 3px; padding: 0 5px; }
+        QLabel[grandTotal="true"] { font-weight: bold; border-bottom: 2px solid %3; }
         QLabel[heading="true"] { color: #4A5866; }
         QLabel[picture="true"] { background: #FFFFFF; border: 1px solid %2; border-radius: 3px; }
         #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
     )")
         .arg(Style::field.name(), Style::line.name(), Style::accent.name(), Style::paper.name(),
-             Style::focusField.name(), Style::heading.name(), Style::ink.name(), Style::chosen.name());
+             Style::focusField.name(), Style::heading.name(), Style::ink.name(), Style::chosen.name(),
+             Style::remark.name(), Style::remarkInk.name());
 }
 
 void loadJapaneseTexts(QApplication& application) {

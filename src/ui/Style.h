@@ -22,6 +22,9 @@ inline const QColor accent(0x1F, 0x6F, 0xA8);
 inline const QColor focusField(0xFF, 0xF9, 0xDB);
 // Selected cells, and the current row of a list.
 inline const QColor chosen(0xCF, 0xE2, 0xF1);
+// A word about a value that is unusual, and its ground.
+inline const QColor remark(0xFF, 0xE8, 0xB3);
+inline const QColor remarkInk(0x6E, 0x45, 0x00);
 inline const QColor heading(0xE3, 0xEA, 0xF0);
 // The grey of grid columns that hold computed values.
 inline const QColor computed(0xE0, 0xE0, 0xE0);

@@ -3,9 +3,12 @@
 #include "Desk.h"
 #include "StepFailure.h"
 #include "ui/ChoiceBox.h"
+#include "ui/FieldMark.h"
 #include "ui/Grid.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -93,6 +96,17 @@ void Expect::hint(const QString& name, const QString& text) {
     const QString hint = Desk::control(name)->toolTip();
     if (text.isEmpty() ? !hint.isEmpty() : !hint.contains(text)) throw StepFailure{hint, text};
 }
+
+void Expect::mark(const QString& name, const QString& text) { same(FieldMark::of(Desk::control(name)), text); }
+
+void Expect::aside(const QString& name, int row, const QString& word, const QString& text) {
+    const Grid* grid = Desk::grid(name);
+    const int column = Desk::column(grid, word);
+    Desk::checkPlace(grid, row, column);
+    same(grid->aside ? grid->aside(row, column) : QString(), text);
+}
+
+void Expect::clipboard(const QString& text) { same(QApplication::clipboard()->text(), text); }
 
 void Expect::visible(const QString& name, bool visible) {
     same(yesNo(Desk::control(name)->isVisible()), yesNo(visible));

@@ -32,9 +32,10 @@ void sendCharacter(QWidget* target, const QString& character) {
 }
 
 void sendText(QWidget* target, const QString& text) {
+    const bool isMemo = qobject_cast<QPlainTextEdit*>(target);
     for (const char32_t code : text.toUcs4()) {
         if (code == U'\n')
-            sendKey(target, Qt::Key_Return);
+            sendKey(target, Qt::Key_Return, isMemo ? Qt::AltModifier : Qt::NoModifier);
         else
             sendCharacter(target, QString::fromUcs4(&code, 1));
     }
@@ -165,6 +166,8 @@ void Operator::paste(const QString& name, const QString& text) {
         });
     });
 }
+
+void Operator::clipboard(const QString& text) { QApplication::clipboard()->setText(text); }
 
 void Operator::key(const QString& name, const QStringList& keys) {
     QWidget* control = Desk::usableControl(name);

@@ -14,6 +14,7 @@ public:
     void press(const QString& name);
     void type(const QString& name, const QString& text);
     void paste(const QString& name, const QString& text);
+    static void clipboard(const QString& text);
     void key(const QString& name, const QStringList& keys);
     void choose(const QString& name, const QString& text);
     void tick(const QString& name, bool on);

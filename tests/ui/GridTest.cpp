@@ -6,6 +6,8 @@
 #include "ui/Grid.h"
 
 #include <QAbstractItemView>
+#include <QAction>
+#include <QClipboard>
 #include <QCompleter>
 #include <QHeaderView>
 #include <QSignalSpy>
@@ -366,6 +368,73 @@ private slots:
         QCOMPARE(list->completer()->popup()->minimumWidth(), list->view()->minimumWidth());
         QCOMPARE(list->view()->sizeHintForRow(0), m_grid->verticalHeader()->defaultSectionSize());
         m_grid->giveUpEdit();
+    }
+
+    void aBlockIsCopiedAsASpreadsheetTakesIt() {
+        m_grid->setRowValues(1, {{}, {}, u"義手"_qs, u"2"_qs, u"1"_qs, u"500"_qs, u"12345"_qs});
+        m_grid->setCurrent(1, Item);
+        m_grid->selectionModel()->select(
+            QItemSelection(m_grid->model()->index(0, Item), m_grid->model()->index(1, Price)),
+            QItemSelectionModel::ClearAndSelect);
+        QTest::keyClick(m_grid, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"義手\t右\t1\t12345\n\t\t\t\n"_qs);
+    }
+
+    void aBlockIsPastedCellByCellAsIfTyped() {
+        QSignalSpy edits(m_grid, &Grid::cellEdited);
+        QGuiApplication::clipboard()->setText(u"義足\t左\t３\t12,345\r\n義手\t\t1\t\r\n"_qs);
+        m_grid->setCurrent(4, Item);
+        QTest::keyClick(m_grid, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(m_grid->rowValues(4).mid(Item, 5), (QStringList{u"義足"_qs, u"1"_qs, u"3"_qs, {}, u"12345"_qs}));
+        QCOMPARE(m_grid->value(5, Item), u"義手"_qs);
+        QCOMPARE(edits.size(), 6); // what is empty already is no edit
+    }
+
+    void whatACellDoesNotTakeIsToldOnceAndKeepsWhatItHeld() {
+        const CapturedMessages messages;
+        m_grid->setValue(4, Quantity, u"7"_qs);
+        QGuiApplication::clipboard()->setText(u"義眼\t左\t二つ\n義手\n義足\n"_qs);
+        m_grid->setCurrent(4, Item);
+        QTest::keyClick(m_grid, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(m_grid->value(4, Item), QString());
+        QCOMPARE(m_grid->value(4, Side), u"1"_qs);
+        QCOMPARE(m_grid->value(4, Quantity), u"7"_qs);
+        QCOMPARE(m_grid->value(5, Item), u"義手"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+        for (const QString& told : {u"4行目 種目「義眼」"_qs, u"二つ"_qs, u"6行目 種目「義足」"_qs})
+            QVERIFY2(messages.texts.first().contains(told), qPrintable(messages.texts.first()));
+    }
+
+    void oneCellIsPastedIntoAllThatAreSelected() {
+        QGuiApplication::clipboard()->setText(u"義手\n"_qs);
+        m_grid->setCurrent(1, Item);
+        m_grid->selectionModel()->select(
+            QItemSelection(m_grid->model()->index(0, Item), m_grid->model()->index(2, Item)),
+            QItemSelectionModel::ClearAndSelect);
+        QTest::keyClick(m_grid, Qt::Key_V, Qt::ControlModifier);
+        for (int row = 1; row <= 3; ++row) QCOMPARE(m_grid->value(row, Item), u"義手"_qs);
+        QCOMPARE(m_grid->value(4, Item), QString());
+        QTest::keyClick(m_grid, Qt::Key_Delete); // and all are emptied
+        for (int row = 1; row <= 3; ++row) QCOMPARE(m_grid->value(row, Item), QString());
+    }
+
+    void whatMayNotBeEditedIsNotPastedOver() {
+        const CapturedMessages messages;
+        m_grid->editStarting = [](int row, int) { return row != 2; };
+        m_grid->setValue(2, Item, u"義足"_qs);
+        QGuiApplication::clipboard()->setText(u"義手\n義手\n義手\n"_qs);
+        m_grid->setCurrent(1, Item);
+        QTest::keyClick(m_grid, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(m_grid->value(2, Item), u"義足"_qs);
+        QCOMPARE(m_grid->value(3, Item), u"義手"_qs);
+        QCOMPARE(messages.texts.size(), 1);
+    }
+
+    void theMenuOffersWhatTheKeysDo() {
+        QStringList texts;
+        for (const QAction* action : m_grid->actions()) texts << action->text();
+        QCOMPARE(texts, (QStringList{u"切り取り"_qs, u"コピー"_qs, u"貼り付け"_qs}));
+        QCOMPARE(m_grid->contextMenuPolicy(), Qt::ActionsContextMenu);
     }
 
     void aTextThatNoEntryAnswersIsTold() {

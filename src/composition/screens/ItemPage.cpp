@@ -65,6 +65,8 @@ ItemPage::ItemPage(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::I
 
 ItemPage::~ItemPage() = default;
 
+Grid* ItemPage::grid() const { return ui->flxItem; }
+
 void ItemPage::addCommand(QPushButton* command) { ui->layItemCommands->addWidget(command); }
 
 void ItemPage::show(Composition& composition) {

@@ -10,6 +10,7 @@ namespace Ui {
 class ItemPage;
 }
 
+class Grid;
 class QPushButton;
 
 // The items of what is composed, with picture and help text of the current one.
@@ -22,6 +23,8 @@ public:
 
     // Shows the items, and writes into them from then on. An edit that fails leaves the row as it was.
     void show(Composition& composition);
+    // The grid of the items.
+    Grid* grid() const;
     // A command beside those over the rows.
     void addCommand(QPushButton* command);
 

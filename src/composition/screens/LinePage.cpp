@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int lineRows = 50;
+constexpr int amountWidth = 24; // with a remark before the amount
 
 // How the lines of one kind stand on their page.
 struct LineForm {
@@ -38,7 +39,7 @@ LineForm makeForm(const QStringList& tiers) {
     return {makeRules(), u"flxMkElm"_qs, u"種目別製作要素合計："_qs, MakeLine::Materials,
             QList{GridColumn::rowNumber(), quickEntry(), text(u"製作要素"_qs, one ? 34 : 20),
                   text(u"原材料等"_qs, one ? 60 : 20), number(u"数量"_qs, 8).typed()} +
-                (one ? QList{yen(u"ﾏｽﾀ価格"_qs, 12).unseen(), yen(u"価格"_qs, 14).typed().grey()}
+                (one ? QList{yen(u"ﾏｽﾀ価格"_qs, 12).unseen(), yen(u"価格"_qs, amountWidth).typed().grey()}
                      : tierColumns(tiers))};
 }
 
@@ -50,7 +51,7 @@ LineForm partsForm(const QStringList& tiers) {
             PartsLine::Form,
             {GridColumn::rowNumber(), quickEntry(), text(u"部品名称"_qs, 34), text(u"部品型式"_qs, 30),
              text(u"部品ｺｰﾄﾞ"_qs, 18), text(u"ﾒｰｶｰ名"_qs, 20).grey(), number(u"数量"_qs, 8).typed(),
-             tiers.isEmpty() ? unitPrice.unseen() : unitPrice, yen(u"価格"_qs, 14).typed().grey()}};
+             tiers.isEmpty() ? unitPrice.unseen() : unitPrice, yen(u"価格"_qs, amountWidth).typed().grey()}};
 }
 
 LineForm formOf(int index, const QStringList& tiers) { return index == 2 ? makeForm(tiers) : partsForm(tiers); }
@@ -64,6 +65,7 @@ LinePage::LinePage(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::L
     connect(ui->cboSelectItem, &ChoiceBox::valueChanged, this, [this] {
         if (!m_filling) guarded([this] { showItem(ui->cboSelectItem->text().toInt()); });
     });
+    ui->flxLines->aside = [this](int row, int column) { return m_remarks.value({row, column}); };
     ui->flxLines->editStarting = [this](int row, int column) { return offerChoices(row, column); };
     connect(ui->flxLines, &Grid::cellEdited, this,
             [this](int row, int column, const QString& before) { guarded([&] { takeEdit(row, column, before); }); });
@@ -71,6 +73,8 @@ LinePage::LinePage(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::L
 }
 
 LinePage::~LinePage() = default;
+
+Grid* LinePage::grid() const { return ui->flxLines; }
 
 void LinePage::setIndex(int index) {
     m_index = index;
@@ -128,6 +132,7 @@ void LinePage::refresh(const QStringList& tiers) {
 }
 
 void LinePage::clear() {
+    m_listPrices.clear();
     m_filling = true;
     ui->cboSelectItem->clearEntries();
     m_filling = false;
@@ -159,6 +164,26 @@ void LinePage::showSum() {
     Money sum;
     for (int row = 1; row <= ui->flxLines->rows(); ++row) sum += Money::leadingNumber(ui->flxLines->value(row, amount));
     ui->lblSumPrice->setText(formatThousands(sum.toYen()));
+    showRemarks();
+}
+
+QString LinePage::remarkOn(const Cells& line, qsizetype tier) {
+    if (!m_rules->isLine(line)) return {};
+    const auto listed = pricedByList && pricedByList()
+                            ? m_listPrices.of(*m_rules, line, context(), m_tiers.value(tier))
+                            : std::optional(Money::leadingNumber(line.at(m_rules->unitPrice(tier))));
+    return priceRemark(*m_rules, line, tier, listed);
+}
+
+void LinePage::showRemarks() {
+    m_remarks.clear();
+    for (int row = 1; row <= ui->flxLines->rows(); ++row) {
+        const Cells line = ui->flxLines->rowValues(row);
+        for (qsizetype tier = 0; tier < m_rules->tiers(context()); ++tier)
+            if (const QString remark = remarkOn(line, tier); !remark.isEmpty())
+                m_remarks.insert({row, m_rules->amount(tier)}, remark);
+    }
+    ui->flxLines->viewport()->update();
 }
 
 // --- its lines ---

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "composition/LineRules.h"
+#include "composition/PriceRemark.h"
 
 #include <QWidget>
 
@@ -10,6 +10,8 @@
 namespace Ui {
 class LinePage;
 }
+
+class Grid;
 
 // The lines of one item at a time. `index` is the place of the controls in their arrays and tells the kind of lines: 2
 // base and make elements, 3 complete parts.
@@ -37,8 +39,14 @@ public:
     void refresh(const QStringList& tiers);
     void clear();
 
+    // The grid of the lines.
+    Grid* grid() const;
+
     // Completes an item ahead of being shown.
     std::function<void(ComposedItem&)> showing;
+    // Whether the prices of the lines are those of the price list in force, which tells of an amount that was typed
+    // over; without it their own unit prices do.
+    std::function<bool()> pricedByList;
 
 signals:
     // After an edit or a command of the operator.
@@ -50,6 +58,8 @@ private:
     void showItem(int row);
     void showLabels();
     void showSum();
+    void showRemarks();
+    QString remarkOn(const Cells& line, qsizetype tier);
     bool offerChoices(int row, int column);
     void takeEdit(int row, int column, const QString& before);
     void takeRows();
@@ -61,4 +71,6 @@ private:
     QStringList m_tiers;
     int m_itemId = 0; // 0: no item in view
     bool m_filling = false;
+    ListPrices m_listPrices;
+    QHash<std::pair<int, int>, QString> m_remarks; // by row and column
 };

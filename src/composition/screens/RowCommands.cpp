@@ -5,6 +5,8 @@
 #include "ui/Grid.h"
 #include "ui_RowCommands.h"
 
+#include <QAction>
+
 RowCommands::RowCommands(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::RowCommands>()) {
     ui->setupUi(this);
     FormPieces::applyCharacters(this);
@@ -16,6 +18,10 @@ void RowCommands::setUp(Grid* grid, int index) {
     m_grid = grid;
     FormPieces::setArrayIndex(this, index);
     const auto command = [this](QPushButton* button, auto run) {
+        auto* action =
+            new QAction(button->accessibleName().isEmpty() ? button->text() : button->accessibleName(), m_grid);
+        connect(action, &QAction::triggered, button, &QPushButton::click);
+        m_grid->addAction(action); // to its menu
         connect(button, &QPushButton::clicked, this, [this, run] {
             if (m_grid->endEdit() && m_grid->currentRow() > 0) guarded(run);
         });

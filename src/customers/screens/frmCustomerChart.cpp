@@ -31,6 +31,8 @@ frmCustomerChart::frmCustomerChart(QWidget* parent)
     onClick(ui->cmdExec, [this] {
         if (save()) close();
     });
+    m_newNames.watchDoctor(ui->cboDoctor);
+    m_newNames.watchOrder(ui->txtOrderCd, ui->txtOrderNm);
     setUpEditing({{ui->fraData, ui->cmdExec}, {}, ui->cmdCancel, ui->cmdDel, ui->cmdClose, nullptr});
 }
 
@@ -57,6 +59,7 @@ void frmCustomerChart::showStored() {
     fillDoctors();
     ui->cboDoctor->setText(Chart.DoctorNm);
     ui->txtMemo->setValue(Chart.Memo);
+    m_newNames.look();
 }
 
 // --- ordering party and doctor ---

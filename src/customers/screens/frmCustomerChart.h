@@ -3,6 +3,7 @@
 #include "customers/clsChartManager.h"
 #include "reference/ReferenceRecords.h"
 #include "ui/EditScreen.h"
+#include "ui/NewNames.h"
 
 namespace Ui {
 class frmCustomerChart;
@@ -38,5 +39,6 @@ private:
     clsDoctor enteredDoctor(const QString& orderNo);
 
     std::unique_ptr<Ui::frmCustomerChart> ui;
+    NewNames m_newNames;
     bool m_showing = false; // the program fills the fields
 };

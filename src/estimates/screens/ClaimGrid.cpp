@@ -17,6 +17,7 @@ bool isLaw(const QString& number) { return Val(number) != 0; }
 
 ClaimGrid::ClaimGrid(Grid* grid) : QObject(grid), m_grid(grid) {
     m_grid->editStarting = [this](int row, int column) { return offerChoices(row, column); };
+    m_grid->aside = [this](int row, int column) { return column == ClaimNm && isNew(row) ? u"新規"_qs : QString(); };
     connect(m_grid, &Grid::cellEdited, this, [this](int row, int column) {
         guarded([&] {
             takeEdit(row, column);
@@ -52,6 +53,11 @@ QList<ClaimRow> ClaimGrid::rows() const {
 bool ClaimGrid::isPrivate(int row) const {
     const QString law = m_grid->value(row, InsNm);
     return law == u"自費" || law == u"自己負担";
+}
+
+// A code that no payer has is registered by the save.
+bool ClaimGrid::isNew(int row) const {
+    return !isPrivate(row) && !m_grid->value(row, ClaimCd).isEmpty() && m_grid->value(row, ClaimNo).isEmpty();
 }
 
 // The payers registered for the row's law, the last used first; without a law all of them.

@@ -36,6 +36,7 @@ private:
     void takeCode(int row);
     void takeName(int row);
     bool isPrivate(int row) const;
+    bool isNew(int row) const;
     QList<clsClaim> payersOf(int row) const;
     void setPayer(int row, const clsClaim& claim);
 

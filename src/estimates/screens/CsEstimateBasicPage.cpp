@@ -51,6 +51,9 @@ CsEstimateBasicPage::CsEstimateBasicPage(QWidget* parent)
     ui->flxIns->setLeavesFromEmptyRow(true);
     FormPieces::stretchColumn(ui->flxIns, insurancePayer);
     FormPieces::fixRowsShown(ui->flxIns, claimRowCount);
+    m_newNames.watchDoctor(ui->cboDoctor);
+    for (ChoiceBox* producer : {ui->cboProducer, ui->cboCharge1}) m_newNames.watchProducer(producer);
+    m_newNames.watchOrder(ui->txtOrderCd, ui->txtOrderNm);
     m_claimGrid = new ClaimGrid(ui->flxIns);
     m_claimGrid->customerName = [this] { return m_person->name(); };
     m_claimGrid->insuredName = [this] { return ui->txtInsured->value(); };
@@ -114,6 +117,7 @@ void CsEstimateBasicPage::showCustomer(const clsCustomer& customer, const clsCha
     ui->txtEra->setValue({});
     showChart(chart, orderCd);
     m_claimGrid->showRows(claims);
+    m_newNames.look();
     m_showing = false;
 }
 
@@ -147,6 +151,7 @@ void CsEstimateBasicPage::showProduct(const EstimateDraft& draft) {
     ui->lblFrame->setText(m_frame);
     ui->cboCharge1->setText(estimate.Charge1Nm);
     ui->numPartialPayment->setValue(draft.partialPayment);
+    m_newNames.look();
     m_showing = false;
 }
 

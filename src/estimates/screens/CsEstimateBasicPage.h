@@ -2,6 +2,7 @@
 
 #include "estimates/EstimateDraft.h"
 #include "master/MasterRecords.h"
+#include "ui/NewNames.h"
 
 #include <QWidget>
 
@@ -79,6 +80,7 @@ private:
     bool hasClaims() const;
 
     const std::unique_ptr<Ui::CsEstimateBasicPage> ui;
+    NewNames m_newNames;
     PersonFields* m_person;
     ClaimGrid* m_claimGrid;
     clsCustomer m_customer; // the record that the fields came from

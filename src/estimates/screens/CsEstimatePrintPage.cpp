@@ -80,7 +80,13 @@ void CsEstimatePrintPage::showEstimate(const EstimateDraft& draft) {
     ui->idtEstPrtDate->setValue(dayOf(draft.estimate.EstPrtDate));
     ui->idtItmPrtDate->setValue(dayOf(draft.estimate.ItmPrtDate));
     ui->idtDtlPrtDate->setValue(dayOf(draft.estimate.DtlPrtDate));
+    showPrinted({});
     showSums();
+}
+
+void CsEstimatePrintPage::showPrinted(const QString& words) {
+    ui->lblPrinted->setText(words);
+    ui->lblPrinted->setVisible(!words.isEmpty());
 }
 
 void CsEstimatePrintPage::collect(EstimateDraft& draft) const {

@@ -44,6 +44,8 @@ public:
     // Rows count from 0.
     QString payPrice(int row) const;
     void setPayPrice(int row, const QString& amount);
+    // Tells, below the commands, what was printed last.
+    void showPrinted(const QString& words);
     void goTo(DocumentRequest::Field field, int row);
     DateField* receiptDate(int row) const { return m_rows.at(row).payPrtDate; }
     bool hasReceivedMark() const;

@@ -59,15 +59,26 @@ public:
         m_reports.push_back(std::move(report));
     }
 
-    void send(To to) {
+    // Gives what went to which printer.
+    QString send(To to) {
         SetWaitCursor(false);
+        QStringList printed;
         for (const auto& report : m_reports) {
             to == To::Preview ? report->Show(1) : report->PrintReport(false);
+            if (to == To::Printer) printed << told(*report);
             seams().letEventsRun();
         }
+        return printed.isEmpty() ? QString() : printed.join(u"、"_qs) + u"を印刷しました。"_qs;
     }
 
 private:
+    static QString told(Report& report) {
+        const ReportJob& job = report.Job();
+        const QString printer = printerOf(job.settings);
+        const QString papers = u"%1 %2枚"_qs.arg(report.Title().section(u' ', 0, 0)).arg(job.pages.size());
+        return printer.isEmpty() ? papers : u"%1（%2）"_qs.arg(papers, printer);
+    }
+
     std::vector<std::unique_ptr<Report>> m_reports;
 };
 
@@ -80,11 +91,11 @@ public:
         if (job.request.outcome == DocumentRequest::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
     }
 
-    void all() {
+    QString all() {
         for (const DocumentKind kind : {DocumentKind::Estimate, DocumentKind::Breakdown, DocumentKind::Detail,
                                         DocumentKind::Invoice, DocumentKind::Receipt})
             documents(kind);
-        m_papers.send(m_job.to);
+        return m_papers.send(m_job.to);
     }
 
 private:
@@ -191,10 +202,11 @@ bool refusesEmpty(const EstimateDraft& draft) {
     return empty;
 }
 
-void run(const Job& job) {
+QString run(const Job& job) {
     SetWaitCursor(true);
-    Run(job).all();
+    const QString printed = Run(job).all();
     SetWaitCursor(false);
+    return printed;
 }
 
 void runOpinion(const EstimateDraft& draft, To to) {

@@ -27,7 +27,8 @@ bool refusesEmpty(const EstimateDraft& draft);
 
 // Makes the documents one after the other, each kind once for all its claims; within a kind the forms of the accident
 // insurance come first. A paper that has no room for an amount is told and left out, the others go on. Failures rise.
-void run(const Job& job);
+// Gives in words how many papers went to which printer; empty after a preview.
+QString run(const Job& job);
 
 // The doctor's opinion with the certificate of fitting, one page.
 void runOpinion(const EstimateDraft& draft, To to);

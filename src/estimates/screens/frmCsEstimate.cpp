@@ -7,6 +7,7 @@
 #include "base/basMessage.h"
 #include "composition/CompositionName.h"
 #include "composition/Pricing.h"
+#include "composition/screens/CompositionUndo.h"
 #include "customers/screens/frmCsUpdConf.h"
 #include "db/clsDbManager.h"
 #include "db/clsSysSettingManager.h"
@@ -14,11 +15,11 @@
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateDraftJson.h"
 #include "estimates/MasterTaking.h"
-#include "estimates/screens/DateMirrors.h"
+#include "estimates/screens/EstimateDateLinks.h"
+#include "estimates/screens/EstimateMarks.h"
 #include "estimates/screens/MasterCommands.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "reference/ReferenceManagers.h"
-#include "ui/DateField.h"
 #include "ui/FormPieces.h"
 #include "ui/Grid.h"
 #include "ui_frmCsEstimate.h"
@@ -28,12 +29,6 @@
 namespace {
 
 const QString subject = u"見積"_qs;
-
-// The row of the first claim; without a claim the first row.
-int firstClaimRow(const QList<ClaimRow>& rows) {
-    const auto used = std::find_if(rows.begin(), rows.end(), [](const ClaimRow& row) { return row.isUsed(); });
-    return used == rows.end() ? 0 : static_cast<int>(used - rows.begin());
-}
 
 // Raises an error when it is gone.
 EstimateDraft storedEstimate(const QString& EstId) {
@@ -52,6 +47,9 @@ frmCsEstimate::frmCsEstimate(QWidget* parent)
     ui->pagItem->addCommand(ui->cmdInsEstMst);
     for (LinePage* page : {ui->pagMake, ui->pagParts}) page->setComposition(m_draft.composition);
     turnPagesByKeys(ui->tabCsEst);
+    m_marks = std::make_unique<EstimateMarks>(ui->tabCsEst);
+    m_undo = new CompositionUndo(m_draft.composition, ui->tabCsEst,
+                                 {ui->pagItem->grid(), ui->pagMake->grid(), ui->pagParts->grid()});
     connectPages();
     connectMirrors();
     connectCommands();
@@ -67,11 +65,13 @@ void frmCsEstimate::connectPages() {
             goToGrid(page);
         });
     });
-    connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this,
-            [this] { ui->lblName->setText(ui->pagBasic->customerName()); });
+    connect(ui->pagBasic, &CsEstimateBasicPage::nameChanged, this, [this] {
+        ui->lblName->setText(ui->pagBasic->customerName());
+        guarded([this] { showRemarks(); });
+    });
     connect(ui->pagBasic, &CsEstimateBasicPage::insurancesChanged, this, [this] {
         ui->pagPrint->showClaims(ui->pagBasic->claimRows());
-        if (!m_suppressed) noteEdit();
+        noteClaims();
     });
     connect(ui->pagBasic, &CsEstimateBasicPage::customerChosen, this, [this](const clsCustomer& customer) {
         m_draft.customer = customer;
@@ -83,46 +83,38 @@ void frmCsEstimate::connectPages() {
     connect(ui->pagBasic, &CsEstimateBasicPage::partialPaymentEmptied, this, [this] { takeBackAdvance(); });
     connect(ui->pagBasic, &CsEstimateBasicPage::masterChosen, this,
             [this](const clsMstEstimate& master) { guarded([&] { takeMaster(master); }); });
-    connect(ui->pagItem, &ItemPage::changed, this, [this] { noteEdit(); });
-    connect(ui->pagItem, &ItemPage::rowsMoved, this, [this] { guarded([this] { showAmounts(); }); });
-    for (LinePage* page : {ui->pagMake, ui->pagParts})
-        connect(page, &LinePage::changed, this, [this] {
-            noteEdit();
-            guarded([this] { showAmounts(); });
-        });
+    const auto composed = [this] {
+        noteEdit();
+        m_undo->note();
+        guarded([this] { showAmounts(); });
+    };
+    connect(ui->pagItem, &ItemPage::changed, this, composed);
+    for (LinePage* page : {ui->pagMake, ui->pagParts}) {
+        page->pricedByList = [this] { return m_draft.estimate.PriceSedYear == gPriceYear; };
+        connect(page, &LinePage::changed, this, composed);
+    }
+    connect(m_undo, &CompositionUndo::restored, this, [this, composed] {
+        ui->pagItem->show(m_draft.composition);
+        enterPage(ui->tabCsEst->currentIndex());
+        composed();
+    });
     connect(ui->pagSchedule, &CsEstimateSchedulePage::percentagesChanged, this, [this] {
         if (m_suppressed) return;
         ui->pagSchedule->collectPercentages(m_draft.estimate);
         guarded([this] { showAmounts(); });
     });
-    connect(ui->pagPrint, &CsEstimatePrintPage::changed, this, [this] {
-        if (!m_suppressed) noteEdit();
-    });
+    connect(ui->pagPrint, &CsEstimatePrintPage::changed, this, &frmCsEstimate::noteClaims);
+}
+
+void frmCsEstimate::noteClaims() {
+    if (m_suppressed) return;
+    noteEdit();
+    guarded([this] { showRemarks(); });
 }
 
 void frmCsEstimate::connectMirrors() {
-    const auto date = [this](QString clsCsEstimate::*member) { return ui->pagSchedule->dateField(member); };
-    const CsEstimateBasicPage::QuickDates quick = ui->pagBasic->quickDates();
-    auto* mirrors = new DateMirrors({{quick.pickPtn, date(&clsCsEstimate::PickPtnDate)},
-                                     {quick.delvFin, date(&clsCsEstimate::DelvFinDate)},
-                                     {quick.payPrt, ui->pagPrint->receiptDate(0)}},
-                                    this);
-    // A delivery date typed beside the customer fills the others as well.
-    connect(mirrors, &DateMirrors::typed, this, [=, this](const DateField* field) {
-        if (m_suppressed || field != quick.delvFin) return;
-        for (DateField* other : {date(&clsCsEstimate::DelvPlnDate), date(&clsCsEstimate::CmpltFinDate)})
-            if (other->value().isEmpty()) other->setValue(field->value());
-    });
-    connect(date(&clsCsEstimate::PickPtnDate), &DateField::valueSettled, this, [this] {
-        if (!m_suppressed) guarded([this] { ui->pagSchedule->planFromCasting(); });
-    });
-    const auto showOpinionDates = [=, this] {
-        const QString delivered = date(&clsCsEstimate::DelvFinDate)->value();
-        ui->pagPrint->showOpinionDates(date(&clsCsEstimate::PickPtnDate)->value(),
-                                       delivered.isEmpty() ? date(&clsCsEstimate::DelvPlnDate)->value() : delivered);
-    };
-    for (const auto member : {&clsCsEstimate::PickPtnDate, &clsCsEstimate::DelvFinDate, &clsCsEstimate::DelvPlnDate})
-        connect(date(member), &DateField::valueSettled, this, showOpinionDates);
+    EstimateDateLinks::connect(ui->pagBasic->quickDates(), *ui->pagSchedule, *ui->pagPrint,
+                               [this] { return m_suppressed; });
 }
 
 void frmCsEstimate::connectCommands() {
@@ -175,6 +167,7 @@ void frmCsEstimate::showDraft(const EstimateDraft& draft) {
     const QScopedValueRollback refilling(m_suppressed, true);
     ui->pagBasic->showCustomer(draft.customer, draft.chart, draft.orderCd, draft.claims);
     clearEdited();
+    m_marks->show(remarksOf(draft));
 }
 
 // All but the person, the case and the laws.
@@ -191,6 +184,8 @@ void frmCsEstimate::showEstimate(const EstimateDraft& draft) {
     ui->pagPrint->showEstimate(draft);
     enterPage(ui->tabCsEst->currentIndex());
     showAmounts();
+    m_undo->restart();
+    m_marks->show(remarksOf(collect()));
 }
 
 void frmCsEstimate::showHeader() {
@@ -213,6 +208,11 @@ void frmCsEstimate::showAmounts() {
     for (AmountsBlock* block : {ui->amountsItem, ui->amountsMake, ui->amountsParts}) block->showAmounts(amounts);
     ui->pagSchedule->showAmounts(amounts);
     ui->pagPrint->showAmounts(amounts);
+    showRemarks();
+}
+
+void frmCsEstimate::showRemarks() {
+    if (!m_suppressed) m_marks->show(remarksOf(collect()));
 }
 
 QStringList frmCsEstimate::tiers() const { return {ui->pagBasic->ageKbn()}; }
@@ -258,10 +258,7 @@ void frmCsEstimate::takeBackAdvance() {
 bool frmCsEstimate::keepsAmounts(const EstimateDraft& draft) {
     const int row = rowOfLostAmount(draft, m_draft, m_receiptSet);
     if (row < 0) return true;
-    ShowMessage(
-        Message::Warning,
-        u"%1 行目に金額がありますが、法別がないため登録できません。\n基本情報で法別を選択するか、金額を消して下さい。"_qs
-            .arg(row + 1));
+    ShowMessage(Message::Warning, lostAmountWords(row));
     ui->tabCsEst->setCurrentIndex(Print);
     ui->pagPrint->goTo(draft.claims.at(row).ask.AskPrice.isEmpty() ? DocumentRequest::Field::PayPrice
                                                                    : DocumentRequest::Field::AskPrice,
@@ -302,10 +299,7 @@ void frmCsEstimate::showKept(const QJsonObject& content) {
 
 // To the first thing that is missing for a line: an item, else the line itself.
 void frmCsEstimate::goToMissingLines() {
-    const QList<ComposedItem>& items = m_draft.composition.items();
-    const bool hasItem =
-        std::any_of(items.begin(), items.end(), [](const ComposedItem& item) { return item.isUsable(); });
-    const Page page = hasItem ? MakeElements : Items;
+    const Page page = m_draft.composition.hasUsableItem() ? MakeElements : Items;
     ui->tabCsEst->setCurrentIndex(page);
     goToGrid(page);
 }
@@ -338,6 +332,7 @@ void frmCsEstimate::RepriceAll() {
     m_draft.composition.dropUnusableLines();
     Pricing pricing(tiers());
     pricing.reprice(m_draft.composition);
+    m_undo->restart();
     for (LinePage* page : {ui->pagMake, ui->pagParts}) page->refresh(tiers());
     showAmounts();
     noteEdit();
@@ -432,12 +427,7 @@ void frmCsEstimate::markUncollected() {
 }
 
 void frmCsEstimate::proposeName() {
-    const QString side = ui->pagBasic->side();
-    NameRules rules;
-    if (gSysSettingManager.value(Setting::NameSide) == u"1" && side != u"なし") rules.side = side;
-    rules.grantRepair = gSysSettingManager.value(Setting::NameGrantRepair);
-    rules.pickStyle = gSysSettingManager.value(Setting::NamePickStyle) == u"1";
-    ui->txtEstName->fillIn(automaticName(m_draft.composition, rules));
+    ui->txtEstName->fillIn(automaticName(m_draft.composition, officeNameRules(ui->pagBasic->side())));
 }
 
 // --- printing ---
@@ -463,7 +453,9 @@ void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     const bool soleReceipt = request.outcome == DocumentRequest::Outcome::Print && draft.usedClaims().size() == 1 &&
                              !request.claimsOf(DocumentKind::Receipt).isEmpty();
     const bool wholeSum = soleReceipt && setReceiptAmount();
-    if (confirmPrinting(to)) EstimatePrinting::run({collect(), request, ui->pagPrint->hasReceivedMark(), wholeSum, to});
+    if (!confirmPrinting(to)) return;
+    ui->pagPrint->showPrinted(
+        EstimatePrinting::run({collect(), request, ui->pagPrint->hasReceivedMark(), wholeSum, to}));
 }
 
 void frmCsEstimate::printReceipt() {
@@ -476,8 +468,8 @@ void frmCsEstimate::printReceipt() {
     request.payPrice = Money::leadingNumber(ui->pagPrint->payPrice(0));
     request.claims.at(static_cast<size_t>(DocumentKind::Receipt) - 1) = {1};
     if (confirmPrinting(EstimatePrinting::To::Printer))
-        EstimatePrinting::run(
-            {draft, request, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer});
+        ui->pagPrint->showPrinted(EstimatePrinting::run(
+            {draft, request, ui->pagPrint->hasReceivedMark(), wholeSum, EstimatePrinting::To::Printer}));
 }
 
 void frmCsEstimate::printOpinion(EstimatePrinting::To to) {

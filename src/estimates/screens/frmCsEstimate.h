@@ -12,6 +12,8 @@ class frmCsEstimate;
 }
 
 class AmountsBlock;
+class CompositionUndo;
+class EstimateMarks;
 class LinePage;
 
 // The whole work on one estimate: who it is for, the product with its items and lines, the dates, the amounts, the
@@ -44,12 +46,14 @@ private:
     void connectPages();
     void connectMirrors();
     void connectCommands();
+    void noteClaims();
 
     // --- what stands on the screen ---
     void showDraft(const EstimateDraft& draft);
     void showEstimate(const EstimateDraft& draft);
     void showHeader();
     void showAmounts();
+    void showRemarks();
     void enterPage(int page);
     void goToGrid(int page);
     // The estimate as it stands on the screen, without lines that no item carries any more.
@@ -84,7 +88,9 @@ private:
     bool confirmPrinting(EstimatePrinting::To to);
 
     std::unique_ptr<Ui::frmCsEstimate> ui;
-    EstimateDraft m_draft;        // as loaded or saved last, with the composition and the amounts as they are now
+    EstimateDraft m_draft; // as loaded or saved last, with the composition and the amounts as they are now
+    std::unique_ptr<EstimateMarks> m_marks;
+    CompositionUndo* m_undo = nullptr;
     QString m_receiptSet;         // the amount received that printing has set
     bool m_warnedUnsaved = false; // within one printing command
     bool m_suppressed = false;    // while the program refills the screen

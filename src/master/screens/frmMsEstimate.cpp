@@ -3,6 +3,7 @@
 #include "base/AppError.h"
 #include "base/Numbers.h"
 #include "base/basMessage.h"
+#include "composition/screens/CompositionUndo.h"
 #include "db/clsDbManager.h"
 #include "estimates/EstimateManagers.h"
 #include "master/MasterComposition.h"
@@ -44,6 +45,8 @@ frmMsEstimate::frmMsEstimate(QWidget* parent)
         page->setComposition(m_draft.composition);
     }
     turnPagesByKeys(ui->tabMstEst);
+    m_undo = new CompositionUndo(m_draft.composition, ui->tabMstEst,
+                                 {ui->pagItem->grid(), ui->pagMake->grid(), ui->pagParts->grid()});
     connectPages();
     connectCommands();
 }
@@ -53,6 +56,7 @@ frmMsEstimate::~frmMsEstimate() = default;
 void frmMsEstimate::connectPages() {
     const auto changed = [this] {
         noteEdit();
+        m_undo->note();
         guarded([this] { showAmounts(); });
     };
     connect(ui->tabMstEst, &QTabWidget::currentChanged, this, [this](int page) {
@@ -61,6 +65,12 @@ void frmMsEstimate::connectPages() {
             showAmounts();
             ui->tabMstEst->widget(page)->findChild<Grid*>()->setFocus();
         });
+    });
+    connect(m_undo, &CompositionUndo::restored, this, [this] {
+        ui->pagItem->show(m_draft.composition);
+        enterPage(ui->tabMstEst->currentIndex());
+        showAmounts();
+        noteEdit();
     });
     connect(ui->pagItem, &ItemPage::changed, this, changed);
     for (LinePage* page : {ui->pagMake, ui->pagParts}) connect(page, &LinePage::changed, this, changed);
@@ -106,6 +116,7 @@ void frmMsEstimate::showDraft(const MasterDraft& draft) {
     ui->pagItem->show(m_draft.composition);
     enterPage(ui->tabMstEst->currentIndex());
     showAmounts();
+    m_undo->restart();
     clearEdited();
 }
 

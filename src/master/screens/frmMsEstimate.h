@@ -8,6 +8,8 @@ namespace Ui {
 class frmMsEstimate;
 }
 
+class CompositionUndo;
+
 // The editor of one master estimate: code and name, its items with their lines, and the amounts for all age tiers.
 // `ProductId` is the stored one to load; afterwards it is the one that was stored last.
 class frmMsEstimate : public EditScreen {
@@ -47,5 +49,6 @@ private:
     void print(PrintTo to);
 
     const std::unique_ptr<Ui::frmMsEstimate> ui;
+    CompositionUndo* m_undo = nullptr;
     MasterDraft m_draft; // as loaded or saved last, with the composition as it is now
 };
