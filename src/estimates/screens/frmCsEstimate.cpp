@@ -14,6 +14,7 @@
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateDraftJson.h"
 #include "estimates/MasterTaking.h"
+#include "estimates/RecentOrders.h"
 #include "estimates/screens/DateMirrors.h"
 #include "estimates/screens/MasterCommands.h"
 #include "estimates/screens/frmCsEstimateList.h"
@@ -172,6 +173,7 @@ bool frmCsEstimate::openStored(const QString& id, qint16 mode) {
 
 void frmCsEstimate::showDraft(const EstimateDraft& draft) {
     showEstimate(draft);
+    RecentOrders::note(draft.estimate.EstId);
     const QScopedValueRollback refilling(m_suppressed, true);
     ui->pagBasic->showCustomer(draft.customer, draft.chart, draft.orderCd, draft.claims);
     clearEdited();
