@@ -48,7 +48,8 @@ void prepare(QPrinter& printer, const QString& path, const ReportPage& page) {
 // What an operator waits for: rows with their claims, pages, paper; with a look at the window between.
 Timed wholePrint(const QString& path, QList<ReportPage>& kept) {
     Timed timed;
-    reportOutput().print = [&](const ReportJob& job, bool) {
+    reportOutput().print = [&](const QList<ReportJob>& jobs, bool) {
+        const ReportJob& job = jobs.first();
         QPrinter printer(QPrinter::HighResolution);
         prepare(printer, path, job.pages.first());
         printPages(job.pages, printer, job.pause);

@@ -78,3 +78,13 @@ const QHash<QString, MenuOpener>& menuOpeners() {
     };
     return table;
 }
+
+void openEstimate(QWidget* menu, const QString& EstId) {
+    openScreen<frmCsEstimate>(
+        menu,
+        [&](frmCsEstimate& editor) {
+            editor.EstId = EstId;
+            editor.EditMode = frmCsEstimate::Edit;
+        },
+        [](frmCsEstimate&) {});
+}

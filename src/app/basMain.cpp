@@ -3,6 +3,7 @@
 #include "app/InstanceLock.h"
 #include "app/frmMenu.h"
 #include "base/Application.h"
+#include "base/Arrangement.h"
 #include "base/Seams.h"
 #include "base/basMessage.h"
 #include "base/clsLogger.h"
@@ -66,6 +67,7 @@ bool Main() {
         }
         readSystemDate();
         gUserNo = 1;
+        Arrangement::beginSession();
         InitializeApp();
         shown = showMenu();
     });

@@ -3,10 +3,13 @@
 #include "app/DraftOffer.h"
 #include "app/MenuOpeners.h"
 #include "app/basMain.h"
+#include "base/AppError.h"
 #include "base/Application.h"
 #include "base/basMessage.h"
+#include "base/clsLogger.h"
 #include "db/TableMaintenance.h"
 #include "db/clsDbManager.h"
+#include "estimates/RecentOrders.h"
 #include "operations/AutoBackup.h"
 #include "ui/ProgressBox.h"
 #include "ui_frmMenu.h"
@@ -45,6 +48,8 @@ frmMenu::frmMenu(QWidget* parent) : Screen(parent), ui(std::make_unique<Ui::frmM
             [this] { withNewestDraft([this](const KeptDraft& draft) { DraftOffer::open(this, draft); }); });
     onClick(ui->cmdDraftDrop, [this] { withNewestDraft(DraftOffer::drop); });
     connectOpeners();
+    connect(ui->lstRecent, &QListWidget::itemDoubleClicked, this, [this] { guarded([this] { openRecent(); }); });
+    onReturn(ui->lstRecent, [this] { openRecent(); });
     showGroup(0);
 }
 
@@ -60,6 +65,7 @@ void frmMenu::connectOpeners() {
             open(this);
             showBackupAge();
             showDrafts();
+            showRecent();
         });
     }
 }
@@ -68,6 +74,7 @@ void frmMenu::load() {
     ui->lblVer->setText(programVersion());
     TableMaintenance(gDbManager.Connection());
     showBackupAge();
+    showRecent();
     tellFailedBackup();
     showDrafts();
     ui->cbSelectMenu_0->setFocus();
@@ -87,6 +94,36 @@ void frmMenu::showGroup(int index) {
         m_groupFrames.at(i)->setVisible(i == index);
         markChosen(m_groupButtons.at(i), i == index);
     }
+}
+
+// --- the estimates opened last ---
+
+// A list that cannot be read is left out: whoever opens a screen next is told why.
+void frmMenu::showRecent() {
+    ui->lstRecent->clear();
+    try {
+        for (const RecentOrders::Order& order : RecentOrders::list()) {
+            auto* line =
+                new QListWidgetItem(QStringList{order.EstNo, order.Name, order.EstNm}.join(u'　'), ui->lstRecent);
+            line->setData(Qt::UserRole, order.EstId);
+        }
+    } catch (const AppError& error) {
+        writeLog(error.description());
+    }
+    const int lines = ui->lstRecent->count();
+    ui->fraRecent->setVisible(lines > 0);
+    if (lines == 0) return;
+    ui->lstRecent->setCurrentRow(0);
+    ui->lstRecent->setFixedHeight(ui->lstRecent->sizeHintForRow(0) * lines + 2 * ui->lstRecent->frameWidth());
+}
+
+void frmMenu::openRecent() {
+    const QListWidgetItem* line = ui->lstRecent->currentItem();
+    if (!line) return;
+    openEstimate(this, line->data(Qt::UserRole).toString());
+    showBackupAge();
+    showRecent();
+    ui->lstRecent->setFocus();
 }
 
 // Nothing that happens to the backup keeps the program from ending.

@@ -29,6 +29,8 @@ private:
     void enterGroup(int index);
     void showGroup(int index);
     void connectOpeners();
+    void showRecent();
+    void openRecent();
     void backUp();
     void showBackupAge();
     void tellFailedBackup();

@@ -3,6 +3,7 @@
 #include "app/basMain.h"
 #include "base/AppError.h"
 #include "base/Application.h"
+#include "base/Arrangement.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/basMessage.h"
@@ -153,6 +154,15 @@ bool settleOffice(const OfficeFolder& office) {
     return true;
 }
 
+// An office that cannot be found is told by `Main`.
+void keepArrangement() {
+    try {
+        const ConnectionSettings office = ConnectionSettings::fromProfile(clsProfile());
+        Arrangement::keepIn(Arrangement::machineFile(office.description()));
+    } catch (const AppError&) {
+    }
+}
+
 void equip(QApplication& application) {
     application.setApplicationName(u"Halvane"_qs);
     application.setWindowIcon(QIcon(u":/icons/halvane.png"_qs));
@@ -168,6 +178,7 @@ int runScreens(QApplication& application, const OfficeFolder& office) {
     if (const QString notice = standInNotice(QFontDatabase::families()); !notice.isEmpty())
         ShowMessage(Message::Information, notice);
     if (!settleOffice(office)) return EXIT_SUCCESS;
+    keepArrangement();
     return Main() ? QApplication::exec() : EXIT_FAILURE;
 }
 

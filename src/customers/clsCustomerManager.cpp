@@ -6,6 +6,9 @@
 #include "base/basMessage.h"
 #include "customers/EstimateTables.h"
 #include "db/AskingOutside.h"
+#include "db/SqlAlike.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -197,16 +200,16 @@ bool clsCustomerManager::drawNumber(clsCustomer& customer) {
 
 // --- lists ---
 
+// A name typed in one word is that of a person all the same.
 SqlTerm clsCustomerManager::SelectContaining(const QString& text) {
-    // Kana and letters are stored in both widths; the engines know the two cases of narrow letters only.
-    QStringList forms{text, Text::toHalfKana(text), Text::toFullWidth(text.toUpper()),
-                      Text::toFullWidth(text.toLower())};
-    forms.removeDuplicates();
+    static const QRegularExpression blank(u"[ \\x{3000}]"_qs), digit(u"[0-9\\x{FF10}-\\x{FF19}]"_qs);
+    const bool inParts = text.contains(blank);
+    QStringList columns{u"[顧客番号]"_qs, inParts ? u"([名前1] & '　' & [名前2])"_qs : u"([名前1] & [名前2])"_qs,
+                        inParts ? u"([フリガナ1] & ' ' & [フリガナ2])"_qs : u"([フリガナ1] & [フリガナ2])"_qs,
+                        u"([都道府県] & [市区郡] & [住所1] & [住所2])"_qs, u"[電話]"_qs};
+    if (text.contains(digit)) columns << u"([生年月日] & '')"_qs;
     QList<SqlTerm> terms;
-    for (const QString& column :
-         {u"[顧客番号]"_qs, u"([名前1] & '　' & [名前2])"_qs, u"([都道府県] & [市区郡] & [住所1] & [住所2])"_qs,
-          u"[電話]"_qs, u"([生年月日] & '')"_qs})
-        for (const QString& form : forms) terms << SqlContains(column, form);
+    for (const QString& column : columns) terms << SqlContainsAlike(column, text);
     return SqlAnyOf(terms);
 }
 

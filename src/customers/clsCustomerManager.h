@@ -51,7 +51,8 @@ public:
     // 顧客ID, 顧客枝番, 顧客番号, 顧客名, 住所, 電話, 生年月日 for the selection screen.
     Recordset GetSelectList(const SqlTerm& where, const SqlTerm& sort);
     static QString SelectList(const SqlTerm& where, const SqlTerm& sort); // its statement
-    // The condition of its rows that contain a text in a column that is shown, in either width and case.
+    // The condition of its rows that contain a text in a column that is shown or in the reading, in any spelling; none
+    // for an empty text.
     static SqlTerm SelectContaining(const QString& text);
     qint64 Count(const SqlTerm& where) { return count(where); }
     // Customers that have estimates; filters may name the tables of estimate, chart, ordering party and maker.

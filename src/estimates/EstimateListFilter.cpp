@@ -1,6 +1,7 @@
 #include "estimates/EstimateListFilter.h"
 
 #include "base/Dates.h"
+#include "db/SqlAlike.h"
 #include "db/SqlKeys.h"
 
 namespace {
@@ -29,7 +30,7 @@ SqlTerm EstimateListFilter::claims() const {
     const SqlReference payer{u"顧客見積請求"_qs, u"請求先"_qs};
     const SqlTerm asked = together({InsNo.isEmpty() ? SqlTerm() : SqlEqual(claim(u"法別No"_qs), InsNo),
                                     SqlStartsWith(SqlColumn{payer.other, u"請求先コード"_qs}, ClaimCd),
-                                    SqlContains(claim(u"請求先"_qs), ClaimNm)});
+                                    SqlContainsAlike(claim(u"請求先"_qs), ClaimNm)});
     if (asked.isEmpty()) return {};
     return SqlTerm(estimate(u"見積ID"_qs))
         .wrapped({}, u" IN  (SELECT [顧客見積請求].[見積ID] FROM "_qs + payer.leftJoin(u"[顧客見積請求]"_qs) +
@@ -38,30 +39,40 @@ SqlTerm EstimateListFilter::claims() const {
 
 SqlTerm EstimateListFilter::condition() const {
     return together({SqlStartsWith(customer(u"顧客番号"_qs), CsNo),
-                     SqlContains(customer(u"名前1"_qs), Name1),
-                     SqlContains(customer(u"名前2"_qs), Name2),
-                     SqlContains(customer(u"フリガナ1"_qs), Kana1),
-                     SqlContains(customer(u"フリガナ2"_qs), Kana2),
+                     SqlContainsAlike(customer(u"名前1"_qs), Name1),
+                     SqlContainsAlike(customer(u"名前2"_qs), Name2),
+                     SqlContainsAlike(customer(u"フリガナ1"_qs), Kana1),
+                     SqlContainsAlike(customer(u"フリガナ2"_qs), Kana2),
                      dated(customer(u"生年月日"_qs), u"="_qs, Birth),
                      SqlStartsWith(customer(u"郵便番号"_qs), Zip),
                      SqlContains(customer(u"都道府県"_qs), Pref),
                      SqlContains(customer(u"市区郡"_qs), City),
-                     SqlContains(SqlTerm::joined({customer(u"住所1"_qs), customer(u"住所2"_qs)}, u" & "_qs), Addr),
+                     SqlContainsAlike(SqlTerm::joined({customer(u"住所1"_qs), customer(u"住所2"_qs)}, u" & "_qs), Addr),
                      SqlContains(customer(u"電話"_qs), TelNo),
                      SqlStartsWith(estimate(u"見積番号"_qs), EstNo),
                      ProcKbn.isEmpty() ? SqlTerm() : SqlOneOf(estimate(u"処理区分"_qs), ProcKbn),
                      SqlStartsWith(estimate(u"製品コード"_qs), ProductCd),
-                     SqlContains(estimate(u"見積名称"_qs), ProductNm),
-                     SqlContains(estimate(u"製作担当者"_qs), Producer),
+                     SqlContainsAlike(estimate(u"見積名称"_qs), ProductNm),
+                     SqlContainsAlike(estimate(u"製作担当者"_qs), Producer),
                      within(estimate(u"受付日"_qs), RecvDate),
                      within(estimate(u"採型日"_qs), PickPtnDate),
                      within(estimate(u"納品実績日"_qs), DelvFinDate),
                      within(estimate(u"耐用完了日"_qs), LifeEnd),
-                     SqlContains(chart(u"病名原因"_qs), DiseaseNm),
+                     SqlContainsAlike(chart(u"病名原因"_qs), DiseaseNm),
                      SqlStartsWith(SqlColumn{u"受注先"_qs, u"受注先コード"_qs}, OrderCd),
-                     SqlContains(chart(u"受注先"_qs), OrderNm),
-                     SqlContains(chart(u"主治医"_qs), Doctor),
+                     SqlContainsAlike(chart(u"受注先"_qs), OrderNm),
+                     SqlContainsAlike(chart(u"主治医"_qs), Doctor),
                      claims()});
+}
+
+bool EstimateListFilter::asksForPersonAlone() const {
+    EstimateListFilter others = *this;
+    for (const auto member :
+         {&EstimateListFilter::CsNo, &EstimateListFilter::Name1, &EstimateListFilter::Name2, &EstimateListFilter::Kana1,
+          &EstimateListFilter::Kana2, &EstimateListFilter::Birth, &EstimateListFilter::Zip, &EstimateListFilter::Pref,
+          &EstimateListFilter::City, &EstimateListFilter::Addr, &EstimateListFilter::TelNo})
+        (others.*member).clear();
+    return others.condition().isEmpty() && !condition().isEmpty();
 }
 
 SqlTerm withCustomers(const SqlTerm& condition, const QList<CustomerKey>& customers) {

@@ -23,6 +23,8 @@ struct EstimateListFilter {
     // The condition over the tables of the list (see `clsCsEstimateManager::GetListWithMst`); empty when nothing is
     // asked. Signs such as % in a text stand for themselves.
     SqlTerm condition() const;
+    // Whether something is asked, and of the person alone.
+    bool asksForPersonAlone() const;
 
 private:
     SqlTerm claims() const;

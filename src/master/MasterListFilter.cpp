@@ -1,5 +1,6 @@
 #include "master/MasterListFilter.h"
 
+#include "db/SqlAlike.h"
 #include "db/SqlKeys.h"
 #include "master/MasterManagers.h"
 
@@ -39,5 +40,5 @@ SqlTerm MasterListFilter::items() const {
 
 SqlTerm MasterListFilter::condition() const {
     return SqlAllOf({SqlStartsWith(gMstEstimateManager.column(&clsMstEstimate::ProductCd), ProductCd),
-                     SqlContains(gMstEstimateManager.column(&clsMstEstimate::ProductNm), ProductNm), items()});
+                     SqlContainsAlike(gMstEstimateManager.column(&clsMstEstimate::ProductNm), ProductNm), items()});
 }

@@ -6,8 +6,10 @@
 #include "ui/KeyHint.h"
 #include "ui/Manual.h"
 #include "ui/ScrollingForm.h"
+#include "ui/SearchFields.h"
 #include "ui/SpokenNames.h"
 #include "ui/Style.h"
+#include "ui/WindowArrangement.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -86,6 +88,7 @@ bool Screen::Load() {
         centre(this);
         RestoreFormPosition(this);
         load();
+        WindowArrangement::restore(this);
         Loaded = true;
     });
     return Loaded;
@@ -177,5 +180,7 @@ bool Screen::mayClose() {
 void Screen::closeEvent(QCloseEvent* event) {
     if (!mayClose()) return event->ignore();
     guarded([this] { SaveFormPosition(this); });
+    WindowArrangement::keep(this);
+    SearchFields::keep(this);
     event->accept();
 }

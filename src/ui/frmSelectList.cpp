@@ -51,6 +51,7 @@ frmSelectList::~frmSelectList() = default;
 
 void frmSelectList::load() {
     if (!TblName.isEmpty()) setWindowTitle(TblName);
+    setProperty("arrangedAs", objectName() + u' ' + windowTitle()); // each table has columns of its own
     ui->cbEstDetail->setVisible(static_cast<bool>(EstDetail));
     ui->flxData->setColumns(columns());
     if (Long) {

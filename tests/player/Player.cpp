@@ -4,6 +4,7 @@
 #include "StepTable.h"
 #include "app/basMain.h"
 #include "base/AppError.h"
+#include "base/Arrangement.h"
 #include "base/Dates.h"
 #include "base/Text.h"
 #include "base/clsLogger.h"
@@ -53,6 +54,7 @@ QString noted(const QString& text) {
 Player::Player(Scenario scenario, PlayOptions options)
     : m_scenario(std::move(scenario)), m_options(std::move(options)), m_office(m_options.provider),
       m_answers(m_office.folder()), m_papers(m_options.papers) {
+    Arrangement::keepIn({});
     m_answers.install();
     m_answers.onTrouble = [this](const QString& trouble) { fail({trouble, u"a prepared answer"_qs}); };
     seams().letEventsRun = [this] {
@@ -165,6 +167,8 @@ void Player::closeEverything() {
 }
 
 // --- steps of the program as a whole ---
+
+void Player::keepArrangement() { Arrangement::keepIn(QDir(m_office.folder()).filePath(u"arrangement.json"_qs)); }
 
 void Player::startProgram() { Main(); }
 

@@ -40,6 +40,8 @@ public:
     Papers& papers() { return m_papers; }
     // Does something more when the loop has come to rest, still as part of the running step.
     void then(std::function<void()> work) { m_continuations.push_back(std::move(work)); }
+    // As the program does on a machine of its own; otherwise every window stands as it was drawn.
+    void keepArrangement();
     void startProgram();
     // In a folder of its own below that of the scenario; the program then works in the one that was chosen.
     void startFirst();

@@ -7,6 +7,8 @@
 #include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
+#include "ui/SearchFields.h"
+#include "ui/WindowArrangement.h"
 #include "ui/basControlUtil.h"
 #include "ui_frmCustomerList.h"
 
@@ -63,13 +65,18 @@ frmCustomerList::frmCustomerList(QWidget* parent) : ListScreen(parent), ui(std::
 frmCustomerList::~frmCustomerList() = default;
 
 void frmCustomerList::connectFilters() {
-    connect(ui->stKana, &QTabBar::currentChanged, this, &frmCustomerList::showRows);
+    connect(ui->stKana, &QTabBar::currentChanged, this, &frmCustomerList::takeTab);
     connect(ui->txtKana1, &TextField::valueSettled, this, &frmCustomerList::takeReading);
-    connect(ui->txtKana2, &TextField::valueSettled, this, &frmCustomerList::showRows);
+    for (TextField* field : {ui->txtKana2, ui->txtSearch})
+        connect(field, &TextField::valueSettled, this, &frmCustomerList::showSettled);
+    for (TextField* field : {ui->txtKana1, ui->txtKana2, ui->txtSearch}) {
+        field->installEventFilter(this);
+        connect(field, &TextField::valueChanged, this, [this, field] { showTyped(field); });
+    }
     connect(ui->cboPref, &ChoiceBox::valueChanged, this, &frmCustomerList::takePrefecture);
     connect(ui->cboCity, &ChoiceBox::valueChanged, this, &frmCustomerList::showRows);
     connect(ui->flxData, &Grid::headingClicked, this, &frmCustomerList::sortBy);
-    for (QWidget* field : {ui->txtKana1, ui->txtKana2}) field->installEventFilter(this);
+    onClick(ui->cmdClear, [this] { clearFilters(); });
 }
 
 void frmCustomerList::connectCommands() {
@@ -82,6 +89,11 @@ void frmCustomerList::connectCommands() {
 
 void frmCustomerList::load() {
     fillPlaces();
+    {
+        const QScopedValueRollback filling(m_filling, true);
+        for (QWidget* area : areas()) SearchFields::restore(area);
+    }
+    WindowArrangement::restoreSort(ui->flxData);
     showRows();
     ui->txtKana1->setFocus();
 }
@@ -99,7 +111,7 @@ void frmCustomerList::fillPlaces() {
 
 // Down goes from a reading straight to the rows that it left over.
 bool frmCustomerList::eventFilter(QObject* watched, QEvent* event) {
-    const bool isField = watched == ui->txtKana1 || watched == ui->txtKana2;
+    const bool isField = watched == ui->txtKana1 || watched == ui->txtKana2 || watched == ui->txtSearch;
     if (isField && event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
         goToRows();
         return true;
@@ -114,12 +126,18 @@ void frmCustomerList::goToRows() {
 
 // --- filters ---
 
+void frmCustomerList::takeTab() {
+    m_readingTyped = false;
+    showRows();
+}
+
 void frmCustomerList::takeReading() {
+    m_readingTyped = false;
     {
         const QScopedValueRollback filling(m_filling, true);
         if (const int tab = KanaTabOf(ui->txtKana1->value()); tab >= 0) ui->stKana->setCurrentIndex(tab);
     }
-    showRows();
+    showSettled();
 }
 
 void frmCustomerList::takePrefecture() {
@@ -131,13 +149,31 @@ void frmCustomerList::takePrefecture() {
     showRows();
 }
 
+QList<QWidget*> frmCustomerList::areas() const { return {ui->frExtract, ui->stKana, ui->txtSearch}; }
+
+void frmCustomerList::clearFilters() {
+    {
+        const QScopedValueRollback filling(m_filling, true);
+        for (QWidget* area : areas()) SearchFields::clear(area);
+    }
+    showRows();
+    ui->txtKana1->setFocus();
+}
+
+// While a reading is typed, its tab is the one that leaving the field will turn to.
+int frmCustomerList::tabInForce() const {
+    const int typed = m_readingTyped ? KanaTabOf(ui->txtKana1->value()) : -1;
+    return typed >= 0 ? typed : ui->stKana->currentIndex();
+}
+
 SqlTerm frmCustomerList::filter() const {
     const SqlColumn reading = gCustomerManager.column(&clsCustomer::CustKn1);
-    return SqlAllOf({SqlAnyOf({KanaTabFilter(reading, ui->stKana->currentIndex())}),
+    return SqlAllOf({SqlAnyOf({KanaTabFilter(reading, tabInForce())}),
                      gCustomerManager.startsWith({{&clsCustomer::CustKn1, ui->txtKana1->value()},
                                                   {&clsCustomer::CustKn2, ui->txtKana2->value()},
                                                   {&clsCustomer::Pref, FilterText(ui->cboPref)},
-                                                  {&clsCustomer::City, FilterText(ui->cboCity)}})});
+                                                  {&clsCustomer::City, FilterText(ui->cboCity)}}),
+                     clsCustomerManager::SelectContaining(ui->txtSearch->value())});
 }
 
 // --- rows ---
@@ -153,8 +189,24 @@ SqlTerm frmCustomerList::sorting() const {
     return SqlSorted(sorting + columnsOf({&clsCustomer::CustId, &clsCustomer::CustSubId}), ui->flxData->sortsUpwards());
 }
 
+QString frmCustomerList::statement() const { return clsCustomerManager::Keys(filter(), sorting()); }
+
 void frmCustomerList::showRows() {
-    if (!m_filling) m_rows->show(clsCustomerManager::Keys(filter(), sorting()));
+    m_typedFor.clear();
+    if (!m_filling) m_rows->show(statement());
+}
+
+// What is typed shows at once; what the program sets, when it is settled.
+void frmCustomerList::showTyped(const TextField* field) {
+    m_readingTyped = field == ui->txtKana1 && field->hasFocus();
+    if (m_filling || !field->hasFocus()) return;
+    m_typedFor = statement();
+    m_rows->show(m_typedFor);
+}
+
+// Who leaves a field finds the rows that were shown for it, where they are.
+void frmCustomerList::showSettled() {
+    if (m_typedFor != statement()) showRows();
 }
 
 // --- commands ---

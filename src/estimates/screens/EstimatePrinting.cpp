@@ -45,9 +45,15 @@ int copiesOf(DocumentKind kind) {
 // The papers of one command. All are made before the first one goes out, so that what cannot be printed is told first.
 class Papers {
 public:
+    explicit Papers(const EstimateDraft& draft)
+        : m_about(
+              (draft.estimate.EstNo + u' ' + JoinWithSpace(draft.customer.CustNm1, draft.customer.CustNm2)).trimmed()) {
+    }
+
     void add(const QString& reportClass, const ReportRecordset& records, int prtType = 0) {
         auto report = std::make_unique<Report>(reportClass);
         report->PrtType(prtType);
+        report->About(m_about);
         report->Recordset(records);
         try {
             report->Compose();
@@ -62,10 +68,14 @@ public:
     // Gives what went to which printer.
     QString send(To to) {
         SetWaitCursor(false);
+        if (to == To::Preview) {
+            Report::Show(m_reports);
+            return {};
+        }
         QStringList printed;
         for (const auto& report : m_reports) {
-            to == To::Preview ? report->Show(1) : report->PrintReport(false);
-            if (to == To::Printer) printed << told(*report);
+            report->PrintReport(false);
+            printed << told(*report);
             seams().letEventsRun();
         }
         return printed.isEmpty() ? QString() : printed.join(u"、"_qs) + u"を印刷しました。"_qs;
@@ -79,6 +89,7 @@ private:
         return printer.isEmpty() ? papers : u"%1（%2）"_qs.arg(papers, printer);
     }
 
+    const QString m_about;
     std::vector<std::unique_ptr<Report>> m_reports;
 };
 
@@ -86,7 +97,7 @@ class Run {
 public:
     explicit Run(const Job& job)
         : m_job(job), m_settings(readChoiceSettings()), m_claims(job.draft.claimLines()),
-          m_rows(rowsOf(job.draft.composition, job.draft.estimate.EstId)) {
+          m_rows(rowsOf(job.draft.composition, job.draft.estimate.EstId)), m_papers(job.draft) {
         m_manager.Prepare(gDbManager.Connection());
         if (job.request.outcome == DocumentRequest::Outcome::WithoutClaim) m_claims = {temporaryClaim()};
     }
@@ -217,7 +228,7 @@ void runOpinion(const EstimateDraft& draft, To to) {
     manager.GetCsEstOpinionData(draft.customer, draft.chart, draft.estimate, records);
     ReportPaperSettings settings{{}, opinionVariants(clsProfile())};
     readValues(settings, {Setting::OpinionPaper, Setting::OpinionType});
-    Papers papers;
+    Papers papers(draft);
     papers.add(opinionClass(settings), records);
     papers.send(to);
 }

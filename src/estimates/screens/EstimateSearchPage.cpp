@@ -8,6 +8,7 @@
 #include "reference/ReferenceManagers.h"
 #include "ui/FormPieces.h"
 #include "ui/OrderChoice.h"
+#include "ui/SearchFields.h"
 #include "ui/SelectFrom.h"
 #include "ui/basControlUtil.h"
 #include "ui_EstimateSearchPage.h"
@@ -30,6 +31,8 @@ EstimateSearchPage::EstimateSearchPage(QWidget* parent)
     choose(ui->cmdClaimSelect, &EstimateSearchPage::choosePayer);
     choose(ui->cmdOrderSelect, &EstimateSearchPage::chooseOrder);
     choose(ui->cmdProductSelect, &EstimateSearchPage::chooseProduct);
+    connect(ui->cmdSearch, &QPushButton::clicked, this, &EstimateSearchPage::searchAsked);
+    connect(ui->cmdClear, &QPushButton::clicked, this, &EstimateSearchPage::clear);
     connect(ui->cboPref, &ChoiceBox::valueChanged, this, [this] {
         guarded([this] {
             const QString city = ui->cboCity->text();
@@ -72,6 +75,11 @@ QList<QCheckBox*> EstimateSearchPage::statuses() const {
 
 void EstimateSearchPage::tickAllStatuses() {
     for (QCheckBox* box : statuses()) box->setChecked(!box->property(statusNumber).toString().isEmpty());
+}
+
+void EstimateSearchPage::clear() {
+    SearchFields::clear(this);
+    ui->txtKana1->setFocus();
 }
 
 void EstimateSearchPage::showNames(const QString& name1, const QString& name2) {
@@ -126,7 +134,8 @@ QList<QWidget*> EstimateSearchPage::fields() const {
 
 void EstimateSearchPage::returnToField() {
     QWidget* last = focusWidget();
-    (last ? last : ui->txtKana1)->setFocus();
+    const bool isField = last && !qobject_cast<QPushButton*>(last);
+    (isField ? last : ui->txtKana1)->setFocus();
 }
 
 bool EstimateSearchPage::asksForPerson(const QWidget* field) const { return ui->fraCust->isAncestorOf(field); }

@@ -26,6 +26,8 @@ public:
     EstimateListFilter filter() const;
     void showNames(const QString& name1, const QString& name2);
     void tickAllStatuses();
+    // Empties every condition, and the next one is typed into the first field.
+    void clear();
 
     // Every field whose Return searches: not those that open a selection list, and not the first date of a period,
     // which the second one follows.
@@ -41,6 +43,9 @@ public:
     void chooseProduct();
 
     const std::unique_ptr<Ui::EstimateSearchPage> ui;
+
+signals:
+    void searchAsked();
 
 private:
     void fillStatuses();

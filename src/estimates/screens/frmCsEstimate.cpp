@@ -15,6 +15,7 @@
 #include "estimates/EstimateDates.h"
 #include "estimates/EstimateDraftJson.h"
 #include "estimates/MasterTaking.h"
+#include "estimates/RecentOrders.h"
 #include "estimates/screens/EstimateDateLinks.h"
 #include "estimates/screens/EstimateMarks.h"
 #include "estimates/screens/MasterCommands.h"
@@ -164,6 +165,7 @@ bool frmCsEstimate::openStored(const QString& id, qint16 mode) {
 
 void frmCsEstimate::showDraft(const EstimateDraft& draft) {
     showEstimate(draft);
+    RecentOrders::note(draft.estimate.EstId);
     const QScopedValueRollback refilling(m_suppressed, true);
     ui->pagBasic->showCustomer(draft.customer, draft.chart, draft.orderCd, draft.claims);
     clearEdited();

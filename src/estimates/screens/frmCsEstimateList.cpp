@@ -16,6 +16,8 @@
 #include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
+#include "ui/SearchFields.h"
+#include "ui/WindowArrangement.h"
 #include "ui_EstimateSearchPage.h"
 #include "ui_frmCsEstimateList.h"
 
@@ -147,6 +149,8 @@ void frmCsEstimateList::connectSearch() {
     EstimateSearchPage* page = ui->pagSearch;
     for (QWidget* field : page->fields())
         onReturn(field, [this, target = page->asksForPerson(field) ? Customers : Estimates] { turnTo(target); });
+    connect(page, &EstimateSearchPage::searchAsked, this,
+            [this, page] { guarded([&] { turnTo(page->filter().asksForPersonAlone() ? Customers : Estimates); }); });
     onReturn(page->ui->txtClaimCd, [page] { page->choosePayer(); });
     onReturn(page->ui->txtOrderCd, [page] { page->chooseOrder(); });
     onReturn(page->ui->txtProductCd, [page] { page->chooseProduct(); });
@@ -176,6 +180,8 @@ void frmCsEstimateList::load() {
     ui->pagSearch->fillLists();
     ui->flxEstList->setEntries(Status, statusEntries());
     m_exclusions = clsProfile().GetValue(u"EstExclusion"_qs, u"InsName"_qs);
+    WindowArrangement::restoreSort(ui->flxEstList);
+    if (DetailMode != 1) SearchFields::restore(ui->pagSearch);
     ui->tabEstList->setCurrentIndex(Conditions);
     pageTurned(Conditions);
     if (DetailMode != 1) return;

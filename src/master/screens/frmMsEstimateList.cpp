@@ -11,6 +11,7 @@
 #include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
+#include "ui/WindowArrangement.h"
 #include "ui/basControlUtil.h"
 #include "ui_frmMsEstimateList.h"
 
@@ -88,6 +89,7 @@ void frmMsEstimateList::load() {
         for (int box = ItemBox; box <= FormBox; ++box) fillBox(box);
         ui->tabEstList->setCurrentIndex(MasterListFilter::All);
     }
+    WindowArrangement::restoreSort(ui->flxEstList);
     showRows();
     ui->txtProductCd->setFocus();
 }

@@ -64,7 +64,7 @@ frmPrintAdjust::frmPrintAdjust(QWidget* parent) : Screen(parent), ui(std::make_u
         });
     onClick(ui->cmdUnderlay, [this] { chooseUnderlay(); });
     onClick(ui->cmdUnderlayClear, [this] { takeUnderlay({}); });
-    onClick(ui->cmdPreview, [this] { reportOutput().preview(m_sample); });
+    onClick(ui->cmdPreview, [this] { reportOutput().preview({m_sample}); });
     onClick(ui->cmdTest, [this] { printRuler(); });
     onClick(ui->cmdClose, [this] { close(); });
 }
@@ -182,5 +182,5 @@ void frmPrintAdjust::printRuler() {
         layout, {job.title, u"右へ %1 mm　下へ %2 mm"_qs.arg(millimetres(moved.right), millimetres(moved.down)),
                  u"四隅の十字が紙の端から 10 mm に来るように、"_qs, u"右と下の値を直してください。"_qs})};
     job.pages = shifted(job.pages, offsetTwips(moved.right), offsetTwips(moved.down));
-    reportOutput().print(job, false);
+    reportOutput().print({job}, false);
 }

@@ -11,6 +11,7 @@
 #include "ui/FormPieces.h"
 #include "ui/KeyedList.h"
 #include "ui/ListColumn.h"
+#include "ui/WindowArrangement.h"
 #include "ui_frmKakakuList.h"
 
 #include <QScopeGuard>
@@ -94,6 +95,7 @@ void frmKakakuList::addPage(const PriceForm& form) {
     auto* rows = new KeyedList(grid, ui->txtCount, gDbManager.Connection().settings(),
                                [&form](const QStringList& ids) { return fetch(form, ids); });
     grid->setColumns(formsOf(listColumns(form)));
+    WindowArrangement::restoreSort(grid);
     if (const int column = stretchedColumn(form); column > 0) FormPieces::stretchColumn(grid, column);
     connect(grid, &Grid::headingClicked, this, &frmKakakuList::sortBy);
     connect(grid, &Grid::rowOpened, this, [this] { guarded([this] { open(frmKakaku::Edit); }); });

@@ -37,7 +37,8 @@ ReportJob Report::made() const {
     const QList<ReportPage> pages = reportPages(m_class, layout, *m_records, values, measurePaperText, m_pause);
     return {m_class.name, shifted(pages, offsetTwips(offset.right), offsetTwips(offset.down)),
             settings,     m_class.title(*m_records, values.values).replace(unfitForFiles, u"_"_qs),
-            offset,       readReportUnderlay(profile, m_class.name), m_pause};
+            offset,       readReportUnderlay(profile, m_class.name),
+            m_pause,      m_about};
 }
 
 void Report::Compose() { m_job = made(); }
@@ -48,13 +49,24 @@ const ReportJob& Report::Job() {
 }
 
 void Report::PrintReport(bool withDialog) {
-    if (!Job().pages.isEmpty()) reportOutput().print(Job(), withDialog);
+    if (!Job().pages.isEmpty()) reportOutput().print({Job()}, withDialog);
+}
+
+ReportJob Report::shown() {
+    ReportJob job = Job();
+    job.pause = nullptr; // who looks at it prints it later
+    return job;
 }
 
 void Report::Show(int) {
-    ReportJob shown = Job();
-    shown.pause = nullptr; // who looks at it prints it later
-    if (!shown.pages.isEmpty()) reportOutput().preview(shown);
+    if (!Job().pages.isEmpty()) reportOutput().preview({shown()});
+}
+
+void Report::Show(const std::vector<std::unique_ptr<Report>>& reports) {
+    QList<ReportJob> jobs;
+    for (const auto& report : reports)
+        if (!report->Job().pages.isEmpty()) jobs << report->shown();
+    if (!jobs.isEmpty()) reportOutput().preview(jobs);
 }
 
 void sendReport(const QString& reportClass, const ReportRecordset& records, PrintTo to) {

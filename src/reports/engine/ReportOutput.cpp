@@ -37,10 +37,36 @@ void applyPageSize(const ReportPrintSettings& settings, QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::id(*settings.pageSize)));
 }
 
+void prepare(QPrinter& printer, const ReportJob& job) {
+    printer.setDocName(job.title);
+    const QPageLayout paper = paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight);
+    printer.setPageSize(paper.pageSize());
+    printer.setPageOrientation(paper.orientation());
+    applyPrintSettings(job.settings, printer);
+}
+
+// What is chosen differently there holds for the documents behind as well. A file or a range of pages is meant for a
+// single one.
+bool askOnce(QPrinter& printer, QList<ReportJob>& documents) {
+    const QString proposed = printer.printerName();
+    const int copies = printer.copyCount();
+    QPrintDialog dialog(&printer);
+    if (documents.size() > 1) {
+        dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
+        dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    }
+    if (dialog.exec() != QDialog::Accepted) return false;
+    for (ReportJob& document : documents) {
+        if (printer.printerName() != proposed) document.settings.printer = printer.printerName();
+        if (printer.copyCount() != copies) document.settings.copies = printer.copyCount();
+    }
+    return true;
+}
+
 } // namespace
 
 ReportOutput& reportOutput() {
-    static ReportOutput output{printOnPaper, [](const ReportJob& job) { frmPreview(job).exec(); }};
+    static ReportOutput output{printOnPaper, [](const QList<ReportJob>& jobs) { frmPreview(jobs).exec(); }};
     return output;
 }
 
@@ -67,7 +93,7 @@ QList<ReportPage> pagesFor(const QString& printer, const ReportJob& job) {
     return shifted(job.pages, offsetTwips(own.right - job.offset.right), offsetTwips(own.down - job.offset.down));
 }
 
-void printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::function<bool()>& pause) {
+bool printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::function<bool()>& pause) {
     printer.setFullPage(true);
     QPainter painter(&printer);
     if (!painter.isActive()) throw AppError(u"プリンターに送れません。"_qs, u"PrintReport"_qs);
@@ -83,24 +109,31 @@ void printPages(const QList<ReportPage>& pages, QPrinter& printer, const std::fu
         if (++printed % pagesPerPause == 0 && pause && !pause()) {
             painter.end();
             printer.abort();
-            return;
+            return false;
         }
     }
+    return true;
 }
 
-void printOnPaper(const ReportJob& job, bool withDialog) {
-    if (job.pages.isEmpty()) return;
+QList<ReportPage> pagesInRange(const QList<ReportPage>& pages, const QPrinter& printer) {
+    if (printer.printRange() != QPrinter::PageRange || printer.fromPage() < 1) return pages;
+    return pages.mid(printer.fromPage() - 1, printer.toPage() - printer.fromPage() + 1);
+}
+
+void printOnPaper(const QList<ReportJob>& jobs, bool withDialog) {
+    QList<ReportJob> documents = jobs;
+    documents.removeIf([](const ReportJob& job) { return job.pages.isEmpty(); });
+    if (documents.isEmpty()) return;
     if (QPrinterInfo::availablePrinterNames().isEmpty())
         throw AppError(
             u"プリンターが見つかりません。プリンターを設定するか、プレビューから PDF に保存してください。"_qs,
             u"PrintReport"_qs);
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(job.title);
-    const QPageLayout paper = paperOf(job.pages.first().paperWidth, job.pages.first().paperHeight);
-    printer.setPageSize(paper.pageSize());
-    printer.setPageOrientation(paper.orientation());
-    applyPrintSettings(job.settings, printer);
-    if (withDialog && QPrintDialog(&printer).exec() != QDialog::Accepted) return;
-    // The dialog may have led to another one.
-    printPages(pagesFor(printer.printerName(), job), printer, job.pause);
+    for (qsizetype i = 0; i < documents.size(); ++i) {
+        const ReportJob job = documents.at(i);
+        QPrinter printer(QPrinter::HighResolution);
+        prepare(printer, job);
+        if (i == 0 && withDialog && !askOnce(printer, documents)) return;
+        const QList<ReportPage> pages = pagesInRange(pagesFor(printer.printerName(), job), printer);
+        if (!printPages(pages, printer, job.pause)) return;
+    }
 }

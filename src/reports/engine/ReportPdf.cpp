@@ -94,13 +94,15 @@ QList<QList<PdfSpan>> spansOf(const QList<ReportPage>& pages) {
 
 } // namespace
 
-QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title) {
+QByteArray pdfOfPages(const QList<ReportPage>& pages, const QString& title, const QList<PdfBookmark>& bookmarks) {
     if (pages.isEmpty()) throw AppError(u"保存するページがありません。"_qs, u"pdfOfPages"_qs);
-    return withSpans(withPrintedTexts(written(pages, title), printedTexts(pages)), spansOf(pages));
+    const QByteArray pdf = withSpans(withPrintedTexts(written(pages, title), printedTexts(pages)), spansOf(pages));
+    return withBookmarks(pdf, bookmarks);
 }
 
-void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path) {
-    const QByteArray pdf = pdfOfPages(pages, title);
+void savePdf(const QList<ReportPage>& pages, const QString& title, const QString& path,
+             const QList<PdfBookmark>& bookmarks) {
+    const QByteArray pdf = pdfOfPages(pages, title, bookmarks);
     WholeFile file(path, u"PDF ファイル"_qs);
     file.write(pdf);
     file.commit();

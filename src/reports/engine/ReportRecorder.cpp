@@ -7,10 +7,10 @@
 #include <QImage>
 
 ReportRecorder::ReportRecorder(bool previewsOpen) : m_replaced(reportOutput()) {
-    reportOutput().print = [this](const ReportJob& job, bool) { m_jobs.append(job); };
-    reportOutput().preview = [this, previewsOpen](const ReportJob& job) {
-        m_jobs.append(job);
-        if (previewsOpen) m_replaced.preview(job);
+    reportOutput().print = [this](const QList<ReportJob>& jobs, bool) { m_jobs += jobs; };
+    reportOutput().preview = [this, previewsOpen](const QList<ReportJob>& jobs) {
+        m_jobs += jobs;
+        if (previewsOpen) m_replaced.preview(jobs);
     };
 }
 

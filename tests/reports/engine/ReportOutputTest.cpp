@@ -87,8 +87,8 @@ private slots:
 
     void theRecorderKeepsDocumentsInOrder() {
         ReportRecorder recorder;
-        reportOutput().print({u"repCsEstimateA4"_qs, {pageOf(u"一"_qs)}, {}, {}}, false);
-        reportOutput().preview({u"repCsEstItemA4"_qs, {pageOf(u"二"_qs), pageOf(u"三"_qs)}, {}, {}});
+        reportOutput().print({ReportJob{u"repCsEstimateA4"_qs, {pageOf(u"一"_qs)}, {}, {}}}, false);
+        reportOutput().preview({ReportJob{u"repCsEstItemA4"_qs, {pageOf(u"二"_qs), pageOf(u"三"_qs)}, {}, {}}});
         QCOMPARE(recorder.documents(), (QStringList{u"repCsEstimateA4"_qs, u"repCsEstItemA4"_qs}));
         QCOMPARE(recorder.pages().size(), 3);
         QCOMPARE(recorder.pages().at(2).plainText(), u"三"_qs);
@@ -100,7 +100,7 @@ private slots:
         QTemporaryDir folder;
         ReportRecorder recorder;
         QVERIFY_EXCEPTION_THROWN(recorder.saveAsPdf(folder.filePath(u"none.pdf"_qs)), AppError);
-        reportOutput().print({u"repCsEstimateA4"_qs, {pageOf(u"一"_qs)}, {}, {}}, false);
+        reportOutput().print({ReportJob{u"repCsEstimateA4"_qs, {pageOf(u"一"_qs)}, {}, {}}}, false);
         recorder.saveAsPdf(folder.filePath(u"kept.pdf"_qs));
         recorder.saveAsPng(folder.filePath(u"kept.png"_qs));
         QVERIFY(QFile::exists(folder.filePath(u"kept.pdf"_qs)));
