@@ -30,6 +30,8 @@
 namespace {
 
 const QString subject = u"見積"_qs;
+const QString printAndSave = u"印刷終了後必ず反映処理を実行してください。"_qs;
+const QString notSavedYet = u"データベースに未反映の情報があります。\n"_qs + printAndSave;
 
 // Raises an error when it is gone.
 EstimateDraft storedEstimate(const QString& EstId) {
@@ -433,13 +435,6 @@ void frmCsEstimate::proposeName() {
 }
 
 // --- printing ---
-
-namespace {
-
-const QString printAndSave = u"印刷終了後必ず反映処理を実行してください。"_qs;
-const QString notSavedYet = u"データベースに未反映の情報があります。\n"_qs + printAndSave;
-
-} // namespace
 
 void frmCsEstimate::printTicked(EstimatePrinting::To to) {
     if (!leaveField()) return;
