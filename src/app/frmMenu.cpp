@@ -161,6 +161,7 @@ void frmMenu::withNewestDraft(const std::function<void(const KeptDraft&)>& work)
     const KeptDraft newest = m_drafts.first();
     work(newest);
     showDrafts();
+    showRecent();
 }
 
 bool frmMenu::queryUnload() {
