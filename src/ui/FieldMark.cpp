@@ -7,13 +7,15 @@
 namespace {
 
 constexpr int air = 2;
-constexpr int arrow = 22; // of a list
 
-FieldMark* markOf(const QWidget* field) { return field->findChild<FieldMark*>(QString(), Qt::FindDirectChildrenOnly); }
+// Where the mark stands: in the field of a list, beside its arrow.
+QWidget* groundOf(QWidget* field) {
+    auto* list = qobject_cast<QComboBox*>(field);
+    return list && list->lineEdit() ? list->lineEdit() : field;
+}
 
-QLineEdit* entryOf(QWidget* field) {
-    if (auto* list = qobject_cast<QComboBox*>(field)) return list->lineEdit();
-    return qobject_cast<QLineEdit*>(field);
+FieldMark* markOf(QWidget* field) {
+    return groundOf(field)->findChild<FieldMark*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 } // namespace
@@ -28,11 +30,12 @@ FieldMark::FieldMark(QWidget* field) : QLabel(field) {
 void FieldMark::set(QWidget* field, const QString& words) {
     FieldMark* mark = markOf(field);
     if (!mark && words.isEmpty()) return;
-    if (!mark) mark = new FieldMark(field);
+    if (!mark) mark = new FieldMark(groundOf(field));
     mark->tell(words);
+    field->setAccessibleDescription(words);
 }
 
-QString FieldMark::of(const QWidget* field) {
+QString FieldMark::of(QWidget* field) {
     const FieldMark* mark = markOf(field);
     return mark ? mark->text() : QString();
 }
@@ -40,16 +43,14 @@ QString FieldMark::of(const QWidget* field) {
 void FieldMark::tell(const QString& words) {
     setText(words);
     setVisible(!words.isEmpty());
-    field()->setAccessibleDescription(words);
     place();
 }
 
 // What is typed ends before the mark.
 void FieldMark::place() {
     adjustSize();
-    QLineEdit* entry = entryOf(field());
-    const int end = field()->width() - air - (qobject_cast<QComboBox*>(field()) ? arrow : 0);
-    const int left = entry ? end - width() : 2 * air;
+    auto* entry = qobject_cast<QLineEdit*>(field());
+    const int left = entry ? entry->width() - air - width() : 2 * air;
     setGeometry(left, air, width(), field()->height() - 2 * air);
     if (entry) entry->setTextMargins(0, 0, text().isEmpty() ? 0 : width() + air, 0);
     raise();

@@ -10,7 +10,7 @@ class FieldMark : public QLabel {
 public:
     // Empty: takes the mark off.
     static void set(QWidget* field, const QString& words);
-    static QString of(const QWidget* field);
+    static QString of(QWidget* field);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

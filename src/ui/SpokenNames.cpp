@@ -23,6 +23,11 @@ bool isField(const QWidget* widget) {
            !qobject_cast<const QScrollArea*>(widget);
 }
 
+bool isWordless(const QWidget* part) {
+    const auto* button = qobject_cast<const QAbstractButton*>(part);
+    return button && button->text().isEmpty() && button->focusPolicy() & Qt::TabFocus;
+}
+
 // A tool tip that tells keys is no name.
 QString hintOf(const QWidget* field) {
     const QString hint = field->toolTip().section(u'\n', 0, 0);
@@ -36,7 +41,7 @@ public:
 
     void read(QWidget* part) {
         if (auto* label = qobject_cast<QLabel*>(part)) return take(label);
-        if (isField(part)) return name(part);
+        if (isField(part) || isWordless(part)) return name(part);
         if (auto* pages = qobject_cast<QTabWidget*>(part)) {
             for (int page = 0; page < pages->count(); ++page) Reader(pages->tabText(page)).read(pages->widget(page));
         } else if (auto* area = qobject_cast<QScrollArea*>(part)) {

@@ -15,6 +15,7 @@
 #include "master/screens/frmMstEstimateDialog.h"
 #include "operations/screens/frmCsBackup.h"
 #include "operations/screens/frmCsRestore.h"
+#include "operations/screens/frmFirstStart.h"
 #include "operations/screens/frmPrintAdjust.h"
 #include "operations/screens/frmSystem.h"
 #include "payments/screens/frmCsPaidSearch.h"
@@ -28,6 +29,7 @@
 #include "payments/screens/frmStWorkPlan.h"
 #include "price/screens/frmCalcPrice.h"
 #include "price/screens/frmKakaku.h"
+#include "price/screens/frmKakakuChange.h"
 #include "price/screens/frmKakakuFaults.h"
 #include "price/screens/frmKakakuList.h"
 #include "price/screens/frmKakakuUpdate.h"
@@ -48,7 +50,9 @@
 
 namespace {
 
+// The list that drops down is a window of its own.
 bool isPartOfAControl(const QWidget* part) {
+    if (part->inherits("QComboBoxListView")) return true;
     return part->focusProxy() || part->objectName().startsWith(u"qt_") ||
            qobject_cast<const QComboBox*>(part->parent()) || qobject_cast<const QAbstractItemView*>(part->parent());
 }
@@ -77,13 +81,15 @@ QStringList namelessOf(const QWidget* form) {
 
 // Labels that stand before a field, and lead to none.
 QStringList strayLabelsOf(const QWidget* form) {
-    QStringList names;
-    for (const QWidget* part : form->findChildren<QWidget*>())
-        if (part->focusPolicy() & Qt::TabFocus && !isPartOfAControl(part)) names << part->accessibleName();
     QStringList stray;
-    for (const QLabel* label : form->findChildren<QLabel*>())
-        if (label->text().endsWith(u'：') && names.contains(label->text().chopped(1)) && !label->buddy())
-            stray << form->objectName() + u'.' + label->objectName();
+    const auto fields = form->findChildren<QWidget*>();
+    for (const QLabel* label : form->findChildren<QLabel*>()) {
+        const bool names = std::any_of(fields.begin(), fields.end(), [&](const QWidget* field) {
+            return field->focusPolicy() & Qt::TabFocus && field->parentWidget() == label->parentWidget() &&
+                   field->accessibleName() + u'：' == label->text();
+        });
+        if (names && !label->buddy()) stray << form->objectName() + u'.' + label->objectName();
+    }
     return stray;
 }
 
@@ -130,11 +136,13 @@ private slots:
                 frmMsEstimate, frmMsEstimateList, frmMstEstimateDialog, frmCsBackup, frmCsRestore, frmPrintAdjust,
                 frmSystem, frmCsPaidSearch, frmCsPayList, frmCsPaySearch, frmCsUrikakeList, frmCsUrikakeSystem,
                 frmStMoneyEndList, frmStMoneyEndSearch, frmStOrderSales, frmStWorkPlan, frmCalcPrice, frmKakakuSYU,
-                frmKakakuKI, frmKakakuADD, frmKakakuSEI, frmKakakuKAN, frmKakakuFaults, frmKakakuList, frmKakakuUpdate,
-                frmInsuranceData, frmOrderData, frmClaimData, frmPrefectureData, frmDoctorData, frmChargeData, frmIns,
-                frmCsEquipment, frmZipUpdate, frmCalendar, frmSelectList>();
-        frmPreview preview{ReportJob()};
+                frmKakakuKI, frmKakakuADD, frmKakakuSEI, frmKakakuKAN, frmKakakuChange, frmKakakuFaults, frmKakakuList,
+                frmKakakuUpdate, frmInsuranceData, frmOrderData, frmClaimData, frmPrefectureData, frmDoctorData,
+                frmChargeData, frmIns, frmCsEquipment, frmZipUpdate, frmCalendar, frmSelectList>();
+        frmPreview preview{QList<ReportJob>()};
         look(&preview);
+        const frmFirstStart first{{}, {}};
+        look(&first);
         QDirIterator forms(QStringLiteral(HALVANE_SOURCE_DIR "/src"), {u"frm*.ui"_qs}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (forms.hasNext()) {

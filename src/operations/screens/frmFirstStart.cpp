@@ -2,6 +2,7 @@
 
 #include "base/basMessage.h"
 #include "ui/EntryField.h"
+#include "ui/SpokenNames.h"
 #include "ui/Style.h"
 #include "ui_frmFirstStart.h"
 
@@ -13,6 +14,7 @@
 frmFirstStart::frmFirstStart(const QString& folder, const QString& sampleFolder, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmFirstStart>()), m_folder(folder), m_sampleFolder(sampleFolder) {
     ui->setupUi(this);
+    SpokenNames::give(this);
     Style::arrange(this);
     ui->cmdExec->setDefault(true); // nothing is lost by Return: an empty name can be entered later
     ui->lblOfficeFolder->setText(QDir::toNativeSeparators(m_folder));

@@ -7,6 +7,7 @@
 #include "reports/engine/ReportPdf.h"
 #include "ui/BusyPanel.h"
 #include "ui/FormPieces.h"
+#include "ui/SpokenNames.h"
 #include "ui/Style.h"
 #include "ui/WindowArrangement.h"
 #include "ui_frmPreview.h"
@@ -54,6 +55,7 @@ frmPreview::frmPreview(const QList<ReportJob>& jobs, QWidget* parent)
     for (const int percent : zoomPercents) ui->cboZoom->addItem(u"%1 %"_qs.arg(percent));
     ui->cboZoom->addItems({u"ページ幅"_qs, u"ページ全体"_qs});
     restoreZoom();
+    SpokenNames::give(this);
     listPapers();
     connectCommands();
     addShortcuts();
