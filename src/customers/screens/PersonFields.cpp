@@ -108,7 +108,7 @@ QString PersonFields::name() const { return JoinWithSpace(m_fields.name1->value(
 void PersonFields::followName() {
     const bool same = m_fields.sameName->isChecked();
     m_fields.insured->setReadOnly(same);
-    m_fields.insured->setFocusPolicy(same ? Qt::NoFocus : Qt::StrongFocus);
+    m_fields.insured->setFocusPolicy(same ? Qt::TabFocus : Qt::StrongFocus); // a click leaves the hands where they are
     if (same) m_fields.insured->setValue(name());
     emit nameChanged();
 }
