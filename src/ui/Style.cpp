@@ -114,7 +114,7 @@ QString sheet() {
             min-height: 1.2em; }
         QLabel[shownValue="true"]:disabled { color: #5B6670; }
         QLabel[fieldMark="true"] { background: %9; color: %10; border-radius: 3px; padding: 0 5px; }
-        QLabel[grandTotal="true"] { font-weight: bold; border-bottom: 2px solid %3; }
+        QLabel[grandTotal="true"] { font-weight: bold; border-bottom: 1px solid %3; }
         QLabel[heading="true"] { color: #4A5866; }
         QLabel[picture="true"] { background: #FFFFFF; border: 1px solid %2; border-radius: 3px; }
         #lblModeTitle { background: %3; color: white; font-weight: bold; border-radius: 4px; padding: 2px 14px; }
