@@ -101,8 +101,8 @@ private:
         return refuse(Message::NotSet, u"見積明細(基本・製作要素／完成要素)"_qs, MasterSave::Refused);
     }
 
-    // Another machine may have stored it since it was loaded. The time of its save alone would not tell two saves of one
-    // second apart. A yes holds for the rows that it was given for.
+    // Another machine may have stored it since it was loaded. The time of its save alone would not tell two saves of
+    // one second apart. A yes holds for the rows that it was given for.
     MasterSave checkRival() {
         if (master().ProductId.isEmpty()) return MasterSave::Saved;
         const QString rows = m_stored.text();

@@ -45,9 +45,9 @@ enum class MasterSave { Saved, WrongCode, WrongName, Refused, Gone };
 using IsCodeUsed = std::function<bool(const QString& ProductCd)>;
 
 // Checks and writes header, items and lines in one transaction, or nothing; the amounts are stored without tax.
-// Afterwards the draft is what `loadMaster` gives. A code that another master estimate has is refused, also when another
-// machine stores it at the same moment; one that another machine deleted meanwhile is `Gone`. Failures rise after the
-// rollback.
+// Afterwards the draft is what `loadMaster` gives. A code that another master estimate has is refused, also when
+// another machine stores it at the same moment; one that another machine deleted meanwhile is `Gone`. Failures rise
+// after the rollback.
 MasterSave saveMaster(Connection& connection, MasterDraft& draft, const IsCodeUsed& isUsed);
 
 // Removes a master estimate and its rows in one transaction. Estimates that name its code stay as they are. One that

@@ -58,8 +58,8 @@ public:
     const Form& form() const { return m_form; }
 
     virtual QList<CodeRow> rows(const SqlTerm& sort, Direction direction) = 0;
-    // Writes a row; a new one gets its number and its place in the order. Raises an error when another machine has stored
-    // what tells rows apart meanwhile.
+    // Writes a row; a new one gets its number and its place in the order. Raises an error when another machine has
+    // stored what tells rows apart meanwhile.
     virtual void save(CodeRow& row) = 0;
     // Writes the row's place in the order alone.
     virtual void place(const CodeRow& row) = 0;

@@ -35,9 +35,8 @@ ReportParameters longest() {
 // Of those the ones that a report has.
 ReportParameters longestOf(const ReportRecordset& records, const ReportHeader& header) {
     ReportParameters shown = longest();
-    shown.removeIf([&](const auto& entry) {
-        return !records.hasField(entry.key()) && !header.values.contains(entry.key());
-    });
+    shown.removeIf(
+        [&](const auto& entry) { return !records.hasField(entry.key()) && !header.values.contains(entry.key()); });
     return shown;
 }
 

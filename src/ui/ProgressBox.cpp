@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int steps = 1000;
-constexpr int characters = 46;      // characters
+constexpr int characters = 46;  // characters
 constexpr int shownAfter = 300; // milliseconds
 
 } // namespace

@@ -21,9 +21,8 @@ QString fillerOf(const QString& folder) { return QDir(folder).filePath(u"filler"
 } // namespace
 
 Office::Office(Provider provider) : m_database(deliveredOn(provider)) {
-    m_database.writeProfile(
-        u"[Log]\r\nPath=log\r\n[Backup]\r\nAuto=0\r\n"
-        "[Image]\r\nPath=image\r\nType=png\r\n[Text]\r\nPath=text\r\nType=txt\r\n"_qs);
+    m_database.writeProfile(u"[Log]\r\nPath=log\r\n[Backup]\r\nAuto=0\r\n"
+                            "[Image]\r\nPath=image\r\nType=png\r\n[Text]\r\nPath=text\r\nType=txt\r\n"_qs);
 }
 
 QString Office::iniFile() const { return QDir(folder()).filePath(u"Halvane.ini"_qs); }
