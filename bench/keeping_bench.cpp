@@ -1,14 +1,14 @@
 // What keeping the office costs, against the engine's own shell in the same run.
 //   keeping_bench FILE.ini check     the check of the amounts, and the shell with its three statements
-//   keeping_bench FILE.ini postal    125,000 rows into the postal book, and the shell's own import with the same
-//   indexes keeping_bench FILE.ini backup    a backup while eight machines save, and the longest that one of them
-//   waited
+//   keeping_bench FILE.ini postal    125,000 rows into the postal book, and the shell's own import with the indexes
+//   keeping_bench FILE.ini backup    a backup while eight machines save, and the longest that one of them waited
 #include "base/AppError.h"
 #include "base/Application.h"
 #include "base/Dates.h"
 #include "base/Seams.h"
 #include "base/Text.h"
 #include "base/clsProfile.h"
+#include "db/SqlDialect.h"
 #include "operations/Backup.h"
 #include "operations/BackupFiles.h"
 #include "operations/clsSearchAbnormal.h"

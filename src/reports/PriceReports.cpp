@@ -42,11 +42,17 @@ void setMove(ReportRecordset& records, const QString& tiers, const PriceMove& mo
     records.Set(u"Percent"_qs, move.percent());
 }
 
-// The two lists that were compared, and what the rows are.
-ReportHeader header() {
+// The two lists that were compared.
+ReportHeader changeHeader() {
     ReportHeader header = printDayHeader();
-    for (const QString& value : {u"Lists"_qs, u"Title"_qs, u"CodeHead"_qs, u"NameHead"_qs})
-        header.values.insert(value, {});
+    header.values.insert(u"Lists"_qs, {});
+    return header;
+}
+
+// And what the rows are.
+ReportHeader moveHeader() {
+    ReportHeader header = changeHeader();
+    for (const QString& value : {u"Title"_qs, u"CodeHead"_qs, u"NameHead"_qs}) header.values.insert(value, {});
     return header;
 }
 
@@ -89,10 +95,14 @@ ReportRecordset amountMoveRows(const QList<AmountMove>& moves) {
 }
 
 QList<ReportClass> priceReports() {
-    const auto title = [](const ReportRecordset&, const ReportParameters& values) { return values.value(u"Title"_qs); };
+    // Of master estimates or of orders; the report as such is of both.
+    const auto title = [](const ReportRecordset&, const ReportParameters& values) {
+        const QString kind = values.value(u"Title"_qs);
+        return kind.isEmpty() ? u"価格の変更で動く金額"_qs : kind;
+    };
     ReportSample ofPrices = sample();
     for (const QString& value : {u"CodeHead"_qs, u"NameHead"_qs, u"Title"_qs}) ofPrices.longest.remove(value);
-    return {{u"repPriceChange"_qs, changeRecordset, ReportRowPlan::List, nullptr, header,
+    return {{u"repPriceChange"_qs, changeRecordset, ReportRowPlan::List, nullptr, changeHeader,
              [](const ReportRecordset&, const ReportParameters&) { return u"価格の変更点"_qs; }, ofPrices},
-            {u"repPriceMove"_qs, moveRecordset, ReportRowPlan::List, nullptr, header, title, sample()}};
+            {u"repPriceMove"_qs, moveRecordset, ReportRowPlan::List, nullptr, moveHeader, title, sample()}};
 }
