@@ -1,9 +1,8 @@
 #include "HalvaneTest.h"
-#include "support/TestDatabase.h"
+#include "support/OpenOffice.h"
 
 #include "customers/screens/frmCustomer.h"
 #include "customers/screens/frmCustomerList.h"
-#include "db/clsDbManager.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "master/screens/frmMsEstimate.h"
@@ -23,7 +22,6 @@
 #include "price/screens/frmKakakuUpdate.h"
 #include "reference/screens/CodeTableScreen.h"
 #include "ui/Grid.h"
-#include "ui/Style.h"
 
 #include <QTabWidget>
 
@@ -39,7 +37,7 @@ class ScreensFitTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestDatabase> m_database;
+    std::unique_ptr<OpenOffice> m_office;
 
     template <class Form> static void checkFits() {
         Form form;
@@ -53,17 +51,8 @@ private:
     }
 
 private slots:
-    void init() {
-        Style::apply(*qApp);
-        m_database = std::make_unique<TestDatabase>();
-        m_database->writeProfile();
-        gDbManager.DBOpen();
-        m_database->prepareManagers();
-    }
-    void cleanup() {
-        gDbManager.DBClose();
-        m_database.reset();
-    }
+    void init() { m_office = std::make_unique<OpenOffice>(); }
+    void cleanup() { m_office.reset(); }
 
     void theEditorFits() { checkFits<frmCsEstimate>(); }
     void theMasterEditorFits() { checkFits<frmMsEstimate>(); }

@@ -1,14 +1,12 @@
 #include "HalvaneTest.h"
-#include "support/TestDatabase.h"
+#include "support/OpenOffice.h"
 
 #include "app/frmMenu.h"
 #include "customers/screens/frmCustomer.h"
 #include "customers/screens/frmCustomerChart.h"
 #include "customers/screens/frmCustomerList.h"
-#include "db/clsDbManager.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
-#include "ui/Style.h"
 
 #include <QAbstractButton>
 #include <QScreen>
@@ -21,7 +19,7 @@ class SmallDisplayTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestDatabase> m_database;
+    std::unique_ptr<OpenOffice> m_office;
 
     static bool isSeen(const QWidget* control, const QWidget* form) {
         QRect seen(control->mapTo(form, QPoint()), control->size());
@@ -76,17 +74,8 @@ private:
     }
 
 private slots:
-    void init() {
-        Style::apply(*qApp);
-        m_database = std::make_unique<TestDatabase>();
-        m_database->writeProfile();
-        gDbManager.DBOpen();
-        m_database->prepareManagers();
-    }
-    void cleanup() {
-        gDbManager.DBClose();
-        m_database.reset();
-    }
+    void init() { m_office = std::make_unique<OpenOffice>(); }
+    void cleanup() { m_office.reset(); }
 
     void theMenu() { checkForm<frmMenu>(); }
     void theEditor() { checkForm<frmCsEstimate>(); }

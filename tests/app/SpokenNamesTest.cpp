@@ -1,13 +1,12 @@
 #include "HalvaneTest.h"
 #include "support/CapturedMessages.h"
-#include "support/TestDatabase.h"
+#include "support/OpenOffice.h"
 
 #include "app/frmMenu.h"
 #include "customers/screens/frmCsUpdConf.h"
 #include "customers/screens/frmCustomer.h"
 #include "customers/screens/frmCustomerChart.h"
 #include "customers/screens/frmCustomerList.h"
-#include "db/clsDbManager.h"
 #include "estimates/screens/frmCsEstimate.h"
 #include "estimates/screens/frmCsEstimateList.h"
 #include "master/screens/frmMsEstimate.h"
@@ -36,7 +35,6 @@
 #include "reference/screens/CodeTableScreen.h"
 #include "reference/screens/frmZipUpdate.h"
 #include "reports/engine/frmPreview.h"
-#include "ui/Style.h"
 #include "ui/frmCalendar.h"
 #include "ui/frmSelectList.h"
 
@@ -100,7 +98,7 @@ class SpokenNamesTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestDatabase> m_database;
+    std::unique_ptr<OpenOffice> m_office;
     QStringList m_seen;
 
     void look(const QWidget* form) {
@@ -119,17 +117,8 @@ private:
     template <class... Forms> void walkAll() { (walk<Forms>(), ...); }
 
 private slots:
-    void init() {
-        Style::apply(*qApp);
-        m_database = std::make_unique<TestDatabase>();
-        m_database->writeProfile();
-        gDbManager.DBOpen();
-        m_database->prepareManagers();
-    }
-    void cleanup() {
-        gDbManager.DBClose();
-        m_database.reset();
-    }
+    void init() { m_office = std::make_unique<OpenOffice>(); }
+    void cleanup() { m_office.reset(); }
 
     void everyFieldOfEveryScreenHasItsName() {
         walkAll<frmMenu, frmCsUpdConf, frmCustomer, frmCustomerChart, frmCustomerList, frmCsEstimate, frmCsEstimateList,
