@@ -171,6 +171,7 @@ void PriceRevision::importFiles(const Request& request) {
     m_copies.CopyKbtuTable();
     m_copies.KDBOpen(folder(), fileName(request.year));
     const auto close = qScopeGuard([this] { m_copies.KDBClose(); });
+    m_copies.assertWritable(); // else each table would fail on its own, and the year would change without its prices
     const BoundPrices bound(m_copies.Connection(), m_main);
     const QStringList files = filesIn(request.from);
     for (qsizetype i = 0; i < files.size(); ++i) {

@@ -34,6 +34,11 @@ Connection& clsKDBManager::Connection() {
     return *m_prices;
 }
 
+void clsKDBManager::assertWritable() {
+    // A transaction alone begins in a file that only reads, too.
+    named([this] { Connection().execute(u"DELETE FROM [%1] WHERE [ID] < 0"_qs.arg(Schema::priceTables().first())); });
+}
+
 void clsKDBManager::named(const std::function<void()>& work) const {
     try {
         work();

@@ -18,6 +18,8 @@ public:
     ::Connection& Connection();
     // Work on the price database; what fails says in which file.
     void named(const std::function<void()>& work) const;
+    // Raises an error, which names the file, when nothing can be written there.
+    void assertWritable();
 
     // --- from the main database to the price database ---
     void BackupKTable();
